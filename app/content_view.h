@@ -1,0 +1,64 @@
+#pragma once
+
+#include "foundation/published.h"
+#include "model/mpc_scanner.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvolt {
+
+/// What stands under the header.
+enum class ContentArea { folderPicker, emptyState, projectList };
+
+/// The state of the main view and what follows from it, without a toolkit. Main thread only. Nothing of it is saved.
+class ContentView final : public std::enable_shared_from_this<ContentView> {
+    struct Passkey {};
+
+public:
+    /// A view with a new scanner of its own, kept for the view's life.
+    static std::shared_ptr<ContentView> create(Services services = processServices());
+
+    ContentView(Passkey, Services services);
+
+    const std::shared_ptr<MPCScanner> scanner;
+    Published<std::optional<MPCProject>> renamingProject; ///< the sheet is open exactly while present
+    Published<std::string> newName;                       ///< the text of the sheet's field
+    Published<std::optional<std::string>> errorMessage;   ///< the text of the failure alert
+    Published<bool> showError;                            ///< the alert is shown exactly while true
+    Published<std::optional<UUID>> successProject;        ///< the project just renamed, for its highlight
+    Published<std::string> searchText;                    ///< written by the search field only
+
+    /// The projects to list: all of them for an empty search text, else those whose name holds it, in their order.
+    std::vector<MPCProject> filteredProjects() const;
+
+    ContentArea contentArea() const;
+
+    /// From six projects on; the search text has no part in it.
+    bool showsSearchBar() const;
+
+    /// While `newName` is neither empty nor the project's own name; decides on the preview and on the Rename button.
+    bool offersRename(const MPCProject& project) const;
+
+    /// The alert's message: `errorMessage`, or "Unknown error" without one.
+    std::string alertMessage() const;
+
+    /// A row's button: fills in the name and opens the sheet.
+    void beginRename(const MPCProject& project);
+
+    /// Closes the sheet; the typed name stays in the state.
+    void cancelRename();
+
+    /// Renames the project to the trimmed new name. On failure the alert is shown and the sheet stays; on success the
+    /// sheet closes, the row is highlighted, the folder is scanned again 0.5 s later and the highlight ends 2.0 s later.
+    void performRename(const MPCProject& project);
+
+    void dismissAlert();
+
+private:
+    Services services_;
+};
+
+} // namespace tarvolt

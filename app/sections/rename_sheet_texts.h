@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/mpc_project.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvolt {
+
+/// One line of the sheet's preview: a name on disk before and after.
+struct PreviewRow {
+    std::string oldText;
+    std::string newText;
+
+    friend bool operator==(const PreviewRow&, const PreviewRow&) = default;
+};
+
+/// The project file and, where there is one, the data folder. `newName` as typed.
+std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName);
+
+/// "Current: " and the project's name.
+std::string currentNameText(const MPCProject& project);
+
+} // namespace tarvolt

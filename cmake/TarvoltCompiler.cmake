@@ -1,0 +1,46 @@
+# What every target of this project is compiled with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+option(TARVOLT_WERROR "Treat warnings as errors" ON)
+set(TARVOLT_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
+
+add_library(tarvolt_options INTERFACE)
+target_include_directories(tarvolt_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(
+  tarvolt_options
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wshadow
+            -Wconversion
+            -Wsign-conversion
+            -Wold-style-cast
+            -Wnon-virtual-dtor
+            -Woverloaded-virtual
+            -Wnull-dereference
+            -Wimplicit-fallthrough
+            $<$<BOOL:${TARVOLT_WERROR}>:-Werror>
+            $<$<BOOL:${TARVOLT_SANITIZE}>:-fsanitize=${TARVOLT_SANITIZE};-fno-sanitize-recover=all;-fno-omit-frame-pointer>)
+target_link_options(tarvolt_options INTERFACE $<$<BOOL:${TARVOLT_SANITIZE}>:-fsanitize=${TARVOLT_SANITIZE}>)
+
+# A layer is a folder: an object library of its sources whose headers are compiled one by one as well.
+function(tarvolt_layer name)
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  list(APPEND sources ${ARGN})
+  add_library(${name} STATIC ${sources})
+  target_sources(
+    ${name}
+    PUBLIC FILE_SET
+           HEADERS
+           BASE_DIRS
+           "${PROJECT_SOURCE_DIR}"
+           FILES
+           ${headers})
+  set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+  target_link_libraries(${name} PUBLIC tarvolt_options)
+endfunction()

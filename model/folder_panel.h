@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tarvolt {
+
+/// What the folder panel is asked to be.
+struct FolderPanelSettings {
+    bool canChooseDirectories = false;
+    bool canChooseFiles = true;
+    bool allowsMultipleSelection = false;
+    std::string message; ///< the explanatory line
+    std::string prompt;  ///< the confirming button
+};
+
+/// Asks the user for one folder.
+class FolderPanel {
+public:
+    FolderPanel() = default;
+    FolderPanel(const FolderPanel&) = delete;
+    FolderPanel& operator=(const FolderPanel&) = delete;
+    virtual ~FolderPanel() = default;
+
+    /// Blocks until the panel is closed; absent unless a folder was confirmed. Main thread.
+    virtual std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) = 0;
+};
+
+} // namespace tarvolt

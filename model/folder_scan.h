@@ -1,0 +1,47 @@
+#pragma once
+
+#include "foundation/file_manager.h"
+#include "model/mpc_project.h"
+#include "model/services.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvolt {
+
+/// What the data folder of a project called B is called: B + this.
+inline constexpr std::string_view dataFolderSuffix = "_[ProjectData]";
+
+/// Whether a file name's extension is "xpj" in any letter case (ASCII). A name that begins with its only dot has none.
+bool isProjectFileName(std::string_view fileName);
+
+/// A project file's name without its extension, the last one only: "Beat.final" for "Beat.final.xpj".
+std::string_view baseNameOf(std::string_view projectFileName);
+
+/// The entries of the chosen folder that matter, in listing order.
+struct FolderListing {
+    struct ProjectFile {
+        std::string name;
+        std::optional<std::int64_t> fileSize;
+    };
+    std::vector<ProjectFile> projectFiles;
+    std::vector<std::string> dataFolderNames; ///< distinct, sorted by bytes
+};
+
+/// Lists `folder`, one level; links in it are not followed, `folder` itself may be one. Throws FileError.
+FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder);
+
+/// Pairs the project files with their data folders and measures them, in listing order. Nothing here fails: what cannot
+/// be read counts nothing. Ends the process when a sum of sizes leaves 64 bits. May use threads of its own, which end
+/// with the call; `makeUUID` is called on the calling thread only.
+std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
+                                        const FolderListing& listing, const UUIDGenerator& makeUUID);
+
+/// Sorts by name, ascending, without regard to case by the rules of `locale`; names that are level keep their order.
+void sortByName(std::vector<MPCProject>& projects, std::string_view locale);
+
+} // namespace tarvolt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "foundation/dispatch_queue.h"
+#include "foundation/file_manager.h"
+#include "foundation/locale.h"
+#include "foundation/uuid.h"
+#include "model/folder_panel.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace tarvolt {
+
+using WallClock = std::function<std::chrono::system_clock::time_point()>;
+
+/// What the scanner stands on.
+struct Services {
+    std::shared_ptr<FileManager> fileManager;
+    std::shared_ptr<DispatchQueue> mainQueue;       ///< serial, on the main thread
+    std::shared_ptr<DispatchQueue> backgroundQueue; ///< concurrent
+    std::shared_ptr<FolderPanel> folderPanel;
+    UUIDGenerator makeUUID = UUID::random;
+    WallClock now = std::chrono::system_clock::now;
+    UserLocale locale = currentLocale();
+};
+
+/// Gives the process its services; called once, before the first scanner is made.
+void installServices(Services services);
+
+/// The process's services. `installServices` must have been called.
+const Services& processServices();
+
+} // namespace tarvolt
