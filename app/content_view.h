@@ -52,7 +52,8 @@ public:
     void cancelRename();
 
     /// Renames the project to the trimmed new name. On failure the alert is shown and the sheet stays; on success the
-    /// sheet closes, the row is highlighted, the folder is scanned again 0.5 s later and the highlight ends 2.0 s later.
+    /// sheet closes, the row is highlighted, the folder is scanned again 0.5 s later and the highlight ends 2.0 s
+    /// later.
     void performRename(const MPCProject& project);
 
     void dismissAlert();

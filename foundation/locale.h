@@ -11,10 +11,10 @@ enum class LocaleCategory { collate, characters, time, numeric };
 /// The user's locale, by category, as identifiers of the text services ("tr_TR", "sr_Latn_RS"). An empty identifier is
 /// the root locale.
 struct UserLocale {
-    std::string collate;            ///< order of names; root when the user has none
-    std::string characters;         ///< case rules of the search; root when the user has none
-    std::string time = "en_US";     ///< time texts
-    std::string numeric = "en_US";  ///< counts and sizes
+    std::string collate;           ///< order of names; root when the user has none
+    std::string characters;        ///< case rules of the search; root when the user has none
+    std::string time = "en_US";    ///< time texts
+    std::string numeric = "en_US"; ///< counts and sizes
 
     /// From the environment as POSIX says: LC_ALL, else the category's variable, else LANG, the first that is set and
     /// not empty. "C" and "POSIX" count as none: root for order and search, English (US) for formats.

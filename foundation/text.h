@@ -7,7 +7,8 @@
 
 namespace tarvolt {
 
-/// Whether `bytes` are well-formed UTF-8 (Unicode, table 3-7): no overlong forms, no surrogates, nothing above U+10FFFF.
+/// Whether `bytes` are well-formed UTF-8 (Unicode, table 3-7): no overlong forms, no surrogates, nothing above
+/// U+10FFFF.
 bool isValidUtf8(std::string_view bytes);
 
 /// `bytes` as well-formed UTF-8 for display: each maximal ill-formed part becomes U+FFFD.

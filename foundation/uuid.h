@@ -28,6 +28,4 @@ using UUIDGenerator = std::function<UUID()>;
 
 } // namespace tarvolt
 
-template<> struct std::hash<tarvolt::UUID> {
-    std::size_t operator()(const tarvolt::UUID& id) const noexcept;
-};
+template<> struct std::hash<tarvolt::UUID> { std::size_t operator()(const tarvolt::UUID& id) const noexcept; };

@@ -57,8 +57,8 @@ public:
 
     /// Renames one project on disk: file, folder and the references between them. When it returns, every file operation
     /// is done and the success is logged; without a chosen folder it returns and has done nothing. Throws RenameError
-    /// (rename/rename_error.h) and nothing else; docs/project-on-disk.md says what the disk then holds. Leaves `projects`
-    /// as they are. Never logs a failure.
+    /// (rename/rename_error.h) and nothing else; docs/project-on-disk.md says what the disk then holds. Leaves
+    /// `projects` as they are. Never logs a failure.
     void rename(const MPCProject& project, const std::string& newName);
 
     const Services& services() const { return services_; }

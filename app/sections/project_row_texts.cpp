@@ -1,0 +1,29 @@
+#include "app/sections/project_row_texts.h"
+
+#include "app/sections/count_text.h"
+#include "foundation/byte_count_formatter.h"
+#include "foundation/localized.h"
+
+namespace tarvolt {
+
+std::string fileCountText(std::int64_t fileCount, std::string_view locale) {
+    return localizedCount("ProjectRow", "%lld files", fileCount, locale);
+}
+
+std::string_view projectSymbol(const MPCProject& project) {
+    return project.dataFolderURL ? "music.note.list" : "music.note";
+}
+
+std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale) {
+    std::string sentence = project.baseName + ", " + fileCountText(project.fileCount, locale) + ", " +
+                           byteCountText(project.totalSize, locale);
+    if (!project.dataFolderURL) {
+        sentence += ", " + localized("ProjectRow", "No data folder");
+    }
+    if (renamed) {
+        sentence += ", " + localized("ProjectRow", "Renamed");
+    }
+    return sentence;
+}
+
+} // namespace tarvolt

@@ -1,0 +1,27 @@
+#include "app/sections/rename_sheet_texts.h"
+
+#include "foundation/localized.h"
+#include "model/folder_scan.h"
+
+namespace tarvolt {
+namespace {
+
+PreviewRow withEnding(const MPCProject& project, std::string_view newName, std::string_view ending) {
+    return {project.baseName + std::string(ending), std::string(newName) + std::string(ending)};
+}
+
+} // namespace
+
+std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName) {
+    std::vector<PreviewRow> rows{withEnding(project, newName, ".xpj")};
+    if (project.dataFolderURL) {
+        rows.push_back(withEnding(project, newName, dataFolderSuffix));
+    }
+    return rows;
+}
+
+std::string currentNameText(const MPCProject& project) {
+    return localized("RenameSheet", "Current: ") + project.baseName;
+}
+
+} // namespace tarvolt

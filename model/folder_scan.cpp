@@ -1,0 +1,166 @@
+#include "model/folder_scan.h"
+
+#include "foundation/text.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace tarvolt {
+namespace {
+
+constexpr std::string_view dataFolderMark = "[ProjectData]";
+constexpr std::string_view projectFileExtension = ".xpj";
+
+/// Below this many data folders one thread is done before a second is awake.
+constexpr std::size_t foldersWorthThreads = 64;
+
+char lowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+void addSize(std::int64_t& sum, std::int64_t size) {
+    if (__builtin_add_overflow(sum, size, &sum)) {
+        std::fputs("tarvolt: a sum of file sizes does not fit in 64 bits\n", stderr);
+        std::abort();
+    }
+}
+
+std::filesystem::path append(const std::filesystem::path& folder, std::string_view name) {
+    // Not operator/, which would drop the folder in front of a name that looks absolute.
+    std::string joined = folder.native();
+    if (joined.empty() || joined.back() != '/') {
+        joined += '/';
+    }
+    joined += name;
+    return joined;
+}
+
+void measureDataFolder(const FileManager& fileManager, MPCProject& project) {
+    std::int64_t count = 0;
+    std::int64_t total = 0;
+    try {
+        fileManager.contentsOfDirectory(*project.dataFolderURL, LinkPolicy::refuse, [&](const DirectoryEntry& entry) {
+            ++count;
+            addSize(total, entry.fileSize.value_or(0));
+        });
+    } catch (const FileError&) {
+        // A data folder that cannot be listed counts nothing; the project is still there to be seen and renamed.
+        return;
+    }
+    project.fileCount = count;
+    project.totalSize = total;
+}
+
+void measure(const FileManager& fileManager, const FolderListing::ProjectFile& file, MPCProject& project) {
+    if (project.dataFolderURL) {
+        measureDataFolder(fileManager, project);
+    }
+    addSize(project.totalSize, file.fileSize.value_or(0));
+}
+
+/// Calls `work` once for each index below `count`, on this thread and, where it pays, on some that end with the call.
+template<class Work> void forEachIndex(std::size_t count, bool inParallel, const Work& work) {
+    std::atomic<std::size_t> next{0};
+    const auto takeTurns = [&] {
+        for (std::size_t i = next.fetch_add(1); i < count; i = next.fetch_add(1)) {
+            work(i);
+        }
+    };
+    std::vector<std::thread> helpers;
+    if (inParallel) {
+        // A disk that is asked for several folders at once answers faster than one, even on a single core.
+        const auto threads = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
+        try {
+            while (helpers.size() + 1 < threads) {
+                helpers.emplace_back(takeTurns);
+            }
+        } catch (const std::system_error&) {
+            // No more threads to be had: those there are do all the work.
+        }
+    }
+    takeTurns();
+    for (auto& helper : helpers) {
+        helper.join();
+    }
+}
+
+} // namespace
+
+bool isProjectFileName(std::string_view fileName) {
+    if (fileName.size() <= projectFileExtension.size()) {
+        return false;
+    }
+    const auto stem = fileName.substr(0, fileName.size() - projectFileExtension.size());
+    const auto extension = fileName.substr(stem.size());
+    // Dots at the beginning belong to the name: what has nothing else in front of the last dot has no extension.
+    return stem.find_first_not_of('.') != std::string_view::npos &&
+           std::equal(extension.begin(), extension.end(), projectFileExtension.begin(),
+                      [](char a, char b) { return lowerAscii(a) == b; });
+}
+
+std::string_view baseNameOf(std::string_view projectFileName) {
+    return projectFileName.substr(0, projectFileName.size() - projectFileExtension.size());
+}
+
+FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder) {
+    FolderListing listing;
+    fileManager.contentsOfDirectory(folder, LinkPolicy::follow, [&](const DirectoryEntry& entry) {
+        if (isProjectFileName(entry.name)) {
+            listing.projectFiles.push_back({std::string(entry.name), entry.fileSize});
+        }
+        if (entry.isDirectory.value_or(false) && entry.name.find(dataFolderMark) != std::string_view::npos) {
+            listing.dataFolderNames.emplace_back(entry.name);
+        }
+    });
+    auto& names = listing.dataFolderNames;
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return listing;
+}
+
+std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
+                                        const FolderListing& listing, const UUIDGenerator& makeUUID) {
+    std::vector<MPCProject> projects(listing.projectFiles.size());
+    std::size_t dataFolders = 0;
+    for (std::size_t i = 0; i < projects.size(); ++i) {
+        const std::string& fileName = listing.projectFiles[i].name;
+        auto& project = projects[i];
+        project.id = makeUUID();
+        project.baseName = baseNameOf(fileName);
+        project.xpjURL = append(folder, fileName);
+        const auto expected = project.baseName + std::string(dataFolderSuffix);
+        const auto& names = listing.dataFolderNames;
+        if (std::binary_search(names.begin(), names.end(), expected)) {
+            project.dataFolderURL = append(folder, expected);
+            ++dataFolders;
+        }
+    }
+    forEachIndex(projects.size(), dataFolders >= foldersWorthThreads,
+                 [&](std::size_t i) { measure(fileManager, listing.projectFiles[i], projects[i]); });
+    return projects;
+}
+
+void sortByName(std::vector<MPCProject>& projects, std::string_view locale) {
+    const CaseInsensitiveOrder order(locale);
+    std::vector<std::pair<std::string, std::size_t>> keys;
+    keys.reserve(projects.size());
+    for (std::size_t i = 0; i < projects.size(); ++i) {
+        keys.emplace_back(order.sortKey(projects[i].baseName), i);
+    }
+    // Level names are told apart by their place in the listing, which is what a stable sort keeps.
+    std::sort(keys.begin(), keys.end());
+    std::vector<MPCProject> sorted;
+    sorted.reserve(projects.size());
+    for (const auto& [key, index] : keys) {
+        sorted.push_back(std::move(projects[index]));
+    }
+    projects = std::move(sorted);
+}
+
+} // namespace tarvolt
