@@ -25,7 +25,8 @@ public:
 };
 
 /// A concurrent queue: every task gets a thread of its own. The threads are detached, so that a task that hangs in the
-/// kernel (a dead network mount) never keeps the process from ending.
+/// kernel (a dead network mount) never keeps the process from ending. Where the system refuses a thread, the calls
+/// throw std::system_error and the task is dropped.
 std::shared_ptr<DispatchQueue> makeBackgroundQueue();
 
 /// The number of tasks that background queues have started and not yet finished, over the whole process. A program

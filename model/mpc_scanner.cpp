@@ -3,6 +3,7 @@
 #include "model/folder_scan.h"
 
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace tarvolt {
@@ -41,6 +42,18 @@ MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::pa
     return projects;
 }
 
+/// Ends a scan on the main thread. The scanner moves there with the result, so that a background thread can never be
+/// the last to hold it.
+void publish(std::shared_ptr<MPCScanner> scanner, MPCScanner::Projects found) {
+    const auto mainQueue = scanner->services().mainQueue;
+    mainQueue->async([scanner = std::move(scanner), found = std::move(found)]() mutable {
+        const auto count = found.size();
+        scanner->projects.set(std::move(found));
+        scanner->isScanning.set(false);
+        scanner->log("Scan complete: " + std::to_string(count) + " project(s)", false);
+    });
+}
+
 } // namespace
 
 std::shared_ptr<MPCScanner> MPCScanner::create(Services services) {
@@ -73,21 +86,19 @@ void MPCScanner::scan() {
     }
     isScanning.set(true);
     projects.set({});
-    services_.backgroundQueue->async([weak = weak_from_this(), folder = *folderURL.get()] {
-        auto self = weak.lock();
-        if (!self) {
-            return;
-        }
-        auto found = findProjects(*self, folder);
-        const auto mainQueue = self->services_.mainQueue;
-        // The scanner moves on to the main thread, so that this one can never be the last to hold it.
-        mainQueue->async([self = std::move(self), found = std::move(found)]() mutable {
-            const auto count = found.size();
-            self->projects.set(std::move(found));
-            self->isScanning.set(false);
-            self->log("Scan complete: " + std::to_string(count) + " project(s)", false);
+    try {
+        services_.backgroundQueue->async([weak = weak_from_this(), folder = *folderURL.get()] {
+            if (auto self = weak.lock()) {
+                auto found = findProjects(*self, folder);
+                publish(std::move(self), std::move(found));
+            }
         });
-    });
+    } catch (const std::system_error& error) {
+        // Not even a thread to be had: the scan ends like one whose folder cannot be read, so that it can be tried
+        // again.
+        log("Scan error: " + error.code().message(), true);
+        publish(shared_from_this(), {});
+    }
 }
 
 } // namespace tarvolt

@@ -1,0 +1,48 @@
+#include "app/sections/project_row_texts.h"
+#include "foundation/localized.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvolt {
+namespace {
+
+MPCProject project(bool withDataFolder) {
+    MPCProject made{UUID::random(), "Slow Glass", "/p/Slow Glass.xpj", std::nullopt, 0, 48000};
+    if (withDataFolder) {
+        made.dataFolderURL = "/p/Slow Glass_[ProjectData]";
+        made.fileCount = 12;
+        made.totalSize = 3200000;
+    }
+    return made;
+}
+
+TEST(ProjectRowTexts, HaveNoSingularForFiles) {
+    EXPECT_EQ(fileCountText(0, "en_US"), "0 files");
+    EXPECT_EQ(fileCountText(1, "en_US"), "1 files");
+    EXPECT_EQ(fileCountText(12, "en_US"), "12 files");
+}
+
+TEST(ProjectRowTexts, UseTheTranslationOfTheFilesKey) {
+    setTranslator([](const char*, const char* key) {
+        return std::string(key) == "%lld files" ? std::string("Dateien: %lld") : std::string(key);
+    });
+    EXPECT_EQ(fileCountText(1200, "de_DE"), "Dateien: 1.200");
+    setTranslator({});
+    EXPECT_EQ(fileCountText(3, "en_US"), "3 files");
+}
+
+TEST(ProjectRowTexts, ShowAListOfNotesOnlyWhereThereIsADataFolder) {
+    EXPECT_EQ(projectSymbol(project(true)), "music.note.list");
+    EXPECT_EQ(projectSymbol(project(false)), "music.note");
+}
+
+TEST(ProjectRowTexts, SayTheWholeRowInOneSentence) {
+    EXPECT_EQ(projectRowSentence(project(true), false, "en_US"), "Slow Glass, 12 files, 3.2 MB");
+    EXPECT_EQ(projectRowSentence(project(true), true, "en_US"), "Slow Glass, 12 files, 3.2 MB, Renamed");
+    EXPECT_EQ(projectRowSentence(project(false), false, "en_US"), "Slow Glass, 0 files, 48 KB, No data folder");
+}
+
+} // namespace
+} // namespace tarvolt

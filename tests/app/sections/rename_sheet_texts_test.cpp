@@ -1,0 +1,32 @@
+#include "app/sections/rename_sheet_texts.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvolt {
+namespace {
+
+MPCProject song() {
+    return {UUID::random(), "Song", "/p/Song.xpj", std::nullopt, 0, 10};
+}
+
+TEST(RenameSheetTexts, PreviewTheFileAloneWithoutADataFolder) {
+    EXPECT_EQ(previewRows(song(), "Beat"), (std::vector<PreviewRow>{{"Song.xpj", "Beat.xpj"}}));
+}
+
+TEST(RenameSheetTexts, PreviewFileAndFolderWhereThereIsOne) {
+    auto project = song();
+    project.dataFolderURL = "/p/Song_[ProjectData]";
+    EXPECT_EQ(previewRows(project, "Beat"),
+              (std::vector<PreviewRow>{{"Song.xpj", "Beat.xpj"}, {"Song_[ProjectData]", "Beat_[ProjectData]"}}));
+}
+
+TEST(RenameSheetTexts, PreviewTheNameAsTypedWithItsBlanks) {
+    EXPECT_EQ(previewRows(song(), "  ").front().newText, "  .xpj");
+}
+
+TEST(RenameSheetTexts, NameTheCurrentProject) {
+    EXPECT_EQ(currentNameText(song()), "Current: Song");
+}
+
+} // namespace
+} // namespace tarvolt

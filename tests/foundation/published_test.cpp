@@ -1,0 +1,90 @@
+#include "foundation/published.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tarvolt {
+namespace {
+
+TEST(Published, TellsItsObserversBeforeTheChange) {
+    Published<int> value(1);
+    std::vector<int> seen;
+    const auto subscription = value.observe([&] { seen.push_back(value.get()); });
+    value.set(2);
+    value.set(3);
+    EXPECT_EQ(seen, (std::vector<int>{1, 2}));
+    EXPECT_EQ(value.get(), 3);
+}
+
+TEST(Published, TellsOfAChangeToAnEqualValueToo) {
+    Published<int> value(7);
+    int told = 0;
+    const auto subscription = value.observe([&] { ++told; });
+    value.set(7);
+    EXPECT_EQ(told, 1);
+}
+
+TEST(Published, CountsAnEditInPlaceAsOneChange) {
+    Published<std::vector<int>> value;
+    int told = 0;
+    const auto subscription = value.observe([&] {
+        ++told;
+        EXPECT_TRUE(value.get().empty());
+    });
+    value.change([](std::vector<int>& list) { list = {1, 2, 3}; });
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(value.get().size(), 3U);
+}
+
+TEST(Published, CallsObserversInTheOrderOfTheirSubscription) {
+    Published<int> value;
+    std::string order;
+    const auto a = value.observe([&] { order += 'a'; });
+    const auto b = value.observe([&] { order += 'b'; });
+    value.set(1);
+    EXPECT_EQ(order, "ab");
+}
+
+TEST(Published, ForgetsAnObserverWhoseSubscriptionEnded) {
+    Published<int> value;
+    int told = 0;
+    {
+        const auto subscription = value.observe([&] { ++told; });
+        value.set(1);
+    }
+    value.set(2);
+    EXPECT_EQ(told, 1);
+}
+
+TEST(Published, LetsAnObserverEndAnotherSubscriptionWhileItIsTold) {
+    Published<int> value;
+    int told = 0;
+    Subscription second;
+    const auto first = value.observe([&] { second = Subscription(); });
+    second = value.observe([&] { ++told; });
+    value.set(1);
+    EXPECT_EQ(told, 0);
+}
+
+TEST(Published, TellsAnObserverAddedDuringAChangeOfLaterChangesOnly) {
+    Published<int> value;
+    int told = 0;
+    Subscription late;
+    const auto first = value.observe([&] { late = value.observe([&] { ++told; }); });
+    value.set(1);
+    EXPECT_EQ(told, 0);
+}
+
+TEST(Published, MayGoBeforeItsSubscriptions) {
+    Subscription subscription;
+    {
+        Published<int> value;
+        subscription = value.observe([] {});
+    }
+    SUCCEED();
+}
+
+} // namespace
+} // namespace tarvolt
