@@ -1,0 +1,197 @@
+#include "tests/support/fake_file_manager.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace tarvolt::testing {
+
+using Guard = std::lock_guard<std::recursive_mutex>;
+
+FakeFileManager::Item& FakeFileManager::add(const std::string& path, Kind kind) {
+    const Guard guard(mutex_);
+    auto& placed = items_[path];
+    placed.serial = nextSerial_++;
+    placed.item = Item{};
+    placed.item.kind = kind;
+    return placed.item;
+}
+
+FakeFileManager::Item& FakeFileManager::addFile(const std::string& path, std::string contents) {
+    auto& item = add(path, Kind::file);
+    item.contents = std::move(contents);
+    return item;
+}
+
+FakeFileManager::Item& FakeFileManager::addFile(const std::string& path, std::int64_t size) {
+    auto& item = add(path, Kind::file);
+    item.fakeSize = size;
+    return item;
+}
+
+FakeFileManager::Item& FakeFileManager::addFolder(const std::string& path) {
+    return add(path, Kind::folder);
+}
+
+FakeFileManager::Item& FakeFileManager::addLink(const std::string& path, const std::string& target) {
+    auto& item = add(path, Kind::link);
+    item.contents = target;
+    return item;
+}
+
+FakeFileManager::Item& FakeFileManager::addPipe(const std::string& path) {
+    return add(path, Kind::pipe);
+}
+
+void FakeFileManager::fail(const std::string& operation, int errorNumber, int nth) {
+    const Guard guard(mutex_);
+    failures_[operation] = {errorNumber, nth};
+}
+
+std::vector<std::string> FakeFileManager::traffic() const {
+    const Guard guard(mutex_);
+    return traffic_;
+}
+
+std::vector<std::string> FakeFileManager::disk() const {
+    const Guard guard(mutex_);
+    std::vector<std::string> lines;
+    for (const auto& [path, placed] : items_) {
+        lines.push_back(placed.item.kind == Kind::folder ? path + "/" : path + "=" + placed.item.contents);
+    }
+    return lines;
+}
+
+int FakeFileManager::begin(const std::string& operation, const std::string& rest) const {
+    const auto line = operation + " " + rest;
+    if (onCall) {
+        onCall(line);
+    }
+    traffic_.push_back(line);
+    const auto failure = failures_.find(operation);
+    if (failure == failures_.end() || --failure->second.callsLeft > 0) {
+        return 0;
+    }
+    const int errorNumber = failure->second.errorNumber;
+    failures_.erase(failure);
+    return errorNumber;
+}
+
+const FakeFileManager::Item* FakeFileManager::find(std::string path, bool followLink) const {
+    for (int links = 0; links < 8; ++links) {
+        const auto found = items_.find(path);
+        if (found == items_.end()) {
+            return nullptr;
+        }
+        const auto& item = found->second.item;
+        if (item.kind != Kind::link || !followLink) {
+            return &item;
+        }
+        path = item.contents;
+    }
+    return nullptr;
+}
+
+void FakeFileManager::contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+                                          const Visitor& visit) const {
+    const Guard guard(mutex_);
+    if (const int error = begin("list", folder.native())) {
+        throw FileError(error, "open", folder);
+    }
+    const auto* listed = find(folder.native(), links == LinkPolicy::follow);
+    if (listed == nullptr || listed->kind != Kind::folder) {
+        throw FileError(listed == nullptr ? ENOENT : ENOTDIR, "open", folder);
+    }
+    std::vector<std::pair<std::uint64_t, Items::const_iterator>> order;
+    const auto prefix = folder.native() + "/";
+    for (auto at = items_.begin(); at != items_.end(); ++at) {
+        const bool inside = at->first.starts_with(prefix) && at->first.find('/', prefix.size()) == std::string::npos;
+        if (inside && at->first[prefix.size()] != '.') {
+            order.emplace_back(at->second.serial, at);
+        }
+    }
+    std::sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    int visited = 0;
+    for (const auto& [serial, at] : order) {
+        if (listed->listError != 0 && visited++ == listed->listErrorAfter) {
+            throw FileError(listed->listError, "readdir", folder);
+        }
+        const auto& item = at->second.item;
+        const std::string_view name = std::string_view(at->first).substr(prefix.size());
+        DirectoryEntry entry{name, item.kind == Kind::folder, std::nullopt};
+        if (item.kindUnreadable) {
+            entry.isDirectory.reset();
+        }
+        if (item.kind != Kind::folder && !item.sizeUnreadable) {
+            entry.fileSize = item.fakeSize.value_or(static_cast<std::int64_t>(item.contents.size()));
+        }
+        visit(entry);
+    }
+    if (listed->listError != 0 && visited <= listed->listErrorAfter) {
+        throw FileError(listed->listError, "readdir", folder);
+    }
+}
+
+bool FakeFileManager::fileExists(const std::filesystem::path& path) const {
+    const Guard guard(mutex_);
+    begin("exists", path.native());
+    return find(path.native(), false) != nullptr;
+}
+
+std::optional<std::string> FakeFileManager::contents(const std::filesystem::path& path) const {
+    const Guard guard(mutex_);
+    const int error = begin("read", path.native());
+    const auto* item = find(path.native(), true);
+    if (error != 0 || item == nullptr || item->kind != Kind::file) {
+        return std::nullopt;
+    }
+    return item->contents;
+}
+
+std::optional<FileIdentity> FakeFileManager::createFile(const std::filesystem::path& path, std::string_view contents) {
+    const Guard guard(mutex_);
+    if (begin("create", path.native()) != 0 || find(path.native(), false) != nullptr) {
+        return std::nullopt;
+    }
+    addFile(path.native(), std::string(contents));
+    return FileIdentity{1, items_.at(path.native()).serial};
+}
+
+void FakeFileManager::moveItem(const std::filesystem::path& from, const std::filesystem::path& to) {
+    const Guard guard(mutex_);
+    if (const int error = begin("move", from.native() + " -> " + to.native())) {
+        throw FileError(error, "rename", from);
+    }
+    if (find(from.native(), false) == nullptr) {
+        throw FileError(ENOENT, "rename", from);
+    }
+    if (find(to.native(), false) != nullptr) {
+        throw FileError(EEXIST, "rename", to);
+    }
+    Items moved;
+    for (const auto& [path, placed] : items_) {
+        const bool inside = path == from.native() || path.starts_with(from.native() + "/");
+        moved[inside ? to.native() + path.substr(from.native().size()) : path] = placed;
+    }
+    items_ = std::move(moved);
+}
+
+void FakeFileManager::removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) {
+    const Guard guard(mutex_);
+    if (const int error = begin("remove", path.native())) {
+        throw FileError(error, "unlink", path);
+    }
+    const auto found = items_.find(path.native());
+    if (found == items_.end()) {
+        throw FileError(ENOENT, "unlink", path);
+    }
+    if (found->second.item.kind == Kind::folder) {
+        throw FileError(EISDIR, "unlink", path);
+    }
+    if (onlyIf && *onlyIf != FileIdentity{1, found->second.serial}) {
+        throw FileError(EEXIST, "unlink", path);
+    }
+    items_.erase(found);
+}
+
+} // namespace tarvolt::testing

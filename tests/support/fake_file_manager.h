@@ -1,0 +1,85 @@
+#pragma once
+
+#include "foundation/file_manager.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvolt::testing {
+
+/// A disk in memory that writes down what is asked of it and fails where it is told to. Listings come in the order in
+/// which the items were added. Calls may come from any thread.
+class FakeFileManager final : public FileManager {
+public:
+    enum class Kind { file, folder, link, pipe };
+
+    struct Item {
+        Kind kind = Kind::file;
+        std::string contents;                 ///< of a file; of a link the path it leads to
+        std::optional<std::int64_t> fakeSize; ///< reported instead of the size of `contents`
+        bool sizeUnreadable = false;          ///< the size cannot be told
+        bool kindUnreadable = false;          ///< whether it is a folder cannot be told
+        int listError = 0;                    ///< listing it fails with this
+        int listErrorAfter = 0;               ///< so many entries are visited first
+    };
+
+    // Setting the scene.
+    Item& addFile(const std::string& path, std::string contents = {});
+    Item& addFile(const std::string& path, std::int64_t size);
+    Item& addFolder(const std::string& path);
+    Item& addLink(const std::string& path, const std::string& target);
+    Item& addPipe(const std::string& path);
+
+    /// The `nth` call from now on of the operation ("list", "exists", "read", "create", "move", "remove") fails with
+    /// this error number; "exists" cannot fail.
+    void fail(const std::string& operation, int errorNumber, int nth = 1);
+
+    /// Called before each operation with its line of traffic; may change the scene.
+    std::function<void(const std::string& line)> onCall;
+
+    // Looking at the outcome.
+    /// One line a call, in order: "list /p", "exists /p/N.xpj", "read /p/B.xpj", "create /p/N.xpj", "move /a -> /b",
+    /// "remove /p/B.xpj".
+    std::vector<std::string> traffic() const;
+    /// Every item: a path ending in "/" for a folder, else "path=contents".
+    std::vector<std::string> disk() const;
+
+    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+                             const Visitor& visit) const override;
+    bool fileExists(const std::filesystem::path& path) const override;
+    std::optional<std::string> contents(const std::filesystem::path& path) const override;
+    std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override;
+    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) override;
+    void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override;
+
+private:
+    struct Placed {
+        std::uint64_t serial = 0;
+        Item item;
+    };
+    struct Failure {
+        int errorNumber = 0;
+        int callsLeft = 0;
+    };
+    using Items = std::map<std::string, Placed>;
+
+    Item& add(const std::string& path, Kind kind);
+    /// Notes the call and returns the error it is to fail with, or 0.
+    int begin(const std::string& operation, const std::string& rest) const;
+    const Item* find(std::string path, bool followLink) const;
+
+    mutable std::recursive_mutex mutex_;
+    mutable std::vector<std::string> traffic_;
+    mutable std::map<std::string, Failure> failures_;
+    Items items_;
+    std::uint64_t nextSerial_ = 1;
+};
+
+} // namespace tarvolt::testing
