@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvolt::testing {
+
+/// An empty folder on the real disk, gone with its object. What is in it may have any mode.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(std::string_view name) const;
+
+    /// Makes a file, and the folders on the way to it.
+    std::filesystem::path write(std::string_view name, std::string_view contents) const;
+    std::filesystem::path makeFolder(std::string_view name) const;
+
+    /// Every item below, sorted, links not followed: "a/" for a folder, "a=contents" for a file, "a->target" for a
+    /// link, "a!" for anything else.
+    std::vector<std::string> tree() const;
+
+private:
+    std::filesystem::path path_;
+};
+
+std::string readFile(const std::filesystem::path& path);
+
+} // namespace tarvolt::testing
