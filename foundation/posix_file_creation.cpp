@@ -1,0 +1,127 @@
+#include "foundation/posix_calls.h"
+#include "foundation/uuid.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tarvolt::posix {
+namespace {
+
+constexpr mode_t newFileMode = 0666; // the kernel takes the umask away
+
+/// A file being written in the folder of its place, under no name or under a hidden one. It is gone when the draft
+/// ends, but for the name that it was given.
+class Draft {
+public:
+    enum class Kind { unnamed, hidden };
+
+    Draft(const Place& place, Kind kind) : place_(place) {
+        const char* path = ".";
+        int way = O_TMPFILE;
+        if (kind == Kind::hidden) {
+            hiddenName_ = ".tarvolt-" + UUID::random().uuidString();
+            path = hiddenName_.c_str();
+            way = O_CREAT | O_EXCL | O_NOFOLLOW;
+        }
+        file_ = Descriptor(
+            uninterrupted([&] { return ::openat(place.folder(), path, way | O_WRONLY | O_CLOEXEC, newFileMode); }));
+        if (!file_) {
+            hiddenName_.clear();
+        }
+    }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+    ~Draft() { removeHiddenName(); }
+
+    bool isOpen() const { return static_cast<bool>(file_); }
+
+    /// Writes the whole contents and brings them to the disk.
+    std::optional<FileIdentity> fill(std::string_view contents);
+
+    /// Gives the file the name of its place. On failure errno is EEXIST when the name was taken.
+    bool giveName();
+
+private:
+    void removeHiddenName();
+
+    const Place& place_;
+    Descriptor file_;
+    std::string hiddenName_;
+};
+
+std::optional<FileIdentity> Draft::fill(std::string_view contents) {
+    while (!contents.empty()) {
+        const auto written = uninterrupted([&] { return ::write(file_.number(), contents.data(), contents.size()); });
+        if (written <= 0) {
+            return std::nullopt;
+        }
+        contents.remove_prefix(static_cast<std::size_t>(written));
+    }
+    struct stat status {};
+    if (::fstat(file_.number(), &status) != 0 || !synchronise(file_)) {
+        return std::nullopt;
+    }
+    // A file system without fsync may tell of lost bytes only here. One that can make unnamed files has fsync, and
+    // there the descriptor is still needed.
+    if (!hiddenName_.empty() && !file_.close()) {
+        return std::nullopt;
+    }
+    return FileIdentity{status.st_dev, status.st_ino};
+}
+
+bool Draft::giveName() {
+    if (hiddenName_.empty()) {
+        const std::string self = "/proc/self/fd/" + std::to_string(file_.number());
+        return ::linkat(AT_FDCWD, self.c_str(), place_.folder(), place_.name(), AT_SYMLINK_FOLLOW) == 0;
+    }
+    if (::linkat(place_.folder(), hiddenName_.c_str(), place_.folder(), place_.name(), 0) == 0) {
+        removeHiddenName();
+        return true;
+    }
+    if (errno == EEXIST ||
+        moveWithoutReplacing(place_.folder(), hiddenName_.c_str(), place_.folder(), place_.name()) != 0) {
+        return false;
+    }
+    hiddenName_.clear();
+    return true;
+}
+
+void Draft::removeHiddenName() {
+    // When this fails the destructor tries once more; after that a hidden file stays, which no listing shows.
+    if (!hiddenName_.empty() && ::unlinkat(place_.folder(), hiddenName_.c_str(), 0) == 0) {
+        hiddenName_.clear();
+    }
+}
+
+} // namespace
+
+std::optional<FileIdentity> createFile(const Place& place, std::string_view contents) {
+    // The hidden way is for file systems that cannot make unnamed files or cannot name them. Which error they answer
+    // with is not agreed on; any other reason for it meets the hidden way again.
+    for (const auto kind : {Draft::Kind::unnamed, Draft::Kind::hidden}) {
+        Draft draft(place, kind);
+        if (!draft.isOpen()) {
+            continue;
+        }
+        const auto identity = draft.fill(contents);
+        if (!identity) {
+            return std::nullopt;
+        }
+        if (draft.giveName()) {
+            if (place.synchroniseFolder()) {
+                return identity;
+            }
+            if (place.identity() == identity) {
+                ::unlinkat(place.folder(), place.name(), 0); // a failed creation leaves as little as it can
+            }
+            return std::nullopt;
+        }
+        if (errno == EEXIST) {
+            return std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace tarvolt::posix

@@ -1,0 +1,166 @@
+#include "foundation/posix_file_manager.h"
+
+#include "foundation/posix_calls.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <new>
+
+namespace tarvolt {
+namespace {
+
+using posix::Descriptor;
+using posix::Place;
+using posix::uninterrupted;
+
+struct DirectoryCloser {
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+using Directory = std::unique_ptr<DIR, DirectoryCloser>;
+
+Directory openDirectory(const std::filesystem::path& folder, LinkPolicy links) {
+    if (posix::holdsNul(folder)) {
+        throw FileError(EINVAL, "open", folder);
+    }
+    const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (links == LinkPolicy::refuse ? O_NOFOLLOW : 0);
+    Descriptor descriptor(uninterrupted([&] { return ::open(folder.c_str(), flags); }));
+    if (!descriptor) {
+        throw FileError(errno, "open", folder);
+    }
+    Directory directory(::fdopendir(descriptor.number()));
+    if (!directory) {
+        throw FileError(errno, "fdopendir", folder);
+    }
+    descriptor.release();
+    return directory;
+}
+
+DirectoryEntry examine(int folder, const dirent& item) {
+    DirectoryEntry entry{item.d_name, std::nullopt, std::nullopt};
+    if (item.d_type == DT_DIR) {
+        entry.isDirectory = true;
+        return entry;
+    }
+    struct stat status {};
+    if (::fstatat(folder, item.d_name, &status, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) == 0) {
+        entry.isDirectory = S_ISDIR(status.st_mode);
+        if (!*entry.isDirectory) {
+            entry.fileSize = status.st_size;
+        }
+    } else if (item.d_type != DT_UNKNOWN) {
+        entry.isDirectory = false;
+    }
+    return entry;
+}
+
+std::optional<std::string> readToTheEnd(const Descriptor& file, std::size_t expectedSize) {
+    constexpr std::size_t leastRoom = 4096;
+    std::string bytes;
+    std::size_t length = 0;
+    if (expectedSize >= bytes.max_size()) {
+        throw std::bad_alloc(); // a sparse file can claim any size
+    }
+    bytes.resize(expectedSize + 1); // one more, so that the end shows without another turn
+    for (;;) {
+        const auto count =
+            uninterrupted([&] { return ::read(file.number(), bytes.data() + length, bytes.size() - length); });
+        if (count < 0) {
+            return std::nullopt;
+        }
+        length += static_cast<std::size_t>(count);
+        if (count == 0) {
+            bytes.resize(length);
+            return bytes;
+        }
+        if (length == bytes.size()) { // it grows while it is read
+            bytes.resize(length + std::max(length, leastRoom));
+        }
+    }
+}
+
+class PosixFileManager final : public FileManager {
+public:
+    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+                             const Visitor& visit) const override {
+        const auto directory = openDirectory(folder, links);
+        for (;;) {
+            errno = 0;
+            const dirent* item = ::readdir(directory.get());
+            if (item == nullptr && errno != 0) {
+                throw FileError(errno, "readdir", folder);
+            }
+            if (item == nullptr) {
+                return;
+            }
+            if (item->d_name[0] != '.') {
+                visit(examine(::dirfd(directory.get()), *item));
+            }
+        }
+    }
+
+    bool fileExists(const std::filesystem::path& path) const override {
+        struct stat status {};
+        return !posix::holdsNul(path) && ::lstat(path.c_str(), &status) == 0;
+    }
+
+    std::optional<std::string> contents(const std::filesystem::path& path) const override {
+        struct stat status {};
+        if (posix::holdsNul(path) || ::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+            return std::nullopt;
+        }
+        // Between the look and the opening a pipe or a terminal may have come in its place: neither must block or be
+        // taken over.
+        const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+        const Descriptor file(uninterrupted([&] { return ::open(path.c_str(), flags); }));
+        if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+            return std::nullopt;
+        }
+        return readToTheEnd(file, static_cast<std::size_t>(status.st_size));
+    }
+
+    std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override {
+        try {
+            return posix::createFile(Place(path, "open"), contents);
+        } catch (const FileError&) {
+            return std::nullopt; // the caller is told that, not why
+        }
+    }
+
+    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) override {
+        const Place source(from, "rename");
+        const Place destination(to, "rename");
+        if (posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(), destination.name()) !=
+            0) {
+            throw FileError(errno, "rename", from);
+        }
+        // The move is done and is not undone for this: after a power cut the item is under one name or the other.
+        destination.synchroniseFolder();
+        source.synchroniseFolder();
+    }
+
+    void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
+        const Place place(path, "unlink");
+        if (onlyIf) {
+            const auto found = place.identity();
+            if (found != onlyIf) {
+                throw FileError(found ? EEXIST : errno, "unlink", path);
+            }
+        }
+        if (::unlinkat(place.folder(), place.name(), 0) != 0) {
+            throw FileError(errno, "unlink", path);
+        }
+        place.synchroniseFolder(); // a removal that a power cut takes back leaves one file too many, none too few
+    }
+};
+
+} // namespace
+
+std::shared_ptr<FileManager> makePosixFileManager() {
+    return std::make_shared<PosixFileManager>();
+}
+
+} // namespace tarvolt

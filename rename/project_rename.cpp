@@ -1,0 +1,123 @@
+#include "foundation/text.h"
+#include "model/folder_scan.h"
+#include "model/mpc_scanner.h"
+#include "rename/name_validation.h"
+#include "rename/reference_rewrite.h"
+#include "rename/rename_error.h"
+
+#include <exception>
+
+namespace tarvolt {
+namespace {
+
+using std::filesystem::path;
+
+/// `folder` with one component more, byte for byte; the path type's own joining reads a meaning into some names.
+path appending(const path& folder, const std::string& component) {
+    std::string bytes = folder.native();
+    if (bytes.empty() || bytes.back() != '/') {
+        bytes += '/';
+    }
+    return bytes + component;
+}
+
+std::string lastComponent(const path& location) {
+    const std::string& bytes = location.native();
+    return bytes.substr(bytes.rfind('/') + 1); // npos + 1 is the beginning
+}
+
+/// Why a call of the file manager failed, in the operating system's own words.
+std::string reason(const std::exception& failure) {
+    const auto* fileError = dynamic_cast<const FileError*>(&failure);
+    return fileError != nullptr ? fileError->localizedDescription() : failure.what();
+}
+
+std::string readText(const FileManager& fileManager, const path& projectFile) {
+    std::optional<std::string> bytes;
+    try {
+        bytes = fileManager.contents(projectFile);
+    } catch (const std::exception&) {
+        // No memory for it: the file cannot be read here.
+    }
+    if (!bytes || !isValidUtf8(*bytes)) {
+        throw RenameError::readFailed(lastComponent(projectFile));
+    }
+    return *std::move(bytes);
+}
+
+std::string updatedText(const std::string& text, const std::string& oldName, const std::string& newName) {
+    std::optional<std::string> updated;
+    try {
+        updated = rewriteReferences(text, oldName, newName);
+    } catch (const std::exception&) {
+        // No memory for it: there is no updated text.
+    }
+    if (!updated || !isValidUtf8(newName) || !isValidUtf8(*updated)) {
+        throw RenameError::writeFailed("Could not encode updated XML");
+    }
+    return *std::move(updated);
+}
+
+FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile, const std::string& text) {
+    std::optional<FileIdentity> created;
+    try {
+        created = fileManager.createFile(projectFile, text);
+    } catch (const std::exception&) {
+        // Not created, whatever the reason.
+    }
+    if (!created) {
+        throw RenameError::writeFailed(lastComponent(projectFile));
+    }
+    return *created;
+}
+
+void moveDataFolder(FileManager& fileManager, const path& from, const path& to, const path& newProjectFile,
+                    const FileIdentity& created) {
+    try {
+        fileManager.moveItem(from, to);
+    } catch (const std::exception& moveFailure) {
+        try {
+            fileManager.removeItem(newProjectFile, created);
+        } catch (const std::exception&) {
+            // The user is told of the failed move; the old project is whole, with or without the new file beside it.
+        }
+        throw RenameError::writeFailed("Could not rename data folder: " + reason(moveFailure));
+    }
+}
+
+void removeOldProjectFile(FileManager& fileManager, const path& projectFile) {
+    try {
+        fileManager.removeItem(projectFile);
+    } catch (const std::exception& failure) {
+        // Nothing is rolled back: the project is whole under its new name, and the old file harms nothing.
+        throw RenameError::deleteFailed("Could not remove old .xpj: " + reason(failure));
+    }
+}
+
+} // namespace
+
+void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
+    const auto fileManager = services_.fileManager;
+    const auto& folder = folderURL.get();
+    if (!folder) {
+        return;
+    }
+    if (const auto refusal = validateProjectName(newName)) {
+        throw *refusal;
+    }
+    const path newProjectFile = appending(*folder, newName + ".xpj");
+    const path newDataFolder = appending(*folder, newName + std::string(dataFolderSuffix));
+    if (fileManager->fileExists(newProjectFile)) {
+        throw RenameError::destinationExists(newName);
+    }
+    const std::string oldText = readText(*fileManager, project.xpjURL);
+    const std::string newText = updatedText(oldText, project.baseName, newName);
+    const FileIdentity created = writeProjectFile(*fileManager, newProjectFile, newText);
+    if (project.dataFolderURL) {
+        moveDataFolder(*fileManager, *project.dataFolderURL, newDataFolder, newProjectFile, created);
+    }
+    removeOldProjectFile(*fileManager, project.xpjURL);
+    log("Renamed \"" + project.baseName + "\" → \"" + newName + "\"", false);
+}
+
+} // namespace tarvolt
