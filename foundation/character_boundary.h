@@ -1,0 +1,11 @@
+#pragma once
+
+namespace tarvolt {
+
+/// Whether `character` belongs to the one before it: general category Mn or Me.
+bool isMark(char32_t character);
+
+/// Whether `before` and `after`, side by side, are parts of one Hangul syllable.
+bool isInsideHangulSyllable(char32_t before, char32_t after);
+
+} // namespace tarvolt

@@ -1,0 +1,45 @@
+#include "foundation/uuid.h"
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+#include <sys/random.h>
+
+namespace tarvolt {
+
+UUID UUID::random() {
+    UUID id;
+    // So few bytes come whole or not at all; a signal may only interrupt the wait for the generator's first seed.
+    while (getrandom(id.bytes.data(), id.bytes.size(), 0) < 0) {
+        if (errno != EINTR) {
+            throw std::system_error(errno, std::generic_category(), "getrandom");
+        }
+    }
+    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0F) | 0x40); // version 4
+    id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3F) | 0x80); // the variant of RFC 9562
+    return id;
+}
+
+std::string UUID::uuidString() const {
+    constexpr const char* digits = "0123456789abcdef";
+    std::string text;
+    text.reserve(36);
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+        if (index == 4 || index == 6 || index == 8 || index == 10) {
+            text += '-';
+        }
+        text += digits[bytes[index] >> 4];
+        text += digits[bytes[index] & 0x0F];
+    }
+    return text;
+}
+
+} // namespace tarvolt
+
+std::size_t std::hash<tarvolt::UUID>::operator()(const tarvolt::UUID& id) const noexcept {
+    // Nearly all bits are random, so any of the bytes will do.
+    std::size_t value = 0;
+    std::memcpy(&value, id.bytes.data(), sizeof value);
+    return value;
+}
