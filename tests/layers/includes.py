@@ -1,0 +1,74 @@
+"""Where an include may point.
+
+The folders are layers, and a file includes its own layer and those before it only. The toolkit's headers belong to the
+bridge and the entry point, those of ICU and of the operating system to the foundation; everything else has the standard
+library alone.
+
+    includes.py ROOT      prints one line for each include that breaks this and fails when there is one
+"""
+
+import re
+import sys
+from pathlib import Path
+
+layers = ["foundation", "model", "rename", "app", "app/bridge", "app/main.cpp"]
+
+include = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE)
+standard = re.compile(r"[a-z_0-9]+")
+toolkit = re.compile(r"Q[A-Za-z0-9/_.]+")
+foundationOnly = re.compile(r"unicode/.+|[a-z_0-9/]+\.h")
+
+
+def layerOf(path):
+    """The place of a source file in `layers`, by the longest prefix, or None for what is in no layer."""
+    parts = [index for index, layer in enumerate(layers) if path == layer or path.startswith(layer + "/")]
+    return max(parts, key=lambda index: len(layers[index]), default=None)
+
+
+def faultOf(root, path, match):
+    """What is wrong with one include of the file at `path`, or None."""
+    layer = layers[layerOf(path)]
+    if match["other"] is not None:
+        return "names no file"
+    if match["quoted"] is not None:
+        target = match["quoted"]
+        if not (root / target).is_file():
+            return "is not written from the project's root"
+        if layerOf(target) is None:
+            return "points out of the layers"
+        if layerOf(target) > layerOf(path):
+            return f"points from {layer} to {layers[layerOf(target)]}"
+        return None
+    header = match["angle"]
+    if standard.fullmatch(header):
+        return None
+    if toolkit.fullmatch(header):
+        return None if layer in ("app/bridge", "app/main.cpp") else f"brings the toolkit into {layer}"
+    if foundationOnly.fullmatch(header):
+        return None if layer == "foundation" else f"brings the system or ICU into {layer}"
+    return "is no header that any layer may include"
+
+
+def faults(root):
+    """Looks at every source file of the layers; returns how many there were and the faults, one text each."""
+    files = sorted(
+        path.relative_to(root).as_posix()
+        for folder in {layer.split("/")[0] for layer in layers}
+        for path in (root / folder).rglob("*")
+        if path.suffix in (".h", ".cpp")
+    )
+    found = []
+    for path in files:
+        text = (root / path).read_text(encoding="utf-8")
+        for match in include.finditer(text):
+            fault = faultOf(root, path, match)
+            if fault:
+                line = text.count("\n", 0, match.start()) + 1
+                found.append(f"{path}:{line}: {match[0].strip()} {fault}")
+    return len(files), found
+
+
+if __name__ == "__main__":
+    count, found = faults(Path(sys.argv[1]))
+    print(*found, f"{count} files, {len(found)} faults", sep="\n")
+    sys.exit(1 if found or count == 0 else 0)
