@@ -36,7 +36,7 @@ fs::path TemporaryFolder::operator/(std::string_view name) const {
 }
 
 fs::path TemporaryFolder::write(std::string_view name, std::string_view contents) const {
-    const auto file = *this / name;
+    auto file = *this / name;
     fs::create_directories(file.parent_path());
     std::ofstream out(file, std::ios::binary);
     out.write(contents.data(), static_cast<std::streamsize>(contents.size()));
@@ -48,7 +48,7 @@ fs::path TemporaryFolder::write(std::string_view name, std::string_view contents
 }
 
 fs::path TemporaryFolder::makeFolder(std::string_view name) const {
-    const auto folder = *this / name;
+    auto folder = *this / name;
     fs::create_directories(folder);
     return folder;
 }
