@@ -1,0 +1,167 @@
+// The scan on real folders: what file systems hold that nobody planned for.
+#include "foundation/posix_file_manager.h"
+#include "model/folder_scan.h"
+#include "model/mpc_scanner.h"
+#include "tests/support/scene.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tarvolt {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::messages;
+using testing::names;
+using Lines = std::vector<std::string>;
+
+class FolderScanOnDisk : public ::testing::Test {
+protected:
+    const std::vector<MPCProject>& scan(const fs::path& chosen) {
+        scanner->folderURL.set(chosen);
+        scanner->scan();
+        scene.settle();
+        return scanner->projects.get();
+    }
+    const std::vector<MPCProject>& scan() { return scan(folder.path()); }
+
+    testing::TemporaryFolder folder;
+    testing::Scene scene;
+    std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services(makePosixFileManager()));
+};
+
+TEST_F(FolderScanOnDisk, FindsPairsAndMeasures) {
+    folder.write("Song.xpj", std::string(500, 'x'));
+    folder.write("Song_[ProjectData]/a.wav", "0123456789");
+    folder.write("Song_[ProjectData]/b.wav", "0123456789");
+    folder.makeFolder("Song_[ProjectData]/more");
+    folder.write("Song_[ProjectData]/.hidden", "much more than nothing");
+    const auto& song = scan().front();
+    EXPECT_EQ(song.fileCount, 3);
+    EXPECT_EQ(song.totalSize, 520);
+    EXPECT_EQ(song.xpjURL, folder / "Song.xpj");
+    EXPECT_EQ(song.dataFolderURL, folder / "Song_[ProjectData]");
+}
+
+TEST_F(FolderScanOnDisk, FollowsNothingInTheFolderAndCountsLinksAsThemselves) {
+    const testing::TemporaryFolder outside;
+    outside.write("big.wav", std::string(100000, 'x'));
+    folder.write("Song.xpj", "x");
+    fs::create_directory_symlink(outside.path(), folder / "Song_[ProjectData]");
+    fs::create_symlink(outside / "big.wav", folder / "Linked.xpj");
+    fs::create_symlink("nowhere", folder / "Dangling.xpj");
+    fs::create_symlink("Loop.xpj", folder / "Loop.xpj");
+    folder.write("Beat.xpj", "x");
+    fs::create_directory(folder / "Beat_[ProjectData]");
+    fs::create_symlink(outside / "big.wav", folder / "Beat_[ProjectData]/big.wav");
+    ASSERT_EQ(names(scan()), (Lines{"Beat", "Dangling", "Linked", "Loop", "Song"}));
+    const auto& projects = scanner->projects.get();
+    EXPECT_EQ(projects[0].fileCount, 1);
+    EXPECT_EQ(projects[0].totalSize, 1 + static_cast<std::int64_t>((outside / "big.wav").native().size()));
+    EXPECT_EQ(projects[1].totalSize, static_cast<std::int64_t>(std::string("nowhere").size()));
+    EXPECT_FALSE(projects[4].dataFolderURL.has_value());
+    EXPECT_EQ(messages(*scanner).back(), "Found 5 .xpj file(s) and 1 data folder(s)");
+}
+
+TEST_F(FolderScanOnDisk, FollowsTheChosenFolderItselfWhenItIsALink) {
+    const testing::TemporaryFolder links;
+    folder.write("Song.xpj", "x");
+    fs::create_directory_symlink(folder.path(), links / "link");
+    ASSERT_EQ(scan(links / "link").size(), 1U);
+    EXPECT_EQ(scanner->projects.get().front().xpjURL, links / "link/Song.xpj");
+}
+
+TEST_F(FolderScanOnDisk, ListsPipesAndFoldersThatAreNamedLikeProjectsAndNeverBlocks) {
+    ASSERT_EQ(mkfifo((folder / "Pipe.xpj").c_str(), 0600), 0);
+    folder.makeFolder("Folder.xpj");
+    ASSERT_EQ(names(scan()), (Lines{"Folder", "Pipe"}));
+    EXPECT_EQ(scanner->projects.get()[0].totalSize, 0);
+    EXPECT_EQ(scanner->projects.get()[1].totalSize, 0);
+}
+
+TEST_F(FolderScanOnDisk, KeepsTheBytesOfNamesThatAreNotUtf8OrHoldControls) {
+    const std::string broken = "caf\xe9 \x01\n\xe2\x80\xae";
+    folder.write(broken + ".xpj", "x");
+    folder.makeFolder(broken + "_[ProjectData]");
+    const auto& project = scan().front();
+    EXPECT_EQ(project.baseName, broken);
+    EXPECT_TRUE(project.dataFolderURL.has_value());
+}
+
+TEST_F(FolderScanOnDisk, ListsTheLongestNamesThereCanBe) {
+    const std::string longest(251, 'n');
+    folder.write(longest + ".xpj", "x");
+    EXPECT_EQ(scan().front().baseName, longest);
+}
+
+TEST_F(FolderScanOnDisk, ReportsAFolderThatIsGone) {
+    EXPECT_TRUE(scan(folder / "gone").empty());
+    EXPECT_EQ(messages(*scanner),
+              (Lines{"Scan complete: 0 project(s)",
+                     "! Scan error: The folder \"gone\" could not be read: No such file or directory"}));
+}
+
+TEST_F(FolderScanOnDisk, ReportsAFileChosenAsAFolder) {
+    folder.write("file", "x");
+    EXPECT_TRUE(scan(folder / "file").empty());
+    EXPECT_EQ(messages(*scanner).back(), "! Scan error: The folder \"file\" could not be read: Not a directory");
+}
+
+TEST_F(FolderScanOnDisk, ReportsAFolderThatMayNotBeReadAndMeasuresNoClosedDataFolder) {
+    folder.write("closed/Song.xpj", "x");
+    folder.write("open/Song.xpj", "12345");
+    folder.write("open/Song_[ProjectData]/a.wav", "x");
+    ASSERT_EQ(chmod((folder / "closed").c_str(), 0), 0);
+    ASSERT_EQ(chmod((folder / "open/Song_[ProjectData]").c_str(), 0), 0);
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    const bool root = geteuid() == 0;
+    if (root) { // mode bits stop root from nothing: look as somebody else
+        ASSERT_EQ(seteuid(65534), 0);
+    }
+    const auto closed = scan(folder / "closed").size();
+    const auto closedLog = messages(*scanner);
+    const auto open = scan(folder / "open");
+    if (root) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+    EXPECT_EQ(closed, 0U);
+    EXPECT_EQ(closedLog, (Lines{"Scan complete: 0 project(s)",
+                                "! Scan error: The folder \"closed\" could not be read: Permission denied"}));
+    ASSERT_EQ(open.size(), 1U);
+    EXPECT_EQ(open.front().fileCount, 0);
+    EXPECT_EQ(open.front().totalSize, 5);
+}
+
+TEST_F(FolderScanOnDisk, SkipsADataFolderThatVanishesAfterTheListing) {
+    folder.write("Song.xpj", "x");
+    folder.makeFolder("Song_[ProjectData]");
+    const auto files = makePosixFileManager();
+    const auto listing = listFolder(*files, folder.path());
+    fs::remove(folder / "Song_[ProjectData]");
+    const auto projects = measureProjects(*files, folder.path(), listing, UUID::random);
+    ASSERT_EQ(projects.size(), 1U);
+    EXPECT_EQ(projects.front().fileCount, 0);
+    EXPECT_EQ(projects.front().totalSize, 1);
+}
+
+TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatBecomesALinkAfterTheListing) {
+    const testing::TemporaryFolder outside;
+    outside.write("big.wav", std::string(1000, 'x'));
+    folder.write("Song.xpj", "x");
+    folder.makeFolder("Song_[ProjectData]");
+    const auto files = makePosixFileManager();
+    const auto listing = listFolder(*files, folder.path());
+    fs::remove(folder / "Song_[ProjectData]");
+    fs::create_directory_symlink(outside.path(), folder / "Song_[ProjectData]");
+    EXPECT_EQ(measureProjects(*files, folder.path(), listing, UUID::random).front().totalSize, 1);
+}
+
+} // namespace
+} // namespace tarvolt

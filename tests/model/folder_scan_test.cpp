@@ -1,0 +1,352 @@
+#include "model/folder_scan.h"
+
+#include "model/mpc_scanner.h"
+#include "tests/support/scene.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace tarvolt {
+namespace {
+
+using testing::messages;
+using testing::names;
+using testing::Scene;
+using Lines = std::vector<std::string>;
+
+class FolderScan : public ::testing::Test {
+protected:
+    FolderScan() { disk.addFolder("/p"); }
+
+    /// One scan of /p from its call to its end.
+    const std::vector<MPCProject>& scan() {
+        scanner->folderURL.set("/p");
+        scanner->scan();
+        scene.settle();
+        return scanner->projects.get();
+    }
+
+    Scene scene;
+    testing::FakeFileManager& disk = *scene.disk;
+    std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services());
+};
+
+TEST_F(FolderScan, DoesNothingWithoutAFolder) {
+    int changes = 0;
+    const auto a = scanner->projects.observe([&] { ++changes; });
+    const auto b = scanner->isScanning.observe([&] { ++changes; });
+    scanner->scan();
+    EXPECT_EQ(scene.background->pending(), 0U);
+    scene.settle();
+    EXPECT_EQ(changes, 0);
+    EXPECT_TRUE(messages(*scanner).empty());
+}
+
+TEST_F(FolderScan, MeasuresTheDataFolderOneLevelDeepAndAddsTheProjectFile) {
+    disk.addFile("/p/Song.xpj", 500);
+    disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/a.wav", 10);
+    disk.addFile("/p/Song_[ProjectData]/b.wav", 10);
+    disk.addFolder("/p/Song_[ProjectData]/more");
+    disk.addFile("/p/Song_[ProjectData]/more/c.wav", 1000);
+    ASSERT_EQ(scan().size(), 1U);
+    const auto& song = scanner->projects.get().front();
+    EXPECT_EQ(song.baseName, "Song");
+    EXPECT_EQ(song.xpjURL, "/p/Song.xpj");
+    EXPECT_EQ(song.dataFolderURL, "/p/Song_[ProjectData]");
+    EXPECT_EQ(song.fileCount, 3);
+    EXPECT_EQ(song.totalSize, 520);
+}
+
+TEST_F(FolderScan, TakesTheExtensionInAnyCaseButTheFolderNameExactly) {
+    disk.addFile("/p/Loop.XPJ", 7);
+    disk.addFolder("/p/loop_[ProjectData]");
+    disk.addFile("/p/Beat.xPj", 7);
+    disk.addFolder("/p/Beat_[ProjectData]");
+    ASSERT_EQ(names(scan()), (Lines{"Beat", "Loop"}));
+    EXPECT_TRUE(scanner->projects.get()[0].dataFolderURL.has_value());
+    EXPECT_FALSE(scanner->projects.get()[1].dataFolderURL.has_value());
+}
+
+TEST_F(FolderScan, GivesAProjectWithoutADataFolderItsOwnSizeAlone) {
+    disk.addFile("/p/Song.xpj", 123);
+    const auto& song = scan().front();
+    EXPECT_FALSE(song.dataFolderURL.has_value());
+    EXPECT_EQ(song.fileCount, 0);
+    EXPECT_EQ(song.totalSize, 123);
+}
+
+TEST_F(FolderScan, CountsADataFolderWithoutAProjectButListsNoProject) {
+    disk.addFolder("/p/Old_[ProjectData]");
+    EXPECT_TRUE(scan().empty());
+    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "Found 0 .xpj file(s) and 1 data folder(s)"}));
+}
+
+TEST_F(FolderScan, CountsEveryFolderThatHasTheMarkAnywhereInItsName) {
+    disk.addFolder("/p/[ProjectData] backup");
+    disk.addFolder("/p/a_[projectdata]");
+    disk.addFile("/p/file_[ProjectData]", 1);
+    scan();
+    EXPECT_EQ(messages(*scanner).back(), "Found 0 .xpj file(s) and 1 data folder(s)");
+}
+
+TEST_F(FolderScan, LeavesHiddenEntriesOutEverywhere) {
+    disk.addFile("/p/.Hidden.xpj", 5);
+    disk.addFolder("/p/.Hidden_[ProjectData]");
+    disk.addFile("/p/Song.xpj", 5);
+    disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/.cache", 1000);
+    ASSERT_EQ(names(scan()), (Lines{"Song"}));
+    EXPECT_EQ(scanner->projects.get().front().fileCount, 0);
+    EXPECT_EQ(scanner->projects.get().front().totalSize, 5);
+    EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 1 data folder(s)");
+}
+
+TEST_F(FolderScan, SortsWithoutRegardToCaseAndKeepsTheListingOrderOfLevelNames) {
+    disk.addFile("/p/beta.xpj");
+    disk.addFile("/p/Alpha.xpj");
+    disk.addFile("/p/alpha.xpj");
+    EXPECT_EQ(names(scan()), (Lines{"Alpha", "alpha", "beta"}));
+}
+
+TEST_F(FolderScan, KeepsTheListingOrderOfLevelNamesTheOtherWayRoundToo) {
+    disk.addFile("/p/beta.xpj");
+    disk.addFile("/p/alpha.xpj");
+    disk.addFile("/p/Alpha.xpj");
+    EXPECT_EQ(names(scan()), (Lines{"alpha", "Alpha", "beta"}));
+}
+
+TEST_F(FolderScan, LogsTheEndOfAnEmptyFolderAfterWhatItFound) {
+    scan();
+    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "Found 0 .xpj file(s) and 0 data folder(s)"}));
+}
+
+TEST_F(FolderScan, LogsCountsWithoutGroupingInEveryLocale) {
+    auto services = scene.services();
+    services.locale = UserLocale{"ar_EG", "ar_EG", "ar_EG", "ar_EG"};
+    scanner = MPCScanner::create(std::move(services));
+    for (int i = 0; i < 1234; ++i) {
+        disk.addFile("/p/" + std::to_string(i) + ".xpj");
+    }
+    scan();
+    EXPECT_EQ(messages(*scanner),
+              (Lines{"Scan complete: 1234 project(s)", "Found 1234 .xpj file(s) and 0 data folder(s)"}));
+}
+
+TEST_F(FolderScan, ReportsAFolderThatCannotBeReadAndEndsNormally) {
+    disk.addFile("/p/Song.xpj", 5);
+    disk.fail("list", EACCES);
+    EXPECT_TRUE(scan().empty());
+    EXPECT_FALSE(scanner->isScanning.get());
+    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)",
+                                         "! Scan error: The folder \"p\" could not be read: Permission denied"}));
+}
+
+TEST_F(FolderScan, TakesAListingThatBreaksOffForAFailedOneNotForAShortOne) {
+    disk.addFile("/p/A.xpj", 5);
+    disk.addFile("/p/B.xpj", 5);
+    auto& folder = disk.addFolder("/p");
+    folder.listError = EIO;
+    folder.listErrorAfter = 1;
+    EXPECT_TRUE(scan().empty());
+    EXPECT_EQ(messages(*scanner).size(), 2U);
+    EXPECT_TRUE(scanner->logEntries.get().back().isError);
+}
+
+TEST_F(FolderScan, TakesAnEntryOfUnknownKindForNoFolder) {
+    disk.addFile("/p/Song.xpj", 5);
+    disk.addFolder("/p/Song_[ProjectData]").kindUnreadable = true;
+    EXPECT_FALSE(scan().front().dataFolderURL.has_value());
+    EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 0 data folder(s)");
+}
+
+TEST_F(FolderScan, KeepsAProjectWhoseDataFolderCannotBeListed) {
+    disk.addFile("/p/Song.xpj", 5);
+    disk.addFolder("/p/Song_[ProjectData]").listError = EACCES;
+    disk.addFile("/p/Song_[ProjectData]/a.wav", 100);
+    const auto& song = scan().front();
+    EXPECT_TRUE(song.dataFolderURL.has_value());
+    EXPECT_EQ(song.fileCount, 0);
+    EXPECT_EQ(song.totalSize, 5);
+    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 1 project(s)", "Found 1 .xpj file(s) and 1 data folder(s)"}));
+}
+
+TEST_F(FolderScan, CountsNothingOfADataFolderWhoseListingBreaksOff) {
+    disk.addFile("/p/Song.xpj", 5);
+    auto& folder = disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/a.wav", 100);
+    disk.addFile("/p/Song_[ProjectData]/b.wav", 100);
+    folder.listError = EIO;
+    folder.listErrorAfter = 1;
+    EXPECT_EQ(scan().front().fileCount, 0);
+    EXPECT_EQ(scanner->projects.get().front().totalSize, 5);
+}
+
+TEST_F(FolderScan, DoesNotAddASizeThatCannotBeReadButCountsItsEntry) {
+    disk.addFile("/p/Song.xpj", 5).sizeUnreadable = true;
+    disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/a.wav", 100).sizeUnreadable = true;
+    disk.addFile("/p/Song_[ProjectData]/b.wav", 10);
+    const auto& song = scan().front();
+    EXPECT_EQ(song.fileCount, 2);
+    EXPECT_EQ(song.totalSize, 10);
+}
+
+TEST_F(FolderScan, ListsAFolderNamedLikeAProjectFile) {
+    disk.addFolder("/p/Odd.xpj");
+    const auto& odd = scan().front();
+    EXPECT_EQ(odd.baseName, "Odd");
+    EXPECT_EQ(odd.totalSize, 0);
+}
+
+TEST_F(FolderScan, TakesALinkNamedLikeADataFolderForNone) {
+    disk.addFile("/p/Song.xpj", 5);
+    disk.addFolder("/elsewhere");
+    disk.addLink("/p/Song_[ProjectData]", "/elsewhere");
+    EXPECT_FALSE(scan().front().dataFolderURL.has_value());
+}
+
+TEST_F(FolderScan, ShowsAnEmptyListFromItsStartToItsEnd) {
+    disk.addFile("/p/Song.xpj", 5);
+    scan();
+    Lines changes;
+    const auto a = scanner->projects.observe([&] { changes.push_back("projects"); });
+    const auto b = scanner->isScanning.observe([&] { changes.push_back("isScanning"); });
+    const auto c = scanner->logEntries.observe([&] { changes.push_back("log"); });
+    scanner->scan();
+    EXPECT_EQ(changes, (Lines{"isScanning", "projects"}));
+    EXPECT_TRUE(scanner->isScanning.get());
+    EXPECT_TRUE(scanner->projects.get().empty());
+    scene.background->drain();
+    EXPECT_TRUE(scanner->isScanning.get());
+    scene.mainQueue->drain();
+    EXPECT_EQ(changes, (Lines{"isScanning", "projects", "log", "projects", "isScanning", "log"}));
+    EXPECT_FALSE(scanner->isScanning.get());
+}
+
+TEST_F(FolderScan, PublishesListAndFlagInOneTaskOfTheMainThread) {
+    disk.addFile("/p/Song.xpj", 5);
+    scanner->folderURL.set("/p");
+    scanner->scan();
+    scene.background->drain();
+    scene.mainQueue->runOne(); // the line of what was found
+    EXPECT_TRUE(scanner->isScanning.get());
+    scene.mainQueue->runOne();
+    EXPECT_FALSE(scanner->isScanning.get());
+    EXPECT_EQ(scanner->projects.get().size(), 1U);
+}
+
+TEST_F(FolderScan, ScansTheFolderChosenWhenItWasCalled) {
+    disk.addFile("/p/Song.xpj", 5);
+    disk.addFolder("/q");
+    scanner->folderURL.set("/p");
+    scanner->scan();
+    scanner->folderURL.set("/q");
+    scene.settle();
+    EXPECT_EQ(names(scanner->projects.get()), (Lines{"Song"}));
+}
+
+TEST_F(FolderScan, LetsTheScanThatEndsLastDecideWhenTwoOverlap) {
+    disk.addFile("/p/First.xpj", 5);
+    disk.addFolder("/q");
+    disk.addFile("/q/Second.xpj", 5);
+    scanner->folderURL.set("/p");
+    scanner->scan();
+    scanner->folderURL.set("/q");
+    scanner->scan();
+    EXPECT_EQ(scene.background->pending(), 2U);
+    scene.background->runOne();
+    scene.mainQueue->drain();
+    EXPECT_FALSE(scanner->isScanning.get()) << "the first end clears the flag";
+    EXPECT_EQ(names(scanner->projects.get()), (Lines{"First"}));
+    scene.settle();
+    EXPECT_EQ(names(scanner->projects.get()), (Lines{"Second"}));
+    EXPECT_EQ(messages(*scanner).size(), 4U);
+}
+
+TEST_F(FolderScan, DoesNothingWhenTheScannerIsGoneBeforeItsBackgroundStep) {
+    scanner->folderURL.set("/p");
+    scanner->scan();
+    scanner.reset();
+    scene.settle();
+    EXPECT_TRUE(disk.traffic().empty());
+}
+
+TEST_F(FolderScan, KeepsTheScannerFromItsBackgroundStepToItsEnd) {
+    const std::weak_ptr<MPCScanner> weak = scanner;
+    scanner->folderURL.set("/p");
+    scanner->scan();
+    disk.onCall = [&](const std::string&) { scanner.reset(); };
+    scene.background->drain();
+    EXPECT_FALSE(weak.expired());
+    scene.settle();
+    EXPECT_TRUE(weak.expired());
+}
+
+/// A queue for which the system has no thread left.
+class ExhaustedQueue final : public DispatchQueue {
+public:
+    void async(Task) override { throw std::system_error(EAGAIN, std::generic_category()); }
+    void asyncAfter(std::chrono::milliseconds, Task task) override { async(std::move(task)); }
+};
+
+TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoThreadForIt) {
+    auto services = scene.services();
+    services.backgroundQueue = std::make_shared<ExhaustedQueue>();
+    scanner = MPCScanner::create(std::move(services));
+    scan();
+    EXPECT_FALSE(scanner->isScanning.get());
+    EXPECT_EQ(messages(*scanner),
+              (Lines{"Scan complete: 0 project(s)", "! Scan error: Resource temporarily unavailable"}));
+}
+
+TEST_F(FolderScan, MeasuresManyProjectsOnSeveralThreadsAsOnOne) {
+    constexpr int many = 300;
+    for (int i = 0; i < many; ++i) {
+        const auto name = "/p/" + std::to_string(1000 + i);
+        disk.addFile(name + ".xpj", i);
+        disk.addFolder(name + "_[ProjectData]");
+        disk.addFile(name + "_[ProjectData]/a.wav", 1000 * i);
+    }
+    const auto& projects = scan();
+    ASSERT_EQ(projects.size(), static_cast<std::size_t>(many));
+    for (int i = 0; i < many; ++i) {
+        const auto& project = projects[static_cast<std::size_t>(i)];
+        EXPECT_EQ(project.baseName, std::to_string(1000 + i));
+        EXPECT_EQ(project.fileCount, 1);
+        EXPECT_EQ(project.totalSize, 1001 * i);
+    }
+}
+
+using FolderScanDeathTest = FolderScan;
+
+TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheSizesOfADataFolderDoNotFit) {
+    disk.addFile("/p/Song.xpj", 5);
+    disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max());
+    disk.addFile("/p/Song_[ProjectData]/b", 1);
+    EXPECT_DEATH(scan(), "does not fit");
+}
+
+TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheProjectFileNoLongerFits) {
+    disk.addFile("/p/Song.xpj", 1);
+    disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max());
+    EXPECT_DEATH(scan(), "does not fit");
+}
+
+TEST_F(FolderScan, AddsSizesUpToTheLastThatFits) {
+    disk.addFile("/p/Song.xpj", 1);
+    disk.addFolder("/p/Song_[ProjectData]");
+    disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max() - 1);
+    EXPECT_EQ(scan().front().totalSize, std::numeric_limits<std::int64_t>::max());
+}
+
+} // namespace
+} // namespace tarvolt

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "model/mpc_scanner.h"
+#include "tests/support/fake_file_manager.h"
+#include "tests/support/manual_queue.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvolt::testing {
+
+/// A folder panel that answers what the test tells it to and keeps what it was asked to be.
+class FakeFolderPanel final : public FolderPanel {
+public:
+    std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) override {
+        asked.push_back(settings);
+        return answer;
+    }
+
+    std::optional<std::filesystem::path> answer;
+    std::vector<FolderPanelSettings> asked;
+};
+
+/// Everything a scanner stands on, all of it in the test's hands: both queues, the clock, the panel and the disk.
+struct Scene {
+    std::shared_ptr<FakeFileManager> disk = std::make_shared<FakeFileManager>();
+    std::shared_ptr<ManualQueue> mainQueue = std::make_shared<ManualQueue>();
+    std::shared_ptr<ManualQueue> background = std::make_shared<ManualQueue>();
+    std::shared_ptr<FakeFolderPanel> panel = std::make_shared<FakeFolderPanel>();
+
+    /// `files` takes the place of the fake disk.
+    Services services(std::shared_ptr<FileManager> files = nullptr) const {
+        Services made;
+        made.fileManager = files ? std::move(files) : disk;
+        made.mainQueue = mainQueue;
+        made.backgroundQueue = background;
+        made.folderPanel = panel;
+        made.now = [queue = mainQueue] { return std::chrono::system_clock::time_point(queue->now()); };
+        made.locale = UserLocale{"en_US", "en_US", "en_US", "en_US"};
+        return made;
+    }
+
+    /// Runs both queues until nothing is due.
+    void settle() const {
+        while (background->runOne() || mainQueue->runOne()) {
+        }
+    }
+};
+
+inline std::vector<std::string> messages(const MPCScanner& scanner) {
+    std::vector<std::string> lines;
+    for (const auto& entry : scanner.logEntries.get()) {
+        lines.push_back((entry.isError ? "! " : "") + entry.message);
+    }
+    return lines;
+}
+
+inline std::vector<std::string> names(const std::vector<MPCProject>& projects) {
+    std::vector<std::string> list;
+    for (const auto& project : projects) {
+        list.push_back(project.baseName);
+    }
+    return list;
+}
+
+} // namespace tarvolt::testing
