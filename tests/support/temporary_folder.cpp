@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace tarvolt::testing {
 namespace fs = std::filesystem;
@@ -73,7 +74,9 @@ std::vector<std::string> TemporaryFolder::tree() const {
 
 std::string readFile(const fs::path& path) {
     std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return std::move(bytes).str();
 }
 
 } // namespace tarvolt::testing
