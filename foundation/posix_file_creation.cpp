@@ -43,6 +43,7 @@ public:
     bool giveName();
 
 private:
+    bool closesWithoutLoss() const;
     void removeHiddenName();
 
     const Place& place_;
@@ -59,15 +60,17 @@ std::optional<FileIdentity> Draft::fill(std::string_view contents) {
         contents.remove_prefix(static_cast<std::size_t>(written));
     }
     struct stat status {};
-    if (::fstat(file_.number(), &status) != 0 || !synchronise(file_)) {
-        return std::nullopt;
-    }
-    // A file system without fsync may tell of lost bytes only here. One that can make unnamed files has fsync, and
-    // there the descriptor is still needed.
-    if (!hiddenName_.empty() && !file_.close()) {
+    if (::fstat(file_.number(), &status) != 0 || !synchronise(file_) || !closesWithoutLoss()) {
         return std::nullopt;
     }
     return FileIdentity{status.st_dev, status.st_ino};
+}
+
+bool Draft::closesWithoutLoss() const {
+    // Where there is no fsync, lost bytes may be told of only at a close. A second descriptor is closed, for the file
+    // stays open: as long as it is, no other file can come to have its identity.
+    Descriptor second(::fcntl(file_.number(), F_DUPFD_CLOEXEC, 0));
+    return second && second.close();
 }
 
 bool Draft::giveName() {

@@ -1,0 +1,178 @@
+#include "foundation/posix_file_manager.h"
+#include "tests/support/call_faults.h"
+#include "tests/support/privileges.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/mman.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <new>
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define TARVOLT_UNDER_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define TARVOLT_UNDER_SANITIZER 1
+#endif
+#endif
+#ifndef TARVOLT_UNDER_SANITIZER
+#define TARVOLT_UNDER_SANITIZER 0
+#endif
+
+namespace tarvolt {
+namespace {
+
+using testing::TemporaryFolder;
+using testing::withCallsAnswered;
+
+class PosixContents : public ::testing::Test {
+protected:
+    std::optional<std::string> contents(const std::filesystem::path& path) const { return disk->contents(path); }
+
+    const TemporaryFolder folder;
+    const std::shared_ptr<FileManager> disk = makePosixFileManager();
+};
+
+TEST_F(PosixContents, AreTheWholeBytesOfAFile) {
+    std::string bytes(300'000, '\0');
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        bytes[at] = static_cast<char>(at * 7 % 256);
+    }
+    EXPECT_EQ(contents(folder.write("file", bytes)), bytes);
+    EXPECT_EQ(contents(folder.write("empty", "")), "");
+}
+
+TEST_F(PosixContents, AreReadThroughALink) {
+    folder.write("file", "text");
+    std::filesystem::create_symlink("file", folder / "link");
+    EXPECT_EQ(contents(folder / "link"), "text");
+}
+
+TEST_F(PosixContents, AreAbsentForWhatIsNoFile) {
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, (folder / "socket").c_str(), sizeof address.sun_path - 1);
+    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ::close(socket);
+    std::filesystem::create_symlink("link", folder / "link");
+    std::filesystem::create_symlink("/dev/zero", folder / "device");
+    EXPECT_EQ(contents(folder / "pipe"), std::nullopt);
+    EXPECT_EQ(contents(folder / "socket"), std::nullopt);
+    EXPECT_EQ(contents(folder / "link"), std::nullopt);
+    EXPECT_EQ(contents(folder / "device"), std::nullopt);
+    EXPECT_EQ(contents(folder.path()), std::nullopt);
+    EXPECT_EQ(contents(folder / "gone"), std::nullopt);
+    EXPECT_EQ(contents(folder / std::string(300, 'n')), std::nullopt);
+}
+
+TEST_F(PosixContents, AreAbsentForANameWithANulByteInsteadOfThoseOfTheCutName) {
+    folder.write("file", "text");
+    EXPECT_EQ(contents(folder / std::string_view("file\0.xpj", 9)), std::nullopt);
+}
+
+TEST_F(PosixContents, AreAbsentForAFileThatMustNotBeRead) {
+    const auto file = folder.write("file", "text");
+    ASSERT_EQ(::chmod(file.c_str(), 0), 0);
+    testing::withoutPrivileges([&] { EXPECT_EQ(contents(file), std::nullopt); });
+}
+
+TEST_F(PosixContents, AreReadToTheEndWhateverSizeWasTold) {
+    // The kernel tells a size of 0 for these files and hands them over in pieces.
+    const auto status = contents("/proc/self/status");
+    ASSERT_TRUE(status.has_value());
+    EXPECT_EQ(status->rfind("Name:", 0), 0U);
+    EXPECT_EQ(status->back(), '\n');
+    EXPECT_NE(status->find("\nThreads:"), std::string::npos);
+}
+
+TEST_F(PosixContents, GoOnAfterShortReadsAndSignals) {
+    std::string bytes;
+    for (int line = 0; line < 2000; ++line) {
+        bytes += "line " + std::to_string(line) + "\r\n";
+    }
+    const auto file = folder.write("file", bytes);
+    int calls = 0;
+    const auto halting = [&](const testing::SystemCall& call) -> std::optional<long> {
+        if (++calls % 3 == 0) {
+            return -EINTR;
+        }
+        return ::syscall(SYS_read, call.arguments[0], call.arguments[1], (call.arguments[2] + 1) / 2);
+    };
+    if (const auto reason = withCallsAnswered({SYS_read}, halting, [&] { EXPECT_EQ(contents(file), bytes); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_GT(calls, 10);
+}
+
+TEST_F(PosixContents, IncludeWhatIsAppendedWhileTheyAreRead) {
+    const auto file = folder.write("file", "begin ");
+    int calls = 0;
+    const auto growing = [&](const testing::SystemCall& call) -> std::optional<long> {
+        const long count = ::syscall(SYS_read, call.arguments[0], call.arguments[1], call.arguments[2]);
+        if (++calls == 1) {
+            folder.write("file", "begin " + std::string(20'000, 'm') + " end");
+        }
+        return count;
+    };
+    if (const auto reason = withCallsAnswered(
+            {SYS_read}, growing, [&] { EXPECT_EQ(contents(file), "begin " + std::string(20'000, 'm') + " end"); })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(PosixContents, AreAbsentWhenReadingFailsInTheMiddle) {
+    const auto file = folder.write("file", std::string(50'000, 'x'));
+    int calls = 0;
+    const auto breaking = [&](const testing::SystemCall& call) -> std::optional<long> {
+        if (++calls == 2) {
+            return -EIO;
+        }
+        return ::syscall(SYS_read, call.arguments[0], call.arguments[1], 1000);
+    };
+    if (const auto reason = withCallsAnswered({SYS_read}, breaking, [&] { EXPECT_EQ(contents(file), std::nullopt); })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(PosixContents, NeitherBlockOnNorReadAPipeThatTakesThePlaceOfTheFileAtTheLastMoment) {
+    const auto file = folder.write("file", "text");
+    bool exchanged = false;
+    const auto exchanging = [&](const testing::SystemCall& call) -> std::optional<long> {
+        if (!exchanged && call.text(1) == file.native()) {
+            exchanged = true;
+            std::filesystem::remove(file);
+            EXPECT_EQ(::mkfifo(file.c_str(), 0600), 0);
+        }
+        return std::nullopt;
+    };
+    if (const auto reason =
+            withCallsAnswered({SYS_openat}, exchanging, [&] { EXPECT_EQ(contents(file), std::nullopt); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_TRUE(exchanged);
+}
+
+// Under a sanitizer an allocation of this size ends the process instead of throwing.
+#if !TARVOLT_UNDER_SANITIZER
+TEST_F(PosixContents, ThatNoMemoryCanHoldSaySo) {
+    for (const off_t size : {off_t{1} << 60, off_t{0x7fffffffffffffff}}) {
+        const int file = ::memfd_create("all of it a hole", MFD_CLOEXEC);
+        ASSERT_EQ(::ftruncate(file, size), 0);
+        EXPECT_THROW(contents("/proc/self/fd/" + std::to_string(file)), std::bad_alloc);
+        ::close(file);
+    }
+}
+#endif
+
+} // namespace
+} // namespace tarvolt

@@ -1,0 +1,477 @@
+#include "foundation/posix_file_manager.h"
+#include "tests/support/call_faults.h"
+#include "tests/support/privileges.h"
+#include "tests/support/small_disk.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <map>
+#include <new>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::SystemCall;
+using testing::TemporaryFolder;
+
+std::string textOfSize(std::size_t size) {
+    std::string text;
+    while (text.size() < size) {
+        text += "<Sample path=\"Song_[ProjectData]/" + std::to_string(text.size()) + ".wav\"/>\r\n";
+    }
+    text.resize(size);
+    return text;
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// What holds on every file system: the kinds below refuse some of the calls, as FAT, network and user-space ones do.
+
+struct FileSystem {
+    const char* name;
+    bool unnamedFiles;      ///< makes files without a name
+    bool namesUnnamedFiles; ///< and gives them one
+    bool links;
+    bool flagOfMove;
+    bool synchronises;
+};
+
+constexpr FileSystem complete{"Complete", true, true, true, true, true};
+
+const FileSystem fileSystems[] = {
+    complete,
+    {"WithoutUnnamedFiles", false, true, true, true, true},
+    {"WithoutAWayToNameUnnamedFiles", true, false, true, true, true},
+    {"WithoutLinks", false, false, false, true, true},
+    {"WithoutAnyOfThese", false, false, false, false, false},
+};
+
+void PrintTo(const FileSystem& fileSystem, std::ostream* out) {
+    *out << fileSystem.name;
+}
+
+bool isUnnamedOpening(const SystemCall& call) {
+    return call.number == SYS_openat && (call.arguments[2] & O_TMPFILE) == O_TMPFILE;
+}
+
+bool isNamingOfUnnamed(const SystemCall& call) {
+    return call.number == SYS_linkat && call.text(1).rfind("/proc/", 0) == 0;
+}
+
+std::string words(const SystemCall& call) {
+    switch (call.number) {
+    case SYS_openat:
+        return isUnnamedOpening(call)                   ? "make unnamed"
+               : (call.arguments[2] & O_CREAT) != 0     ? "make hidden"
+               : (call.arguments[2] & O_DIRECTORY) != 0 ? "open folder"
+                                                        : "open";
+    case SYS_write:
+        return "write";
+    case SYS_fsync: {
+        struct stat status {};
+        ::fstat(static_cast<int>(call.arguments[0]), &status);
+        return S_ISDIR(status.st_mode) ? "sync folder" : "sync file";
+    }
+    case SYS_linkat:
+        return isNamingOfUnnamed(call) ? "name" : "link";
+    case SYS_unlinkat:
+        return "unlink " + (call.text(1).front() == '.' ? "hidden" : call.text(1));
+    case SYS_renameat2:
+        return call.arguments[4] == 0 ? "move" : "move without replacing";
+    case SYS_renameat:
+        return "move";
+    default:
+        return "other";
+    }
+}
+
+/// The calls that make a file, in order, and the answers that a file system gives to them.
+class CreationCalls {
+public:
+    explicit CreationCalls(const FileSystem& fileSystem) : fileSystem_(fileSystem) {}
+
+    /// The next call described by these words gets `result` instead.
+    void answerOnce(const std::string& call, long result) { once_.emplace_back(call, result); }
+    /// Runs before the first call described by these words.
+    void before(const std::string& call, std::function<void()> action) {
+        before_.emplace_back(call, std::move(action));
+    }
+
+    const std::vector<std::string>& trace() const { return trace_; }
+
+    std::optional<std::string> watch(const std::function<void()>& body) {
+        return testing::withCallsAnswered(
+            {SYS_openat, SYS_write, SYS_fsync, SYS_linkat, SYS_unlinkat, SYS_renameat2, SYS_renameat},
+            [this](const SystemCall& call) { return answer(call); }, body);
+    }
+
+private:
+    std::optional<long> answer(const SystemCall& call) {
+        const auto what = words(call);
+        trace_.push_back(what);
+        for (auto at = before_.begin(); at != before_.end(); ++at) {
+            if (at->first == what) {
+                const auto action = at->second;
+                before_.erase(at);
+                action();
+                break;
+            }
+        }
+        for (auto at = once_.begin(); at != once_.end(); ++at) {
+            if (at->first == what) {
+                const auto result = at->second;
+                once_.erase(at);
+                return result;
+            }
+        }
+        return refusal(call, what);
+    }
+
+    std::optional<long> refusal(const SystemCall& call, const std::string& what) const {
+        if (isUnnamedOpening(call) && !fileSystem_.unnamedFiles) {
+            return -EOPNOTSUPP;
+        }
+        if (isNamingOfUnnamed(call) && !fileSystem_.namesUnnamedFiles) {
+            return -ENOENT;
+        }
+        if (what == "link" && !fileSystem_.links) {
+            return -EPERM;
+        }
+        if (what == "move without replacing" && !fileSystem_.flagOfMove) {
+            return -EINVAL;
+        }
+        if (call.number == SYS_fsync && !fileSystem_.synchronises) {
+            return -EINVAL;
+        }
+        return std::nullopt;
+    }
+
+    const FileSystem& fileSystem_;
+    std::vector<std::string> trace_;
+    std::vector<std::pair<std::string, long>> once_;
+    std::vector<std::pair<std::string, std::function<void()>>> before_;
+};
+
+class PosixCreation : public ::testing::TestWithParam<FileSystem> {
+protected:
+    /// Makes the file on a file system of the given kind; skips the test where that cannot be had.
+    std::optional<FileIdentity> create(const std::filesystem::path& path, const std::string& contents) {
+        std::optional<FileIdentity> identity;
+        if (const auto reason = calls.watch([&] { identity = disk->createFile(path, contents); })) {
+            skipped = *reason;
+        }
+        return identity;
+    }
+
+    const TemporaryFolder folder;
+    const std::shared_ptr<FileManager> disk = makePosixFileManager();
+    CreationCalls calls{GetParam()};
+    std::string skipped;
+};
+
+#define SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED()                                                                          \
+    if (!skipped.empty())                                                                                              \
+    GTEST_SKIP() << skipped
+
+INSTANTIATE_TEST_SUITE_P(On, PosixCreation, ::testing::ValuesIn(fileSystems),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_P(PosixCreation, MakesTheWholeFileAndLeavesNothingBesideIt) {
+    const auto text = textOfSize(300'000);
+    const auto identity = create(folder / "New.xpj", text);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    ASSERT_TRUE(identity.has_value());
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=" + text));
+    struct stat status {};
+    ASSERT_EQ(::lstat((folder / "New.xpj").c_str(), &status), 0);
+    EXPECT_EQ(*identity, (FileIdentity{status.st_dev, status.st_ino}));
+    EXPECT_EQ(status.st_nlink, 1U);
+}
+
+TEST_P(PosixCreation, MakesAnEmptyFile) {
+    EXPECT_TRUE(create(folder / "New.xpj", "").has_value() || !skipped.empty());
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj="));
+}
+
+TEST_P(PosixCreation, GivesTheModeThatTheUmaskLeaves) {
+    const auto before = ::umask(027);
+    create(folder / "New.xpj", "text");
+    ::umask(before);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    struct stat status {};
+    ASSERT_EQ(::lstat((folder / "New.xpj").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode, static_cast<mode_t>(S_IFREG | 0640));
+}
+
+TEST_P(PosixCreation, ReplacesNothing) {
+    folder.write("file", "old");
+    folder.makeFolder("empty folder");
+    std::filesystem::create_symlink("nowhere", folder / "dangling link");
+    const auto before = folder.tree();
+    for (const char* name : {"file", "empty folder", "dangling link"}) {
+        EXPECT_EQ(create(folder / name, "new"), std::nullopt) << name;
+        SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    }
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_P(PosixCreation, GoesOnAfterShortWritesAndSignals) {
+    for (const char* call : {"open folder", "make unnamed", "make hidden", "write", "sync file", "sync folder"}) {
+        calls.answerOnce(call, -EINTR);
+    }
+    // The kernel takes what it can below the limit and is asked for the rest once it is lifted.
+    const auto text = textOfSize(100'000);
+    int writes = 0;
+    std::optional<FileIdentity> identity;
+    const auto reason = testing::withCallsAnswered(
+        {SYS_write},
+        [&](const SystemCall& call) -> std::optional<long> {
+            return ++writes > 20 ? std::nullopt
+                                 : std::optional<long>(::syscall(SYS_write, call.arguments[0], call.arguments[1], 999));
+        },
+        [&] { identity = disk->createFile(folder / "Short.xpj", text); });
+    ASSERT_TRUE(reason || identity);
+    EXPECT_TRUE(create(folder / "New.xpj", text).has_value() || !skipped.empty());
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=" + text, "Short.xpj=" + text));
+}
+
+TEST_P(PosixCreation, FailsAndLeavesNothingWhenTheNameIsTooLong) {
+    EXPECT_EQ(create(folder / std::string(256, 'n'), "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_P(PosixCreation, FailsAndLeavesNothingWhenAWriteFails) {
+    calls.answerOnce("write", -ENOSPC);
+    EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_P(PosixCreation, FailsAndLeavesNothingWhenTheFileCannotBeBroughtToTheDisk) {
+    calls.answerOnce("sync file", -EIO);
+    EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_P(PosixCreation, FailsAndRemovesTheFileWhenItsNameCannotBeBroughtToTheDisk) {
+    calls.answerOnce("sync folder", -EIO);
+    EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_P(PosixCreation, KeepsAForeignFileWhenItFailsAfterTheNaming) {
+    calls.before("sync folder", [&] {
+        std::filesystem::remove(folder / "New.xpj");
+        folder.write("New.xpj", "of another program");
+    });
+    calls.answerOnce("sync folder", -EIO);
+    EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
+}
+
+TEST_P(PosixCreation, TakesAFileSystemThatCannotSynchroniseAtItsWord) {
+    for (const int error : {EINVAL, ENOTSUP, ENOSYS}) {
+        calls.answerOnce("sync file", -error);
+        calls.answerOnce("sync folder", -error);
+        const auto path = folder / std::to_string(error);
+        EXPECT_TRUE(create(path, "text").has_value() || !skipped.empty());
+        SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+        EXPECT_EQ(testing::readFile(path), "text");
+    }
+}
+
+TEST_P(PosixCreation, KeepsAFileThatComesJustBeforeTheNaming) {
+    // Where the move knows no such flag, the last moment at which a file is still seen is before the look.
+    for (const char* call : {"name", "link", "move without replacing"}) {
+        calls.before(call, [&] { folder.write("New.xpj", "of another program"); });
+    }
+    EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
+}
+
+TEST_P(PosixCreation, StaysInTheFolderItOpenedWhenThePathComesToLeadElsewhere) {
+    folder.makeFolder("projects");
+    folder.makeFolder("elsewhere");
+    for (const char* call : {"make unnamed", "make hidden"}) {
+        calls.before(call, [&] {
+            std::error_code ignored;
+            std::filesystem::rename(folder / "projects", folder / "moved", ignored);
+            std::filesystem::create_directory_symlink("elsewhere", folder / "projects", ignored);
+        });
+    }
+    EXPECT_TRUE(create(folder / "projects/New.xpj", "text").has_value() || !skipped.empty());
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("elsewhere/", "moved/", "moved/New.xpj=text", "projects->elsewhere"));
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// The order of the calls, and the ways down the ladder.
+
+class CallOrder : public PosixCreation {};
+
+INSTANTIATE_TEST_SUITE_P(On, CallOrder, ::testing::ValuesIn(fileSystems),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_P(CallOrder, WritesThenSynchronisesThenNamesThenSynchronisesTheFolder) {
+    create(folder / "New.xpj", "text");
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    const std::map<std::string, std::vector<std::string>> expected{
+        {"Complete", {"open folder", "make unnamed", "write", "sync file", "name", "sync folder"}},
+        {"WithoutUnnamedFiles",
+         {"open folder", "make unnamed", "make hidden", "write", "sync file", "link", "unlink hidden", "sync folder"}},
+        {"WithoutAWayToNameUnnamedFiles",
+         {"open folder", "make unnamed", "write", "sync file", "name", "make hidden", "write", "sync file", "link",
+          "unlink hidden", "sync folder"}},
+        {"WithoutLinks",
+         {"open folder", "make unnamed", "make hidden", "write", "sync file", "link", "move without replacing",
+          "sync folder"}},
+        {"WithoutAnyOfThese",
+         {"open folder", "make unnamed", "make hidden", "write", "sync file", "link", "move without replacing", "move",
+          "sync folder"}},
+    };
+    EXPECT_EQ(calls.trace(), expected.at(GetParam().name));
+}
+
+TEST(PosixCreationByName, UsesAHiddenNameOfFixedLengthThatIsNoProjectFiles) {
+    const TemporaryFolder folder;
+    std::vector<std::string> names;
+    const auto noting = [&](const SystemCall& call) -> std::optional<long> {
+        if (call.number == SYS_openat && (call.arguments[2] & O_CREAT) != 0) {
+            EXPECT_NE(call.arguments[2] & O_EXCL, 0U);
+            EXPECT_NE(call.arguments[2] & O_NOFOLLOW, 0U);
+            names.push_back(call.text(1));
+        }
+        return isUnnamedOpening(call) ? std::optional<long>(-EOPNOTSUPP) : std::nullopt;
+    };
+    const auto disk = makePosixFileManager();
+    if (const auto reason = testing::withCallsAnswered({SYS_openat}, noting, [&] {
+            EXPECT_TRUE(disk->createFile(folder / "a.xpj", "text"));
+            EXPECT_TRUE(disk->createFile(folder / (std::string(251, 'n') + ".xpj"), "text"));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    ASSERT_EQ(names.size(), 2U);
+    EXPECT_NE(names[0], names[1]);
+    EXPECT_EQ(names[0].size(), names[1].size());
+    EXPECT_LT(names[0].size(), 64U);
+    EXPECT_EQ(names[0].front(), '.');
+    EXPECT_FALSE(names[0].ends_with(".xpj"));
+}
+
+TEST(PosixCreationByName, FailsWhenOnlyTheClosingTellsThatBytesAreLost) {
+    const TemporaryFolder folder;
+    const auto losing = [&](const SystemCall& call) -> std::optional<long> {
+        if (call.number == SYS_fsync) {
+            return -EINVAL;
+        }
+        if (call.number == SYS_openat) {
+            return isUnnamedOpening(call) ? std::optional<long>(-EOPNOTSUPP) : std::nullopt;
+        }
+        struct stat status {};
+        ::fstat(static_cast<int>(call.arguments[0]), &status);
+        if (!S_ISREG(status.st_mode)) {
+            return std::nullopt;
+        }
+        ::syscall(SYS_close, call.arguments[0]);
+        return -EDQUOT;
+    };
+    const auto disk = makePosixFileManager();
+    if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_fsync, SYS_close}, losing, [&] {
+            EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text"));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST(PosixCreationByName, TriesOnceMoreToRemoveTheHiddenName) {
+    const TemporaryFolder folder;
+    int removals = 0;
+    const auto failing = [&](const SystemCall& call) -> std::optional<long> {
+        if (call.number == SYS_openat) {
+            return isUnnamedOpening(call) ? std::optional<long>(-EOPNOTSUPP) : std::nullopt;
+        }
+        return ++removals == 1 ? std::optional<long>(-EIO) : std::nullopt;
+    };
+    const auto disk = makePosixFileManager();
+    if (const auto reason = testing::withCallsAnswered(
+            {SYS_openat, SYS_unlinkat}, failing, [&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Where no call needs to be answered in the kernel's place.
+
+class PosixCreationFails : public ::testing::Test {
+protected:
+    const TemporaryFolder folder;
+    const std::shared_ptr<FileManager> disk = makePosixFileManager();
+};
+
+TEST_F(PosixCreationFails, InAFolderThatIsGoneOrNone) {
+    folder.write("file", "text");
+    EXPECT_FALSE(disk->createFile(folder / "gone/New.xpj", "text"));
+    EXPECT_FALSE(disk->createFile(folder / "file/New.xpj", "text"));
+    EXPECT_THAT(folder.tree(), ElementsAre("file=text"));
+}
+
+TEST_F(PosixCreationFails, UnderANameWithANulByteInsteadOfCuttingIt) {
+    EXPECT_FALSE(disk->createFile(folder / std::string_view("New\0.xpj", 8), "text"));
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_F(PosixCreationFails, UnderNoNameAtAll) {
+    EXPECT_FALSE(disk->createFile(folder / "", "text"));
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_F(PosixCreationFails, InAFolderThatMustNotBeWritten) {
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0500), 0);
+    testing::withoutPrivileges([&] { EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text")); });
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_F(PosixCreationFails, NotInAFolderThatMayBeWrittenButNotListed) {
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0300), 0);
+    testing::withoutPrivileges([&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); });
+    EXPECT_EQ(testing::readFile(folder / "New.xpj"), "text");
+}
+
+TEST_F(PosixCreationFails, WhenTheDiskIsFullInTheMiddleAndLeavesTheSpaceFree) {
+    if (const auto reason = testing::withSmallDisk(1'000'000, [&](const std::filesystem::path& disk_) {
+            EXPECT_FALSE(disk->createFile(disk_ / "New.xpj", textOfSize(2'000'000)));
+            EXPECT_TRUE(std::filesystem::is_empty(disk_));
+            EXPECT_TRUE(disk->createFile(disk_ / "New.xpj", textOfSize(900'000)));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(PosixCreationFails, WhenTheFileMayNotGrowToItsSize) {
+    bool created = true;
+    testing::withLimitedFileSize(
+        100'000, [&] { created = disk->createFile(folder / "New.xpj", textOfSize(200'000)).has_value(); });
+    EXPECT_FALSE(created);
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+} // namespace
+} // namespace tarvolt

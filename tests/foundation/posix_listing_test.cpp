@@ -1,0 +1,209 @@
+#include "foundation/posix_file_manager.h"
+#include "tests/support/call_faults.h"
+#include "tests/support/privileges.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <map>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::Key;
+using testing::refuseWith;
+using testing::TemporaryFolder;
+using ::testing::UnorderedElementsAre;
+using testing::withCallsAnswered;
+
+struct Found {
+    std::optional<bool> isDirectory;
+    std::optional<std::int64_t> fileSize;
+
+    friend bool operator==(const Found&, const Found&) = default;
+};
+
+class PosixListing : public ::testing::Test {
+protected:
+    std::map<std::string, Found> list(const std::filesystem::path& path, LinkPolicy links = LinkPolicy::follow) const {
+        std::map<std::string, Found> found;
+        disk->contentsOfDirectory(path, links, [&](const DirectoryEntry& entry) {
+            found[std::string(entry.name)] = {entry.isDirectory, entry.fileSize};
+        });
+        return found;
+    }
+
+    int errorOfListing(const std::filesystem::path& path, LinkPolicy links = LinkPolicy::follow) const {
+        try {
+            list(path, links);
+        } catch (const FileError& error) {
+            return error.code().value();
+        }
+        return 0;
+    }
+
+    const TemporaryFolder folder;
+    const std::shared_ptr<FileManager> disk = makePosixFileManager();
+};
+
+TEST_F(PosixListing, TellsFilesWithTheirSizeAndFoldersWithoutOne) {
+    folder.write("Song.xpj", std::string(500, 'x'));
+    folder.write("Song_[ProjectData]/deeper.wav", "1");
+    const auto found = list(folder.path());
+    EXPECT_EQ(found.at("Song.xpj"), (Found{false, 500}));
+    EXPECT_EQ(found.at("Song_[ProjectData]"), (Found{true, std::nullopt}));
+    EXPECT_EQ(found.size(), 2U);
+}
+
+TEST_F(PosixListing, LeavesOutHiddenEntries) {
+    folder.write(".hidden.xpj", "x");
+    folder.makeFolder("._[ProjectData]");
+    folder.write("seen", "x");
+    EXPECT_THAT(list(folder.path()), UnorderedElementsAre(Key("seen")));
+}
+
+TEST_F(PosixListing, TellsOfALinkItselfAndFollowsNone) {
+    std::filesystem::create_symlink(folder.makeFolder("there"), folder / "link");
+    std::filesystem::create_symlink("nowhere", folder / "dangling");
+    const auto found = list(folder.path());
+    EXPECT_EQ(found.at("link").isDirectory, false);
+    EXPECT_EQ(found.at("link").fileSize, static_cast<std::int64_t>((folder / "there").native().size()));
+    EXPECT_EQ(found.at("dangling"), (Found{false, 7}));
+}
+
+TEST_F(PosixListing, TellsOfAPipeWithoutOpeningIt) {
+    ASSERT_EQ(::mkfifo((folder / "pipe.xpj").c_str(), 0600), 0);
+    EXPECT_EQ(list(folder.path()).at("pipe.xpj").isDirectory, false);
+}
+
+TEST_F(PosixListing, KeepsTheBytesOfNames) {
+    folder.write("caf\xe9\n.xpj", "x");
+    folder.write(std::string(255, 'n'), "x");
+    EXPECT_THAT(list(folder.path()), UnorderedElementsAre(Key("caf\xe9\n.xpj"), Key(std::string(255, 'n'))));
+}
+
+TEST_F(PosixListing, FollowsTheLinkThatTheFolderItselfIsOnlyWhereToldTo) {
+    folder.write("there/a", "x");
+    std::filesystem::create_directory_symlink("there", folder / "link");
+    EXPECT_THAT(list(folder / "link"), UnorderedElementsAre(Key("a")));
+    EXPECT_EQ(errorOfListing(folder / "link", LinkPolicy::refuse), ENOTDIR);
+    EXPECT_THAT(list(folder / "there", LinkPolicy::refuse), UnorderedElementsAre(Key("a")));
+}
+
+TEST_F(PosixListing, SaysWhyAFolderCannotBeListed) {
+    folder.write("file", "x");
+    EXPECT_EQ(errorOfListing(folder / "gone"), ENOENT);
+    EXPECT_EQ(errorOfListing(folder / "file"), ENOTDIR);
+    EXPECT_EQ(errorOfListing(folder.path().native() + std::string("\0/x", 3)), EINVAL);
+    EXPECT_EQ(errorOfListing(folder / std::string(300, 'n')), ENAMETOOLONG);
+    const auto closed = folder.makeFolder("closed");
+    ASSERT_EQ(::chmod(closed.c_str(), 0), 0);
+    testing::withoutPrivileges([&] { EXPECT_EQ(errorOfListing(closed), EACCES); });
+}
+
+TEST_F(PosixListing, VisitsEntriesOfAFolderThatMayOnlyBeListedWithoutTheirSize) {
+    const auto closed = folder.makeFolder("closed");
+    folder.write("closed/a", "x");
+    ASSERT_EQ(::chmod(closed.c_str(), 0400), 0);
+    testing::withoutPrivileges([&] { EXPECT_EQ(list(closed).at("a").fileSize, std::nullopt); });
+}
+
+TEST_F(PosixListing, VisitsAnEntryThatVanishesInBetweenWithoutASize) {
+    folder.write("a", "x");
+    const auto vanishing = [&](const testing::SystemCall& call) -> std::optional<long> {
+        if (call.text(1) == "a") {
+            std::filesystem::remove(folder / "a");
+        }
+        return std::nullopt;
+    };
+    if (const auto reason = withCallsAnswered({SYS_newfstatat}, vanishing, [&] {
+            EXPECT_EQ(list(folder.path()).at("a"), (Found{false, std::nullopt}));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(PosixListing, CannotTellWhatAnEntryIsWhereNeitherTheListingNorAClosedFolderSays) {
+    folder.write("a", "x");
+    folder.makeFolder("b");
+    // A file system that does not say in its listing what an entry is.
+    const auto withoutKinds = [](const testing::SystemCall& call) -> std::optional<long> {
+        if (call.number != SYS_getdents64) {
+            return call.text(1).empty() ? std::nullopt : std::optional<long>(-EACCES);
+        }
+        auto* buffer = reinterpret_cast<char*>(call.arguments[1]); // NOLINT(performance-no-int-to-ptr)
+        const long length = ::syscall(SYS_getdents64, call.arguments[0], buffer, call.arguments[2]);
+        for (long at = 0; at < length;) {
+            auto* item = reinterpret_cast<dirent64*>(buffer + at);
+            item->d_type = DT_UNKNOWN;
+            at += item->d_reclen;
+        }
+        return length;
+    };
+    if (const auto reason = withCallsAnswered({SYS_getdents64, SYS_newfstatat}, withoutKinds, [&] {
+            const auto found = list(folder.path());
+            EXPECT_EQ(found.at("a"), (Found{std::nullopt, std::nullopt}));
+            EXPECT_EQ(found.at("b"), (Found{std::nullopt, std::nullopt}));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(PosixListing, FailsWhenItBreaksOffInTheMiddle) {
+    for (int at = 0; at < 3000; ++at) {
+        folder.write("entry " + std::to_string(at), "");
+    }
+    int calls = 0;
+    const auto breaking = [&](const testing::SystemCall&) {
+        return ++calls == 2 ? std::optional<long>(-EIO) : std::nullopt;
+    };
+    std::size_t visited = 0;
+    int error = 0;
+    const auto reason = withCallsAnswered({SYS_getdents64}, breaking, [&] {
+        try {
+            disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, [&](const DirectoryEntry&) { ++visited; });
+        } catch (const FileError& failure) {
+            error = failure.code().value();
+        }
+    });
+    if (reason) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(error, EIO);
+    EXPECT_GT(visited, 0U);
+    EXPECT_LT(visited, 3000U);
+}
+
+TEST_F(PosixListing, OpensTheFolderAgainWhenASignalBreaksItOff) {
+    folder.write("a", "x");
+    int calls = 0;
+    const auto interrupting = [&](const testing::SystemCall&) {
+        return ++calls == 1 ? std::optional<long>(-EINTR) : std::nullopt;
+    };
+    if (const auto reason =
+            withCallsAnswered({SYS_openat}, interrupting, [&] { EXPECT_EQ(list(folder.path()).size(), 1U); })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(PosixListing, LeavesNoDescriptorOpenWhenTheVisitorThrows) {
+    folder.write("a", "x");
+    const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = open();
+    EXPECT_THROW(disk->contentsOfDirectory(folder.path(), LinkPolicy::follow,
+                                           [](const DirectoryEntry&) { throw std::bad_alloc(); }),
+                 std::bad_alloc);
+    EXPECT_EQ(open(), before);
+}
+
+} // namespace
+} // namespace tarvolt

@@ -1,0 +1,166 @@
+#include "foundation/posix_file_manager.h"
+#include "tests/support/call_faults.h"
+#include "tests/support/privileges.h"
+#include "tests/support/small_disk.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+#include <cerrno>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::SystemCall;
+using testing::TemporaryFolder;
+
+class PosixMoving : public ::testing::TestWithParam<bool> {
+protected:
+    /// The error of the move, or 0; on a file system that knows the flag not to replace, or on one that does not.
+    int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to) {
+        int error = 0;
+        const auto move = [&] {
+            try {
+                disk->moveItem(from, to);
+            } catch (const FileError& failure) {
+                error = failure.code().value();
+            }
+        };
+        if (knowsTheFlag) {
+            move();
+        } else if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, withoutTheFlag, move)) {
+            skipped = *reason;
+        }
+        return error;
+    }
+
+    static std::optional<long> withoutTheFlag(const SystemCall& call) {
+        return call.arguments[4] != 0 ? std::optional<long>(-EINVAL) : std::nullopt;
+    }
+
+    const bool knowsTheFlag = GetParam();
+    const TemporaryFolder folder;
+    const std::shared_ptr<FileManager> disk = makePosixFileManager();
+    std::string skipped;
+};
+
+#define SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED()                                                                          \
+    if (!skipped.empty())                                                                                              \
+    GTEST_SKIP() << skipped
+
+INSTANTIATE_TEST_SUITE_P(WhereTheFlagNotToReplaceIs, PosixMoving, ::testing::Values(true, false),
+                         [](const auto& test) { return test.param ? "Known" : "Unknown"; });
+
+TEST_P(PosixMoving, TakesAFolderWithAllThatIsInIt) {
+    folder.write("Song_[ProjectData]/deep/kick.wav", "boom");
+    EXPECT_EQ(errorOfMove(folder / "Song_[ProjectData]", folder / "Beat_[ProjectData]"), 0);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("Beat_[ProjectData]/", "Beat_[ProjectData]/deep/",
+                                           "Beat_[ProjectData]/deep/kick.wav=boom"));
+}
+
+TEST_P(PosixMoving, ReplacesNothing) {
+    folder.write("from/a", "1");
+    folder.makeFolder("empty folder");
+    folder.write("full folder/b", "2");
+    folder.write("file", "3");
+    std::filesystem::create_symlink("nowhere", folder / "dangling link");
+    const auto before = folder.tree();
+    for (const char* name : {"empty folder", "full folder", "file", "dangling link"}) {
+        EXPECT_EQ(errorOfMove(folder / "from", folder / name), EEXIST) << name;
+        SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    }
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_P(PosixMoving, SaysWhyItFailedAndLeavesTheItemWhereItWas) {
+    folder.write("from/a", "1");
+    const auto before = folder.tree();
+    EXPECT_EQ(errorOfMove(folder / "gone", folder / "to"), ENOENT);
+    EXPECT_EQ(errorOfMove(folder / "from", folder / "gone/to"), ENOENT);
+    EXPECT_EQ(errorOfMove(folder / "from", folder / std::string(256, 'n')), ENAMETOOLONG);
+    EXPECT_EQ(errorOfMove(folder / "from", folder / "from/inside"), EINVAL);
+    EXPECT_EQ(errorOfMove(folder / "from", folder / std::string_view("to\0x", 4)), EINVAL);
+    EXPECT_EQ(errorOfMove(folder / std::string_view("from\0x", 6), folder / "to"), EINVAL);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_P(PosixMoving, TakesALinkItselfAndNotWhatItLeadsTo) {
+    folder.write("there/a", "1");
+    std::filesystem::create_directory_symlink("there", folder / "link");
+    EXPECT_EQ(errorOfMove(folder / "link", folder / "moved"), 0);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("moved->there", "there/", "there/a=1"));
+}
+
+TEST_P(PosixMoving, FailsWhereTheFolderMustNotBeWritten) {
+    folder.write("p/from/a", "1");
+    ASSERT_EQ(::chmod((folder / "p").c_str(), 0500), 0);
+    int error = 0;
+    testing::withoutPrivileges([&] { error = errorOfMove(folder / "p/from", folder / "p/to"); });
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_EQ(error, EACCES);
+}
+
+TEST_P(PosixMoving, DoesNotCopyToAnotherDevice) {
+    folder.write("from/a", "1");
+    if (const auto reason = testing::withSmallDisk(100'000, [&](const std::filesystem::path& other) {
+            EXPECT_EQ(errorOfMove(folder / "from", other / "to"), EXDEV);
+            EXPECT_TRUE(std::filesystem::is_empty(other));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("from/", "from/a=1"));
+}
+
+class PosixMovingCalls : public ::testing::Test {
+protected:
+    const TemporaryFolder folder;
+    const std::shared_ptr<FileManager> disk = makePosixFileManager();
+};
+
+TEST_F(PosixMovingCalls, SynchroniseBothFoldersAfterTheMoveAndTakeNoFailureOfItForOne) {
+    folder.write("a/from", "1");
+    folder.makeFolder("b");
+    std::vector<std::string> trace;
+    const auto noting = [&](const SystemCall& call) -> std::optional<long> {
+        if (call.number == SYS_renameat2) {
+            trace.emplace_back("move");
+            return std::nullopt;
+        }
+        trace.push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(call.arguments[0])).filename());
+        return -EIO;
+    };
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_fsync}, noting,
+                                                       [&] { disk->moveItem(folder / "a/from", folder / "b/to"); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_THAT(trace, ElementsAre("move", "b", "a"));
+}
+
+TEST_F(PosixMovingCalls, DoNotFallBackWhenTheMoveFailsForAnotherReason) {
+    folder.write("from", "1");
+    int error = 0;
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, testing::refuseWith(EIO), [&] {
+            try {
+                disk->moveItem(folder / "from", folder / "to");
+            } catch (const FileError& failure) {
+                error = failure.code().value();
+            }
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(error, EIO);
+    EXPECT_THAT(folder.tree(), ElementsAre("from=1"));
+}
+
+} // namespace
+} // namespace tarvolt

@@ -1,0 +1,113 @@
+#include "tests/support/call_faults.h"
+
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <exception>
+#include <future>
+#include <thread>
+
+namespace tarvolt::testing {
+namespace {
+
+/// Puts the calling thread under a filter that reports the given calls; the listener's descriptor, or -1 and errno.
+int reportCalls(const std::vector<int>& numbers) {
+    std::vector<sock_filter> program{{BPF_LD | BPF_W | BPF_ABS, 0, 0, offsetof(seccomp_data, nr)}};
+    for (const int number : numbers) {
+        program.push_back({BPF_JMP | BPF_JEQ | BPF_K, 0, 1, static_cast<std::uint32_t>(number)});
+        program.push_back({BPF_RET | BPF_K, 0, 0, SECCOMP_RET_USER_NOTIF});
+    }
+    program.push_back({BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ALLOW});
+    const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
+    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
+        return -1;
+    }
+    return static_cast<int>(::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter));
+}
+
+SystemCall described(const seccomp_notif& notice) {
+    SystemCall call;
+    call.number = notice.data.nr;
+    for (std::size_t at = 0; at < call.arguments.size(); ++at) {
+        call.arguments[at] = notice.data.args[at];
+    }
+    return call;
+}
+
+/// Answers calls until the thread behind the listener has ended.
+void answerCalls(int listener, const CallAnswer& answer) {
+    pollfd waiting{listener, POLLIN, 0};
+    while (::poll(&waiting, 1, -1) >= 0 || errno == EINTR) {
+        if ((waiting.revents & POLLIN) == 0) {
+            if ((waiting.revents & POLLHUP) != 0) {
+                return;
+            }
+            continue;
+        }
+        seccomp_notif notice{};
+        if (::ioctl(listener, SECCOMP_IOCTL_NOTIF_RECV, &notice) != 0) {
+            continue;
+        }
+        seccomp_notif_resp response{};
+        response.id = notice.id;
+        if (const auto result = answer(described(notice)); !result) {
+            response.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
+        } else if (*result < 0) {
+            response.error = static_cast<int>(*result);
+        } else {
+            response.val = *result;
+        }
+        ::ioctl(listener, SECCOMP_IOCTL_NOTIF_SEND, &response);
+    }
+}
+
+} // namespace
+
+std::string SystemCall::text(std::size_t argument) const {
+    return reinterpret_cast<const char*>(arguments.at(argument)); // NOLINT(performance-no-int-to-ptr): our own memory
+}
+
+std::optional<std::string> withCallsAnswered(const std::vector<int>& numbers, const CallAnswer& answer,
+                                             const std::function<void()>& body) {
+    std::promise<std::pair<int, int>> ready;
+    std::exception_ptr failure;
+    std::thread thread([&] {
+        const int listener = reportCalls(numbers);
+        ready.set_value({listener, errno});
+        if (listener < 0) {
+            return;
+        }
+        try {
+            body();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    });
+    const auto [listener, error] = ready.get_future().get();
+    if (listener >= 0) {
+        answerCalls(listener, answer);
+        ::close(listener);
+    }
+    thread.join();
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+    if (listener < 0) {
+        return std::string("this kernel lets no program answer its own system calls: ") + std::strerror(error);
+    }
+    return std::nullopt;
+}
+
+CallAnswer refuseWith(int errorNumber) {
+    return [errorNumber](const SystemCall&) { return std::optional<long>(-errorNumber); };
+}
+
+} // namespace tarvolt::testing

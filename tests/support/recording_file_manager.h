@@ -1,0 +1,61 @@
+#pragma once
+
+#include "foundation/file_manager.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvolt::testing {
+
+/// Hands everything on to another file manager and writes it down, in the words of FakeFileManager.
+class RecordingFileManager final : public FileManager {
+public:
+    explicit RecordingFileManager(std::shared_ptr<FileManager> disk) : disk_(std::move(disk)) {}
+
+    /// Called before each operation with its line of traffic.
+    std::function<void(const std::string& line)> onCall;
+
+    const std::vector<std::string>& traffic() const { return traffic_; }
+
+    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+                             const Visitor& visit) const override {
+        note("list " + folder.native());
+        disk_->contentsOfDirectory(folder, links, visit);
+    }
+    bool fileExists(const std::filesystem::path& path) const override {
+        note("exists " + path.native());
+        return disk_->fileExists(path);
+    }
+    std::optional<std::string> contents(const std::filesystem::path& path) const override {
+        note("read " + path.native());
+        return disk_->contents(path);
+    }
+    std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override {
+        note("create " + path.native());
+        return disk_->createFile(path, contents);
+    }
+    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) override {
+        note("move " + from.native() + " -> " + to.native());
+        disk_->moveItem(from, to);
+    }
+    void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
+        note("remove " + path.native());
+        disk_->removeItem(path, onlyIf);
+    }
+
+private:
+    void note(const std::string& line) const {
+        traffic_.push_back(line);
+        if (onCall) {
+            onCall(line);
+        }
+    }
+
+    std::shared_ptr<FileManager> disk_;
+    mutable std::vector<std::string> traffic_;
+};
+
+} // namespace tarvolt::testing
