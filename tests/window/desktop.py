@@ -1,0 +1,189 @@
+"""A desktop of its own for a program: virtual display, window manager, session and accessibility bus, home folder."""
+
+import os
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+from picture import Screen
+
+# What the platform's theme is told: window, base (lists and fields), text, selection.
+palettes = {
+    "light": ("239,239,239", "255,255,255", "0,0,0", "61,174,233"),
+    "dark": ("36,36,36", "30,30,30", "255,255,255", "61,174,233"),
+}
+
+
+class Desktop:
+    """Use it in a `with`: it ends what it started and removes its folder. One at a time in a process, for the
+    accessibility library connects once. Its keyboard has the keys of an American one and one more for each of
+    `characters`."""
+
+    def __init__(self, palette="light", size=(1280, 900), fontSize=10, characters="", environment=None):
+        self.folder = Path(tempfile.mkdtemp(prefix="tarvolt-desktop-"))
+        self.home = self.folder / "home"
+        self.runtime = self.folder / "runtime"
+        self.size = size
+        self.characters = characters
+        self.started = []
+        self.environment = {
+            "PATH": "/usr/bin:/bin",
+            "HOME": str(self.home),
+            "LANG": "C.UTF-8",
+            "XDG_RUNTIME_DIR": str(self.runtime),
+            # The toolkit reads palette and fonts from this desktop's settings without further packages.
+            "XDG_CURRENT_DESKTOP": "KDE",
+            "KDE_SESSION_VERSION": "5",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            # There is no graphics card to draw with.
+            "QT_QUICK_BACKEND": "software",
+            "QT_QPA_PLATFORM": "xcb",
+            **(environment or {}),
+        }
+        if "TZ" in os.environ:
+            self.environment.setdefault("TZ", os.environ["TZ"])
+        self.home.mkdir()
+        self.runtime.mkdir(mode=0o700)
+        self._writeSettings(palette, fontSize)
+
+    def __enter__(self):
+        try:
+            self._startDisplay()
+            self._startBus()
+            self.start(["openbox", "--sm-disable"])
+            waitFor(self._hasWindowManager, "a window manager")
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def start(self, command, **options):
+        """Starts a program on this desktop; it is ended with the desktop at the latest."""
+        options.setdefault("stdout", subprocess.DEVNULL)
+        options.setdefault("stderr", subprocess.DEVNULL)
+        process = subprocess.Popen(
+            command, env=self.environment, stdin=subprocess.DEVNULL, start_new_session=True, **options
+        )
+        self.started.append(process)
+        return process
+
+    def close(self):
+        for process in reversed(self.started):
+            end(process)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def input(self, *words):
+        """Real mouse and key events: a command line of xdotool; returns what it prints."""
+        return subprocess.run(
+            ["xdotool", *map(str, words)], env=self.environment, check=True, capture_output=True, text=True, timeout=30
+        ).stdout
+
+    def stillPicture(self):
+        """The screen once two looks at it in a row are the same."""
+        last = self.screen.grab()
+
+        def still():
+            nonlocal last
+            before, last = last, self.screen.grab()
+            return before == last
+
+        waitFor(still, "a picture that stands still", pause=0.1)
+        return last
+
+    def _writeSettings(self, palette, fontSize):
+        window, base, text, selection = palettes[palette]
+        config = self.home / ".config"
+        (config / "fontconfig").mkdir(parents=True)
+        (config / "fontconfig/fonts.conf").write_text(
+            '<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig>'
+            "<alias binding='same'><family>sans-serif</family><prefer><family>Inter</family></prefer></alias>"
+            "<alias binding='same'><family>monospace</family><prefer><family>JetBrains Mono</family></prefer></alias>"
+            "</fontconfig>"
+        )
+        colours = {"Window": window, "View": base, "Button": window, "Tooltip": base}
+        sections = [
+            f"[Colors:{name}]\nBackgroundNormal={background}\nForegroundNormal={text}\n"
+            for name, background in colours.items()
+        ]
+        sections.append(f"[Colors:Selection]\nBackgroundNormal={selection}\nForegroundNormal=255,255,255\n")
+        sections.append("[KDE]\nCursorBlinkRate=0\n")
+        sections.append(f"[General]\nfont=Inter,{fontSize},-1,5,50,0,0,0,0,0\nfixed=JetBrains Mono,{fontSize},-1,5,50,0,0,0,0,0\n")
+        (config / "kdeglobals").write_text("\n".join(sections))
+
+    def _startDisplay(self):
+        reading, writing = os.pipe()
+        width, height = self.size
+        server = self.start(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder)]
+            + ["-nolisten", "tcp", "-noreset"],
+            pass_fds=[writing],
+        )
+        os.close(writing)
+        with os.fdopen(reading) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise RuntimeError(f"Xvfb did not start (status {server.wait()})")
+        self.environment["DISPLAY"] = f":{number}"
+        self.screen = Screen(self.folder / "Xvfb_screen0")
+        if self.characters:
+            self._addKeys()
+
+    def _addKeys(self):
+        """Puts the further characters on keys that no keyboard has, before anyone has asked which keys there are."""
+        codes = range(208, 256)
+        if len(self.characters) > len(codes):
+            raise ValueError(f"there are {len(codes)} spare keys, not {len(self.characters)}")
+        display = self.environment["DISPLAY"]
+        command = ["xkbcomp", "-w", "0"]
+        options = {"env": self.environment, "check": True, "text": True}
+        map = subprocess.run([*command, display, "-"], capture_output=True, **options).stdout
+        map = re.sub(r"(?m)^\s*key <I2\d\d> .*\n", "", map)
+        keys = "".join(f"    key <I{code}> {{ [ U{ord(each):04X} ] }};\n" for code, each in zip(codes, self.characters))
+        map = re.sub(r'(?m)^xkb_symbols ".*" \{\n', lambda head: head[0] + keys, map)
+        subprocess.run([*command, "-", display], input=map, **options)
+
+    def _startBus(self):
+        bus = self.start(
+            ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"],
+            stdout=subprocess.PIPE,
+            text=True,
+        )
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+
+    def _hasWindowManager(self):
+        try:
+            return self.input("get_num_desktops").strip() != ""
+        except subprocess.CalledProcessError:
+            return False
+
+
+def waitFor(condition, what, timeout=15.0, pause=0.02):
+    """Returns the first true value that `condition` gives; fails when that takes longer than `timeout` seconds."""
+    deadline = time.monotonic() + timeout
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise TimeoutError(f"waited {timeout:g} s in vain for {what}")
+        time.sleep(pause)
+
+
+def end(process):
+    """Ends a process and those it started, politely at first."""
+    for number in (signal.SIGTERM, signal.SIGKILL):
+        try:
+            os.killpg(process.pid, number)
+        except ProcessLookupError:
+            pass
+        try:
+            return process.wait(timeout=3)
+        except subprocess.TimeoutExpired:
+            continue
