@@ -12,16 +12,12 @@ bool isInsideHangulSyllable(char32_t before, char32_t after) {
     const auto kind = [](char32_t character) {
         return u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_HANGUL_SYLLABLE_TYPE);
     };
-    const int next = kind(after);
     switch (kind(before)) {
     case U_HST_LEADING_JAMO:
-        return next != U_HST_NOT_APPLICABLE && next != U_HST_TRAILING_JAMO;
+        return kind(after) == U_HST_VOWEL_JAMO;
     case U_HST_VOWEL_JAMO:
     case U_HST_LV_SYLLABLE:
-        return next == U_HST_VOWEL_JAMO || next == U_HST_TRAILING_JAMO;
-    case U_HST_TRAILING_JAMO:
-    case U_HST_LVT_SYLLABLE:
-        return next == U_HST_TRAILING_JAMO;
+        return kind(after) == U_HST_TRAILING_JAMO;
     default:
         return false;
     }

@@ -5,7 +5,8 @@ namespace tarvolt {
 /// Whether `character` belongs to the one before it: general category Mn or Me.
 bool isMark(char32_t character);
 
-/// Whether `before` and `after`, side by side, are parts of one Hangul syllable.
+/// Whether `before` and `after`, side by side, are parts of one Hangul syllable: leading consonant, vowel and perhaps a
+/// trailing consonant, one of each. A further one of the same kind is a character of its own.
 bool isInsideHangulSyllable(char32_t before, char32_t after);
 
 } // namespace tarvolt

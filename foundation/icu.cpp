@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+#include <unicode/localebuilder.h>
 #include <unicode/localpointer.h>
 #include <unicode/ures.h>
 
@@ -15,13 +16,15 @@ void throwIfFailed(UErrorCode status, const char* call) {
 }
 
 icu::Locale icuLocale(std::string_view identifier) {
-    icu::Locale locale(std::string(identifier).c_str());
+    const icu::Locale named(std::string(identifier).c_str());
     UErrorCode status = U_ZERO_ERROR;
+    icu::Locale locale = icu::LocaleBuilder()
+                             .setLanguage(named.getLanguage())
+                             .setScript(named.getScript())
+                             .setRegion(named.getCountry())
+                             .build(status);
     const icu::LocalUResourceBundlePointer bundle(ures_open(nullptr, locale.getName(), &status));
-    if (locale.isBogus() || U_FAILURE(status) || status == U_USING_DEFAULT_WARNING) {
-        return icu::Locale::getRoot();
-    }
-    return locale;
+    return U_FAILURE(status) || status == U_USING_DEFAULT_WARNING ? icu::Locale::getRoot() : locale;
 }
 
 } // namespace tarvolt

@@ -1,0 +1,70 @@
+#include "foundation/uuid.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <regex>
+#include <set>
+#include <string>
+#include <unordered_set>
+
+namespace tarvolt {
+namespace {
+
+TEST(UUID, IsNilWhenDefaultMade) {
+    EXPECT_EQ(UUID{}.uuidString(), "00000000-0000-0000-0000-000000000000");
+}
+
+TEST(UUID, WritesItsBytesInOrderInLowerCase) {
+    const UUID id{{0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0xFE, 0xDC, 0xBA, 0x98, 0x76, 0x54, 0x32, 0x10}};
+    EXPECT_EQ(id.uuidString(), "01234567-89ab-cdef-fedc-ba9876543210");
+}
+
+TEST(UUID, IsOfVersionFourAndOfTheUsualVariant) {
+    const std::regex form("[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}");
+    for (int round = 0; round < 1000; ++round) {
+        const std::string text = UUID::random().uuidString();
+        ASSERT_TRUE(std::regex_match(text, form)) << text;
+    }
+}
+
+TEST(UUID, DoesNotRepeat) {
+    std::set<UUID> ids;
+    std::unordered_set<UUID> hashed;
+    for (int round = 0; round < 10000; ++round) {
+        const UUID id = UUID::random();
+        ASSERT_TRUE(ids.insert(id).second) << id.uuidString();
+        ASSERT_TRUE(hashed.insert(id).second) << id.uuidString();
+    }
+}
+
+TEST(UUID, IsRandomInEveryBitButSix) {
+    std::array<std::uint8_t, 16> everSet{};
+    std::array<std::uint8_t, 16> everClear{};
+    for (int round = 0; round < 200; ++round) {
+        const UUID id = UUID::random();
+        for (std::size_t index = 0; index < id.bytes.size(); ++index) {
+            everSet[index] = static_cast<std::uint8_t>(everSet[index] | id.bytes[index]);
+            everClear[index] = static_cast<std::uint8_t>(everClear[index] | ~id.bytes[index]);
+        }
+    }
+    for (std::size_t index = 0; index < everSet.size(); ++index) {
+        const int fixed = index == 6 ? 0xF0 : index == 8 ? 0xC0 : 0;
+        EXPECT_EQ(everSet[index] & everClear[index], 0xFF & ~fixed) << index;
+    }
+}
+
+TEST(UUID, IsEqualAndHashesEquallyByItsBytes) {
+    const UUID id = UUID::random();
+    const UUID copy = id;
+    UUID other = id;
+    other.bytes[15] = static_cast<std::uint8_t>(other.bytes[15] ^ 1U);
+    EXPECT_EQ(copy, id);
+    EXPECT_NE(other, id);
+    EXPECT_EQ(std::hash<UUID>{}(copy), std::hash<UUID>{}(id));
+}
+
+} // namespace
+} // namespace tarvolt

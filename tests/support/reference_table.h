@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvolt::testing {
+
+/// One line of a table of known results, its fields unescaped. Printed as it stands in the file.
+struct ReferenceRow {
+    std::string place; ///< file name and line number
+    std::string line;
+    std::vector<std::string> fields;
+
+    friend std::ostream& operator<<(std::ostream& out, const ReferenceRow& row) {
+        return out << row.place << ": " << row.line;
+    }
+};
+
+/// The rows of a file in tests/data/reference. Throws unless it has `rows` lines of `columns` fields each; 0 columns
+/// stand for any number.
+std::vector<ReferenceRow> readReferenceTable(const std::string& name, std::size_t rows, std::size_t columns);
+
+/// `text` with each `\u{hex}` made the code point it stands for. Throws where one is not complete.
+std::string unescaped(std::string_view text);
+
+/// A code point as UTF-8; a surrogate becomes its three bytes all the same.
+std::string utf8Of(char32_t character);
+
+} // namespace tarvolt::testing

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvolt::testing {
+
+// The text services once more, in the most obvious way and without any regard to time. What they need of Unicode they
+// take from single characters' properties; order and boundaries are worked out here.
+
+bool slowIsValidUtf8(std::string_view bytes);
+
+/// The characters of a well-formed text.
+std::vector<char32_t> slowDecode(std::string_view text);
+
+/// The canonical decomposition of a well-formed text, in canonical order.
+std::vector<char32_t> slowDecompose(std::string_view text);
+
+bool slowContains(std::string_view text, std::string_view search, bool turkic);
+
+std::string slowReplaceAll(std::string_view text, std::string_view oldText, std::string_view newText);
+
+} // namespace tarvolt::testing
