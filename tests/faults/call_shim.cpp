@@ -1,0 +1,126 @@
+// Put between a program and the C library by LD_PRELOAD. TARVOLT_SHIM holds what it does, words with commas between:
+//
+//   stop             say on standard error what call comes next, and stop until the driver continues the process
+//   short            carry over at most a few bytes in one read or write, as a signal or a full pipe would
+//
+// and, for drivers to show that they find it, faults that the program itself does not have:
+//
+//   no-fsync         bring nothing to the disk and say it is done
+//   replacing-move   move without the flag that forbids replacing
+//   lying-write      write half and say all
+//   blind-identity   take whatever stands at a path for the file that was just written
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+bool asked(const char* word) {
+    const char* words = std::getenv("TARVOLT_SHIM");
+    return words != nullptr && ("," + std::string(words) + ",").find("," + std::string(word) + ",") != std::string::npos;
+}
+
+template<class Call> Call real(const char* name) {
+    return reinterpret_cast<Call>(dlsym(RTLD_NEXT, name));
+}
+
+void before(const char* call, const char* path = "") {
+    static const bool stops = asked("stop");
+    if (stops) {
+        dprintf(STDERR_FILENO, "%s %s\n", call, path);
+        std::raise(SIGSTOP);
+    }
+}
+
+size_t carried(size_t count) {
+    static const bool isShort = asked("short");
+    static size_t turn = 0;
+    return isShort ? std::min<size_t>(count, 1 + turn++ % 7) : count;
+}
+
+struct stat lastWritten {};
+
+} // namespace
+
+extern "C" {
+
+ssize_t read(int file, void* bytes, size_t count) {
+    before("read");
+    return real<ssize_t (*)(int, void*, size_t)>("read")(file, bytes, carried(count));
+}
+
+ssize_t write(int file, const void* bytes, size_t count) {
+    before("write");
+    static const bool lies = asked("lying-write");
+    const auto done = real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, carried(lies ? count / 2 : count));
+    return lies && done >= 0 ? static_cast<ssize_t>(count) : done;
+}
+
+int fsync(int file) {
+    before("fsync");
+    static const bool skips = asked("no-fsync");
+    return skips ? 0 : real<int (*)(int)>("fsync")(file);
+}
+
+int open(const char* path, int flags, ...) {
+    before("open", path);
+    return real<int (*)(const char*, int, ...)>("open")(path, flags);
+}
+
+int openat(int folder, const char* path, int flags, ...) {
+    before("openat", path);
+    return real<int (*)(int, const char*, int, ...)>("openat")(folder, path, flags, 0666);
+}
+
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
+    before("linkat", to);
+    return real<int (*)(int, const char*, int, const char*, int)>("linkat")(fromFolder, from, toFolder, to, flags);
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
+    before("renameat2", to);
+    static const bool replaces = asked("replacing-move");
+    return real<int (*)(int, const char*, int, const char*, unsigned)>("renameat2")(fromFolder, from, toFolder, to,
+                                                                                    replaces ? 0 : flags);
+}
+
+int unlinkat(int folder, const char* path, int flags) {
+    before("unlinkat", path);
+    return real<int (*)(int, const char*, int)>("unlinkat")(folder, path, flags);
+}
+
+int stat(const char* path, struct stat* status) {
+    before("stat", path);
+    return real<int (*)(const char*, struct stat*)>("stat")(path, status);
+}
+
+int lstat(const char* path, struct stat* status) {
+    before("lstat", path);
+    return real<int (*)(const char*, struct stat*)>("lstat")(path, status);
+}
+
+int fstat(int file, struct stat* status) {
+    before("fstat");
+    const int result = real<int (*)(int, struct stat*)>("fstat")(file, status);
+    lastWritten = *status;
+    return result;
+}
+
+int fstatat(int folder, const char* path, struct stat* status, int flags) {
+    before("fstatat", path);
+    static const bool blind = asked("blind-identity");
+    const int result = real<int (*)(int, const char*, struct stat*, int)>("fstatat")(folder, path, status, flags);
+    if (blind && result == 0) {
+        *status = lastWritten;
+    }
+    return result;
+}
+}

@@ -1,0 +1,133 @@
+"""Another process meddles at the worst moment: races.py PROGRAMS
+
+The rename is stopped before each of its calls, in a fresh folder each time, and one foreign act is done there. Whatever
+the rename then answers, nothing foreign may be overwritten, removed or followed, and the project must be whole. The
+same is run first with planted faults, each of which must be found.
+"""
+
+import os
+import sys
+
+from rename_case import DATA, NEW, NEW_TEXT, OLD, SAMPLES, TEXT, Folder, Run, read, tree, verdict, whole_data, write
+
+FOREIGN = b"somebody else's work"
+
+
+def make_new_file(folder):
+    if not os.path.lexists(f"{folder.projects}/{NEW}.xpj"):
+        write(f"{folder.projects}/{NEW}.xpj", FOREIGN)
+
+
+def replace_new_file(folder):
+    if os.path.lexists(f"{folder.projects}/{NEW}.xpj"):
+        write(f"{folder.path}/draft", FOREIGN)
+        os.replace(f"{folder.path}/draft", f"{folder.projects}/{NEW}.xpj")
+
+
+def make_new_folder(folder):
+    if not os.path.lexists(f"{folder.projects}/{NEW}{DATA}"):
+        os.mkdir(f"{folder.projects}/{NEW}{DATA}")
+
+
+def make_new_folder_with_content(folder):
+    if not os.path.lexists(f"{folder.projects}/{NEW}{DATA}"):
+        write(f"{folder.projects}/{NEW}{DATA}/foreign.wav", FOREIGN)
+
+
+def remove_old_file(folder):
+    if os.path.lexists(f"{folder.projects}/{OLD}.xpj"):
+        os.remove(f"{folder.projects}/{OLD}.xpj")
+
+
+def replace_old_file(folder):
+    if os.path.lexists(f"{folder.projects}/{OLD}.xpj"):
+        write(f"{folder.path}/draft", FOREIGN)
+        os.replace(f"{folder.path}/draft", f"{folder.projects}/{OLD}.xpj")
+
+
+def swap_data_folder_for_a_link(folder):
+    if os.path.isdir(f"{folder.projects}/{OLD}{DATA}"):
+        os.rename(f"{folder.projects}/{OLD}{DATA}", f"{folder.path}/moved away")
+        os.symlink(f"{folder.path}/outside", f"{folder.projects}/{OLD}{DATA}")
+
+
+def swap_old_file_for_a_link(folder):
+    if os.path.lexists(f"{folder.projects}/{OLD}.xpj"):
+        os.rename(f"{folder.projects}/{OLD}.xpj", f"{folder.path}/kept.xpj")
+        os.symlink(f"{folder.path}/outside/victim.xpj", f"{folder.projects}/{OLD}.xpj")
+
+
+def swap_projects_for_a_link(folder):
+    os.rename(folder.projects, f"{folder.path}/moved projects")
+    os.symlink(f"{folder.path}/outside", folder.projects)
+
+
+ACTS = [make_new_file, replace_new_file, make_new_folder, make_new_folder_with_content, remove_old_file,
+        replace_old_file, swap_data_folder_for_a_link, swap_old_file_for_a_link, swap_projects_for_a_link]
+
+
+def foreign_items(folder):
+    """What belongs to somebody else, by path: bytes of files, and which item on disk a foreign folder is."""
+    found = {path: what for path, what in tree(folder.path).items() if what == FOREIGN or path.startswith("outside")}
+    new_folder = f"{folder.projects}/{NEW}{DATA}"
+    if os.path.isdir(new_folder) and os.stat(new_folder).st_ino != folder.data_inode:
+        found[f"projects/{NEW}{DATA}"] = os.stat(new_folder).st_ino
+    return found
+
+
+def lost(folder, before):
+    after = foreign_items(folder)
+    return [path for path, what in before.items() if after.get(path) != what]
+
+
+def is_whole(folder):
+    """The project's text and its samples are there, under the old or the new name, wherever they were put."""
+    places = [folder.projects, f"{folder.path}/moved projects", folder.path]
+    texts = [read(path) for place in places for path in (f"{place}/{OLD}.xpj", f"{place}/{NEW}.xpj", f"{place}/kept.xpj")]
+    data = [f"{folder.path}/moved away"] + [f"{place}/{name}{DATA}" for place in places for name in (OLD, NEW)]
+    has_data = any(all(read(f"{at}/{sample}") == bytes_ for sample, bytes_ in SAMPLES.items()) for at in data)
+    return has_data, TEXT in texts or NEW_TEXT in texts
+
+
+def one_race(programs, plant, act, at):
+    """Runs to the call number `at`, acts, runs to the end. None when there are fewer calls, else the faults."""
+    with Folder() as folder:
+        folder.data_inode = os.stat(f"{folder.projects}/{OLD}{DATA}").st_ino
+        write(f"{folder.path}/outside/victim.xpj", FOREIGN)
+        write(f"{folder.path}/outside/{OLD}{DATA}/victim.wav", FOREIGN)
+        run = Run(programs, folder.projects, f"stop,{plant}" if plant else "stop")
+        call = None
+        for _ in range(at):
+            call = run.next_call()
+            if call is None:
+                run.result()
+                return None
+        act(folder)
+        before = foreign_items(folder)
+        message = run.result()
+        faults = [f"{path} was lost or changed" for path in lost(folder, before)]
+        has_data, has_text = is_whole(folder)
+        # Removing or replacing the old file is the foreign act itself: then the text is lost only to that.
+        if not has_data or (not has_text and act not in (remove_old_file, replace_old_file)):
+            faults.append(f"the project is not whole (data {has_data}, text {has_text})")
+        return [f"{act.__name__} before call {at} ({call}): {fault}; the rename said: {message}" for fault in faults]
+
+
+def races(programs, plant=None, acts=None):
+    faults, count = [], 0
+    for act in acts or ACTS:
+        at = 1
+        while (found := one_race(programs, plant, act, at)) is not None:
+            faults += found
+            count += 1
+            at += 1
+    return faults, count
+
+
+if __name__ == "__main__":
+    PROGRAMS = sys.argv[1]
+    for PLANT, ACT in (("replacing-move", make_new_folder), ("blind-identity", replace_new_file)):
+        if not races(PROGRAMS, PLANT, [ACT])[0]:
+            sys.exit(f"the planted fault {PLANT} went unnoticed: this check finds nothing")
+    FAULTS, COUNT = races(PROGRAMS)
+    verdict(FAULTS, f"{COUNT} races")

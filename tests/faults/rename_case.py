@@ -1,0 +1,128 @@
+"""One rename of one project, run in a folder of its own under the call shim, and what must hold afterwards."""
+
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+
+OLD, NEW = "Night Drive", "Dawn"
+DATA = "_[ProjectData]"
+TEXT = "".join(f'<Sample path="{OLD}{DATA}/kick {i}.wav" of="{OLD}"/>\r\n' for i in range(40)).encode()
+NEW_TEXT = TEXT.replace((OLD + DATA).encode(), (NEW + DATA).encode())
+SAMPLES = {"kick.wav": b"k" * 999, "deep/snare.wav": b"s" * 77}
+
+
+def fill(folder):
+    """Puts the project OLD and one that must never change into `folder`."""
+    os.makedirs(folder, exist_ok=True)
+    write(f"{folder}/{OLD}.xpj", TEXT)
+    for name, data in SAMPLES.items():
+        write(f"{folder}/{OLD}{DATA}/{name}", data)
+    write(f"{folder}/Bystander.xpj", b"not ours")
+
+
+def write(path, data):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "wb") as file:
+        file.write(data)
+
+
+def read(path):
+    try:
+        with open(path, "rb") as file:
+            return file.read()
+    except OSError:
+        return None
+
+
+def tree(folder):
+    """Everything below `folder`, links not followed: {relative path: bytes, "folder" or ("link", target)}."""
+    found = {}
+    for at, folders, files in os.walk(folder):
+        for name in folders + files:
+            path = os.path.join(at, name)
+            key = os.path.relpath(path, folder)
+            if os.path.islink(path):
+                found[key] = ("link", os.readlink(path))
+            elif os.path.isdir(path):
+                found[key] = "folder"
+            else:
+                found[key] = read(path)
+    return found
+
+
+def whole_data(folder, name):
+    return all(read(f"{folder}/{name}{DATA}/{sample}") == data for sample, data in SAMPLES.items())
+
+
+def clean_state(folder):
+    """The number of the clean state that `folder` is in, or a text that says what is wrong with it."""
+    old, new = read(f"{folder}/{OLD}.xpj"), read(f"{folder}/{NEW}.xpj")
+    at_old, at_new = whole_data(folder, OLD), whole_data(folder, NEW)
+    if old not in (None, TEXT):
+        return "the old project file is damaged"
+    if new not in (None, NEW_TEXT):
+        return "the new project file is damaged"
+    if os.path.lexists(f"{folder}/{OLD}{DATA}") and os.path.lexists(f"{folder}/{NEW}{DATA}"):
+        return "there are two data folders"
+    states = {(True, False, True, False): 1, (True, True, True, False): 2, (True, True, False, True): 3,
+              (False, True, False, True): 4}
+    state = states.get((old is not None, new is not None, at_old, at_new))
+    return state or f"old file {old is not None}, new file {new is not None}, data {at_old} {at_new}"
+
+
+class Run:
+    """The rename program under the shim, in the mode `shim`; with "stop" it is driven from call to call."""
+
+    def __init__(self, programs, folder, shim, new=NEW):
+        environment = dict(os.environ, LD_PRELOAD=f"{programs}/libtarvolt_call_shim.so", TARVOLT_SHIM=shim)
+        self.process = subprocess.Popen([f"{programs}/tarvolt_rename_once", folder, OLD, new], env=environment,
+                                        stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.calls = []
+
+    def next_call(self):
+        """Lets the program go on to its next call and returns that; None at the end."""
+        if self.calls:
+            self.process.send_signal(signal.SIGCONT)
+        _, status = os.waitpid(self.process.pid, os.WUNTRACED)
+        if os.WIFSTOPPED(status):
+            self.calls.append(self.process.stderr.readline().decode().strip())
+            return self.calls[-1]
+        self.process.returncode = os.waitstatus_to_exitcode(status)
+        return None
+
+    def result(self):
+        """Runs to the end and returns the message."""
+        if self.calls and self.process.returncode is None:
+            while self.next_call() is not None:
+                pass
+        output, errors = self.process.communicate()
+        if self.process.returncode != 0:
+            raise SystemExit(f"the rename program ended with {self.process.returncode}: {errors.decode()}")
+        return output.decode().split("\n", 1)[1].strip()
+
+
+class Folder:
+    """A temporary folder with the project in it."""
+
+    def __enter__(self):
+        self.path = tempfile.mkdtemp(prefix="tarvolt-fault-")
+        fill(f"{self.path}/projects")
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.path)
+
+    @property
+    def projects(self):
+        return f"{self.path}/projects"
+
+
+def verdict(faults, what):
+    """Ends the driver: says what was tried, and every fault that was found."""
+    for fault in faults:
+        print("FAULT:", fault)
+    print(f"{what}: {len(faults)} faults found")
+    sys.exit(1 if faults else 0)

@@ -1,0 +1,52 @@
+// Performs one rename on the real disk: tarvolt_rename_once FOLDER OLD NEW. Prints "renamed" or the message a person
+// would see; the exit status is 0 either way, so that any other status is a crash.
+#include "foundation/posix_file_manager.h"
+#include "model/folder_scan.h"
+#include "model/mpc_scanner.h"
+#include "rename/rename_error.h"
+
+#include <sys/stat.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace {
+
+class ImmediateQueue final : public tarvolt::DispatchQueue {
+public:
+    void async(tarvolt::Task task) override { task(); }
+    void asyncAfter(std::chrono::milliseconds, tarvolt::Task task) override { task(); }
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace tarvolt;
+    if (argc != 4) {
+        std::fputs("usage: tarvolt_rename_once FOLDER OLD NEW\n", stderr);
+        return 2;
+    }
+    const std::string folder = argv[1];
+    const std::string name = argv[2];
+    const auto queue = std::make_shared<ImmediateQueue>();
+    const auto scanner = MPCScanner::create({makePosixFileManager(), queue, queue, nullptr});
+    scanner->folderURL.set(folder);
+    const std::string dataFolder = folder + "/" + name + std::string(dataFolderSuffix);
+    MPCProject project;
+    project.baseName = name;
+    project.xpjURL = folder + "/" + name + ".xpj";
+    if (struct stat status {}; ::stat(dataFolder.c_str(), &status) == 0) {
+        project.dataFolderURL = dataFolder;
+    }
+    std::puts("begin");
+    std::fflush(stdout);
+    try {
+        scanner->rename(project, argv[3]);
+        std::puts("renamed");
+    } catch (const RenameError& error) {
+        std::puts(error.errorDescription().c_str());
+    }
+    return 0;
+}
