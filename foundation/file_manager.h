@@ -34,12 +34,21 @@ struct DirectoryEntry {
     std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder and when it cannot be read
 };
 
-/// Which item on disk a file was when it was made; it outlives a rename of the item and not its replacement.
+/// Which item on disk something is; it outlives a move of the item and not its replacement.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
 
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
+/// An item on disk as it was at one moment; another once the item is replaced or written to.
+struct FileState {
+    FileIdentity identity;
+    std::int64_t size = 0;     ///< bytes
+    std::int64_t modified = 0; ///< nanoseconds since 1970
+
+    friend bool operator==(const FileState&, const FileState&) = default;
 };
 
 enum class LinkPolicy { follow, refuse };
@@ -65,6 +74,9 @@ public:
     /// Whether anything at all is at `path`, a dangling link included. False when that cannot be told.
     virtual bool fileExists(const std::filesystem::path& path) const = 0;
 
+    /// What is at `path` itself, a link not followed; absent when that cannot be told.
+    virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
+
     /// The whole bytes of the regular file at `path`, links followed; absent when it cannot be read, or is a pipe, a
     /// device, a socket or a folder (none of which is ever opened). Throws std::bad_alloc only.
     virtual std::optional<std::string> contents(const std::filesystem::path& path) const = 0;
@@ -75,11 +87,13 @@ public:
     virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) = 0;
 
     /// Moves an item within one file system and makes both folders durable as far as they allow. Never replaces
-    /// anything, an empty folder included. Throws FileError; the item is then where it was.
-    virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    /// anything, an empty folder included. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws
+    /// FileError; the item is then where it was.
+    virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
+                          std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 
     /// Removes the file or link at `path` itself, never a folder nor what a link leads to, and makes its folder durable
-    /// as far as it allows. With `onlyIf`, an item of another identity is left alone (EEXIST). Throws FileError; the
+    /// as far as it allows. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError; the
     /// item is then still there.
     virtual void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 };

@@ -55,6 +55,17 @@ std::optional<FileIdentity> Place::identity() const {
     return FileIdentity{status.st_dev, status.st_ino};
 }
 
+bool Place::holds(const std::optional<FileIdentity>& expected) const {
+    if (!expected) {
+        return true;
+    }
+    const auto found = identity();
+    if (found && *found != *expected) {
+        errno = EBUSY; // somebody else is at work here
+    }
+    return found == expected;
+}
+
 bool Place::synchroniseFolder() const {
     return !isReadable_ || synchronise(folder_);
 }

@@ -68,6 +68,9 @@ public:
     /// The item itself, a link not followed; absent (and errno set) when there is none.
     std::optional<FileIdentity> identity() const;
 
+    /// Whether the item is the one of `identity`, when that is asked for; else errno says what is wrong.
+    bool holds(const std::optional<FileIdentity>& identity) const;
+
     /// Makes the names in the folder durable. False when that failed; a folder that cannot be opened for reading, or
     /// a file system that knows no such thing, has not failed.
     bool synchroniseFolder() const;

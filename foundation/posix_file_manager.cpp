@@ -107,6 +107,17 @@ public:
         return !posix::holdsNul(path) && ::lstat(path.c_str(), &status) == 0;
     }
 
+    std::optional<FileState> state(const std::filesystem::path& path) const override {
+        constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+        struct stat status {};
+        if (posix::holdsNul(path) || ::lstat(path.c_str(), &status) != 0) {
+            return std::nullopt;
+        }
+        return FileState{{status.st_dev, status.st_ino},
+                         status.st_size,
+                         status.st_mtim.tv_sec * nanosecondsPerSecond + status.st_mtim.tv_nsec};
+    }
+
     std::optional<std::string> contents(const std::filesystem::path& path) const override {
         struct stat status {};
         if (posix::holdsNul(path) || ::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
@@ -130,11 +141,12 @@ public:
         }
     }
 
-    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
+                  std::optional<FileIdentity> onlyIf) override {
         const Place source(from, "rename");
         const Place destination(to, "rename");
-        if (posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(), destination.name()) !=
-            0) {
+        if (!source.holds(onlyIf) || posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(),
+                                                                 destination.name()) != 0) {
             throw FileError(errno, "rename", from);
         }
         // The move is done and is not undone for this: after a power cut the item is under one name or the other.
@@ -144,13 +156,7 @@ public:
 
     void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
         const Place place(path, "unlink");
-        if (onlyIf) {
-            const auto found = place.identity();
-            if (found != onlyIf) {
-                throw FileError(found ? EEXIST : errno, "unlink", path);
-            }
-        }
-        if (::unlinkat(place.folder(), place.name(), 0) != 0) {
+        if (!place.holds(onlyIf) || ::unlinkat(place.folder(), place.name(), 0) != 0) {
             throw FileError(errno, "unlink", path);
         }
         place.synchroniseFolder(); // a removal that a power cut takes back leaves one file too many, none too few

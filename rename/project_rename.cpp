@@ -5,6 +5,7 @@
 #include "rename/reference_rewrite.h"
 #include "rename/rename_error.h"
 
+#include <cerrno>
 #include <exception>
 
 namespace tarvolt {
@@ -30,6 +31,10 @@ std::string lastComponent(const path& location) {
 std::string reason(const std::exception& failure) {
     const auto* fileError = dynamic_cast<const FileError*>(&failure);
     return fileError != nullptr ? fileError->localizedDescription() : failure.what();
+}
+
+std::optional<FileIdentity> identityOf(const std::optional<FileState>& state) {
+    return state ? std::optional(state->identity) : std::nullopt;
 }
 
 std::string readText(const FileManager& fileManager, const path& projectFile) {
@@ -71,10 +76,10 @@ FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile,
     return *created;
 }
 
-void moveDataFolder(FileManager& fileManager, const path& from, const path& to, const path& newProjectFile,
-                    const FileIdentity& created) {
+void moveDataFolder(FileManager& fileManager, const path& from, const std::optional<FileState>& seen, const path& to,
+                    const path& newProjectFile, const FileIdentity& created) {
     try {
-        fileManager.moveItem(from, to);
+        fileManager.moveItem(from, to, identityOf(seen));
     } catch (const std::exception& moveFailure) {
         try {
             fileManager.removeItem(newProjectFile, created);
@@ -85,9 +90,16 @@ void moveDataFolder(FileManager& fileManager, const path& from, const path& to, 
     }
 }
 
-void removeOldProjectFile(FileManager& fileManager, const path& projectFile) {
+void removeOldProjectFile(FileManager& fileManager, const path& projectFile, const std::optional<FileState>& seen,
+                          const path& newProjectFile, const FileIdentity& created) {
     try {
-        fileManager.removeItem(projectFile);
+        // The old file is the last copy of what somebody else wrote into it meanwhile, and of everything should
+        // somebody have taken the new one away.
+        const auto present = fileManager.state(projectFile);
+        if (present && (present != seen || identityOf(fileManager.state(newProjectFile)) != created)) {
+            throw FileError(EBUSY, "unlink", projectFile);
+        }
+        fileManager.removeItem(projectFile, identityOf(seen));
     } catch (const std::exception& failure) {
         // Nothing is rolled back: the project is whole under its new name, and the old file harms nothing.
         throw RenameError::deleteFailed("Could not remove old .xpj: " + reason(failure));
@@ -110,13 +122,17 @@ void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
     if (fileManager->fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);
     }
+    // What is moved and removed later is what was here now, or nothing.
+    const auto oldFileSeen = fileManager->state(project.xpjURL);
+    const auto oldFolderSeen =
+        project.dataFolderURL ? fileManager->state(*project.dataFolderURL) : std::optional<FileState>();
     const std::string oldText = readText(*fileManager, project.xpjURL);
     const std::string newText = updatedText(oldText, project.baseName, newName);
     const FileIdentity created = writeProjectFile(*fileManager, newProjectFile, newText);
     if (project.dataFolderURL) {
-        moveDataFolder(*fileManager, *project.dataFolderURL, newDataFolder, newProjectFile, created);
+        moveDataFolder(*fileManager, *project.dataFolderURL, oldFolderSeen, newDataFolder, newProjectFile, created);
     }
-    removeOldProjectFile(*fileManager, project.xpjURL);
+    removeOldProjectFile(*fileManager, project.xpjURL, oldFileSeen, newProjectFile, created);
     log("Renamed \"" + project.baseName + "\" → \"" + newName + "\"", false);
 }
 

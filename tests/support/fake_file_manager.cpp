@@ -138,6 +138,26 @@ bool FakeFileManager::fileExists(const std::filesystem::path& path) const {
     return find(path.native(), false) != nullptr;
 }
 
+std::optional<FileState> FakeFileManager::state(const std::filesystem::path& path) const {
+    const Guard guard(mutex_);
+    const auto found = items_.find(path.native());
+    if (found == items_.end()) {
+        return std::nullopt;
+    }
+    const auto& contents = found->second.item.contents;
+    return FileState{{1, found->second.serial},
+                     static_cast<std::int64_t>(contents.size()),
+                     static_cast<std::int64_t>(std::hash<std::string>{}(contents) >> 1U)};
+}
+
+void FakeFileManager::expect(const char* call, const std::filesystem::path& path,
+                             const std::optional<FileIdentity>& onlyIf) const {
+    const auto found = state(path);
+    if (!found || (onlyIf && found->identity != *onlyIf)) {
+        throw FileError(found ? EBUSY : ENOENT, call, path);
+    }
+}
+
 std::optional<std::string> FakeFileManager::contents(const std::filesystem::path& path) const {
     const Guard guard(mutex_);
     const int error = begin("read", path.native());
@@ -157,14 +177,13 @@ std::optional<FileIdentity> FakeFileManager::createFile(const std::filesystem::p
     return FileIdentity{1, items_.at(path.native()).serial};
 }
 
-void FakeFileManager::moveItem(const std::filesystem::path& from, const std::filesystem::path& to) {
+void FakeFileManager::moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
+                               std::optional<FileIdentity> onlyIf) {
     const Guard guard(mutex_);
     if (const int error = begin("move", from.native() + " -> " + to.native())) {
         throw FileError(error, "rename", from);
     }
-    if (find(from.native(), false) == nullptr) {
-        throw FileError(ENOENT, "rename", from);
-    }
+    expect("rename", from, onlyIf);
     if (find(to.native(), false) != nullptr) {
         throw FileError(EEXIST, "rename", to);
     }
@@ -181,15 +200,10 @@ void FakeFileManager::removeItem(const std::filesystem::path& path, std::optiona
     if (const int error = begin("remove", path.native())) {
         throw FileError(error, "unlink", path);
     }
+    expect("unlink", path, onlyIf);
     const auto found = items_.find(path.native());
-    if (found == items_.end()) {
-        throw FileError(ENOENT, "unlink", path);
-    }
     if (found->second.item.kind == Kind::folder) {
         throw FileError(EISDIR, "unlink", path);
-    }
-    if (onlyIf && *onlyIf != FileIdentity{1, found->second.serial}) {
-        throw FileError(EEXIST, "unlink", path);
     }
     items_.erase(found);
 }

@@ -54,9 +54,12 @@ public:
     void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
                              const Visitor& visit) const override;
     bool fileExists(const std::filesystem::path& path) const override;
+    /// Not part of the traffic: it is only a look. A file that is written to gets another state.
+    std::optional<FileState> state(const std::filesystem::path& path) const override;
     std::optional<std::string> contents(const std::filesystem::path& path) const override;
     std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override;
-    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) override;
+    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
+                  std::optional<FileIdentity> onlyIf) override;
     void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override;
 
 private:
@@ -73,6 +76,7 @@ private:
     Item& add(const std::string& path, Kind kind);
     /// Notes the call and returns the error it is to fail with, or 0.
     int begin(const std::string& operation, const std::string& rest) const;
+    void expect(const char* call, const std::filesystem::path& path, const std::optional<FileIdentity>& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;
 
     mutable std::recursive_mutex mutex_;
