@@ -1,0 +1,109 @@
+#include "rename/name_validation.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace tarvolt {
+namespace {
+
+const std::string refusedCharacters = R"(Contains invalid characters: / < > : " | ? * \)";
+const std::string refusedEmptiness = "Name cannot be empty";
+
+/// The payload of the refusal, or nothing for an acceptable name.
+std::string refusal(std::string_view name) {
+    const auto error = validateProjectName(name);
+    if (!error) {
+        return {};
+    }
+    EXPECT_EQ(error->kind(), RenameError::Case::invalidName);
+    EXPECT_EQ(error->errorDescription(), "Invalid name: " + error->payload());
+    return error->payload();
+}
+
+std::string utf8(char32_t code) {
+    const auto byte = [](char32_t bits) { return static_cast<char>(bits); };
+    if (code < 0x80) {
+        return {byte(code)};
+    }
+    if (code < 0x800) {
+        return {byte(0xC0 | code >> 6), byte(0x80 | (code & 0x3F))};
+    }
+    if (code < 0x10000) {
+        return {byte(0xE0 | code >> 12), byte(0x80 | (code >> 6 & 0x3F)), byte(0x80 | (code & 0x3F))};
+    }
+    return {byte(0xF0 | code >> 18), byte(0x80 | (code >> 12 & 0x3F)), byte(0x80 | (code >> 6 & 0x3F)),
+            byte(0x80 | (code & 0x3F))};
+}
+
+constexpr std::array<char32_t, 18> whiteSpace{0x9,    0x20,   0xA0,   0x1680, 0x2000, 0x2001, 0x2002, 0x2003, 0x2004,
+                                              0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A, 0x202F, 0x205F, 0x3000};
+
+TEST(NameValidation, NamesTheNineRefusedCharactersInFortySixCharacters) {
+    EXPECT_EQ(refusedCharacters.size(), 46U);
+    EXPECT_EQ(refusal("a/b"), refusedCharacters);
+}
+
+TEST(NameValidation, DecidesForEveryCodePointAloneAndBetweenLetters) {
+    const std::u32string refused = U"/<>:\"|?*\\";
+    for (char32_t code = 0; code <= 0x10FFFF; ++code) {
+        const bool isRefused = refused.find(code) != std::u32string::npos;
+        const bool isBlank = std::find(whiteSpace.begin(), whiteSpace.end(), code) != whiteSpace.end();
+        // Surrogates have no well-formed bytes; theirs are acceptable here and fail later, when they are to be written.
+        const auto character = utf8(code);
+        ASSERT_EQ(refusal(character), isRefused ? refusedCharacters
+                                      : isBlank ? refusedEmptiness
+                                                : "")
+            << std::hex << static_cast<unsigned>(code);
+        ASSERT_EQ(refusal("a" + character + "b"), isRefused ? refusedCharacters : "")
+            << std::hex << static_cast<unsigned>(code);
+    }
+}
+
+TEST(NameValidation, RefusesASolidusBetweenTwoLetters) {
+    EXPECT_EQ(refusal("a/b"), refusedCharacters);
+}
+
+TEST(NameValidation, TestsForRefusedCharactersBeforeEmptiness) {
+    EXPECT_EQ(refusal("/"), refusedCharacters);
+    EXPECT_EQ(refusal("  :\t"), refusedCharacters);
+}
+
+TEST(NameValidation, RefusesTheEmptyNameAndOneOfSpacesAndTabsOnly) {
+    EXPECT_EQ(refusal(""), refusedEmptiness);
+    EXPECT_EQ(refusal(" \t  \t"), refusedEmptiness);
+    std::string all;
+    for (const char32_t blank : whiteSpace) {
+        all += utf8(blank);
+    }
+    EXPECT_EQ(refusal(all), refusedEmptiness);
+}
+
+TEST(NameValidation, AcceptsANameOfLineBreaksOnly) {
+    for (const char* name : {"\n", "\r\n", "\x0b", "\x0c", "\xc2\x85", "\xe2\x80\xa8", "\xe2\x80\xa9", " \n "}) {
+        EXPECT_EQ(refusal(name), "") << name;
+    }
+}
+
+TEST(NameValidation, AcceptsALeadingAndATrailingSpaceAroundLetters) {
+    EXPECT_EQ(refusal(" Beat "), "");
+}
+
+TEST(NameValidation, AcceptsAccentsDigitsSignsStopsAndApostrophes) {
+    for (const char* name : {"Caf\u00e9", "Cafe\u0301", "808", "Take #2", "Mix (final)", "v1.2", "R&B", "Don't", ".",
+                             "..", ".hidden", "CON", "nul", "a\tb", "100%", "~"}) {
+        EXPECT_EQ(refusal(name), "") << name;
+    }
+    EXPECT_EQ(refusal(std::string(5000, 'n')), "");
+    EXPECT_EQ(refusal(std::string_view("a\0b", 3)), "");
+}
+
+TEST(NameValidation, AcceptsBytesThatAreNotUtf8) {
+    EXPECT_EQ(refusal("\xff"), "");
+    EXPECT_EQ(refusal("\xed\xa0\x80"), "");
+}
+
+} // namespace
+} // namespace tarvolt

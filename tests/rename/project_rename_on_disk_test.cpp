@@ -1,0 +1,300 @@
+#include "foundation/posix_file_manager.h"
+#include "tests/support/privileges.h"
+#include "tests/support/recording_file_manager.h"
+#include "tests/support/renaming.h"
+#include "tests/support/scene.h"
+#include "tests/support/small_disk.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace tarvolt {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using testing::errorOfRename;
+using testing::projectIn;
+using testing::TemporaryFolder;
+
+class ProjectRenameOnDisk : public ::testing::Test {
+protected:
+    ProjectRenameOnDisk() { scanner->folderURL.set(folder.path()); }
+
+    void makeSong() const {
+        folder.write("Song.xpj", "<a>Song_[ProjectData]/kick.wav</a>");
+        folder.write("Song_[ProjectData]/kick.wav", "boom");
+    }
+
+    std::string rename(const std::string& newName) {
+        return errorOfRename(*scanner, projectIn(folder.path()), newName);
+    }
+
+    /// Renames and expects this failure and no change on disk.
+    void expectUnchanged(const std::string& newName, const std::string& error) {
+        const auto before = folder.tree();
+        EXPECT_EQ(rename(newName), error);
+        EXPECT_EQ(folder.tree(), before);
+    }
+
+    const TemporaryFolder folder;
+    const testing::Scene scene;
+    const std::shared_ptr<testing::RecordingFileManager> disk =
+        std::make_shared<testing::RecordingFileManager>(makePosixFileManager());
+    const std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services(disk));
+};
+
+TEST_F(ProjectRenameOnDisk, GivesFileFolderAndReferencesTheNewName) {
+    makeSong();
+    EXPECT_EQ(rename("Beat"), "");
+    EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>", "Beat_[ProjectData]/",
+                                           "Beat_[ProjectData]/kick.wav=boom"));
+    scene.settle();
+    EXPECT_THAT(testing::messages(*scanner), ElementsAre("Renamed \"Song\" \u2192 \"Beat\""));
+}
+
+TEST_F(ProjectRenameOnDisk, ThereAndBackGivesTheSameTree) {
+    makeSong();
+    const auto before = folder.tree();
+    EXPECT_EQ(rename("Caf\u00e9 & co"), "");
+    EXPECT_EQ(errorOfRename(*scanner, projectIn(folder.path(), "Caf\u00e9 & co"), "Song"), "");
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_F(ProjectRenameOnDisk, InLetterCaseOnlySucceedsOnACaseSensitiveFileSystem) {
+    makeSong();
+    EXPECT_EQ(rename("SONG"), "");
+    EXPECT_THAT(folder.tree(), ElementsAre("SONG.xpj=<a>SONG_[ProjectData]/kick.wav</a>", "SONG_[ProjectData]/",
+                                           "SONG_[ProjectData]/kick.wav=boom"));
+}
+
+TEST_F(ProjectRenameOnDisk, FailsToReadInAFolderThatIsGone) {
+    fs::remove(folder.path());
+    EXPECT_EQ(rename("Beat"), "Failed to read file: Song.xpj");
+}
+
+TEST_F(ProjectRenameOnDisk, FailsToReadAPipeAndDoesNotWaitForIt) {
+    ASSERT_EQ(::mkfifo((folder / "Song.xpj").c_str(), 0600), 0);
+    expectUnchanged("Beat", "Failed to read file: Song.xpj");
+}
+
+TEST_F(ProjectRenameOnDisk, FailsToReadAFolderThatIsNamedLikeAProject) {
+    folder.makeFolder("Song.xpj");
+    expectUnchanged("Beat", "Failed to read file: Song.xpj");
+}
+
+TEST_F(ProjectRenameOnDisk, FailsToReadThroughADanglingLink) {
+    fs::create_symlink("nowhere", folder / "Song.xpj");
+    expectUnchanged("Beat", "Failed to read file: Song.xpj");
+}
+
+TEST_F(ProjectRenameOnDisk, ReadsALinkedProjectFileThroughItsLinkAndRemovesTheLinkAlone) {
+    folder.write("elsewhere/real", "Song_[ProjectData]");
+    fs::create_symlink("elsewhere/real", folder / "Song.xpj");
+    auto project = projectIn(folder.path());
+    project.dataFolderURL.reset();
+    EXPECT_EQ(errorOfRename(*scanner, project, "Beat"), "");
+    EXPECT_THAT(folder.tree(),
+                ElementsAre("Beat.xpj=Beat_[ProjectData]", "elsewhere/", "elsewhere/real=Song_[ProjectData]"));
+}
+
+TEST_F(ProjectRenameOnDisk, FailsToWriteANameThatIsTooLongForTheFile) {
+    makeSong();
+    const std::string name(252, 'n');
+    expectUnchanged(name, "Failed to write file: " + name + ".xpj");
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackANameThatIsTooLongForTheDataFolderOnly) {
+    makeSong();
+    for (const std::size_t length : {242U, 251U}) {
+        expectUnchanged(std::string(length, 'n'),
+                        "Failed to write file: Could not rename data folder: File name too long");
+    }
+}
+
+TEST_F(ProjectRenameOnDisk, TakesTheLongestNameThatTheDataFolderCanHave) {
+    makeSong();
+    EXPECT_EQ(rename(std::string(241, 'n')), "");
+}
+
+TEST_F(ProjectRenameOnDisk, NeverCutsANameAtANulByte) {
+    makeSong();
+    const std::string name("Be\0at", 5);
+    expectUnchanged(name, "Failed to write file: " + name + ".xpj");
+}
+
+TEST_F(ProjectRenameOnDisk, SeesADanglingLinkInThePlaceOfTheNewFile) {
+    makeSong();
+    fs::create_symlink("nowhere", folder / "Beat.xpj");
+    expectUnchanged("Beat", "A project named \"Beat\" already exists.");
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackWhereALinkHasTheNameOfTheNewDataFolder) {
+    makeSong();
+    fs::create_symlink("nowhere", folder / "Beat_[ProjectData]");
+    expectUnchanged("Beat", "Failed to write file: Could not rename data folder: File exists");
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackWhenTheDataFolderIsGone) {
+    folder.write("Song.xpj", "text");
+    expectUnchanged("Beat", "Failed to write file: Could not rename data folder: No such file or directory");
+}
+
+TEST_F(ProjectRenameOnDisk, CannotEncodeALoneSurrogate) {
+    makeSong();
+    expectUnchanged("Be\xed\xa0\x80", "Failed to write file: Could not encode updated XML");
+}
+
+TEST_F(ProjectRenameOnDisk, LeavesTheProjectAsItWasWhenTheDiskIsFullInTheMiddleOfTheWrite) {
+    const auto reason = testing::withSmallDisk(1'000'000, [&](const fs::path& small) {
+        scanner->folderURL.set(small);
+        const std::string text(700'000, 'x');
+        fs::create_directory(small / "Song_[ProjectData]");
+        const auto made = makePosixFileManager();
+        ASSERT_TRUE(made->createFile(small / "Song.xpj", text));
+        EXPECT_EQ(errorOfRename(*scanner, projectIn(small), "Beat"), "Failed to write file: Beat.xpj");
+        EXPECT_EQ(made->contents(small / "Song.xpj"), text);
+        EXPECT_TRUE(fs::exists(small / "Song_[ProjectData]"));
+        EXPECT_EQ(std::distance(fs::directory_iterator(small), {}), 2);
+    });
+    if (reason) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackWhenTheDataFolderIsOnAnotherDevice) {
+    makeSong();
+    const auto before = folder.tree();
+    const auto reason = testing::withSmallDisk(100'000, [&](const fs::path& other) {
+        fs::create_directory(other / "Song_[ProjectData]");
+        auto project = projectIn(folder.path());
+        project.dataFolderURL = other / "Song_[ProjectData]";
+        EXPECT_EQ(errorOfRename(*scanner, project, "Beat"),
+                  "Failed to write file: Could not rename data folder: Invalid cross-device link");
+        EXPECT_TRUE(fs::exists(other / "Song_[ProjectData]"));
+    });
+    if (reason) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackWhenTheFolderThatHoldsTheDataFolderMustNotBeWritten) {
+    folder.write("chosen/readme", "");
+    folder.write("closed/Song.xpj", "text");
+    folder.makeFolder("closed/Song_[ProjectData]");
+    ASSERT_EQ(::chmod((folder / "closed").c_str(), 0500), 0);
+    scanner->folderURL.set(folder / "chosen");
+    const auto before = folder.tree();
+    testing::withoutPrivileges([&] {
+        EXPECT_EQ(errorOfRename(*scanner, projectIn(folder / "closed"), "Beat"),
+                  "Failed to write file: Could not rename data folder: Permission denied");
+    });
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_F(ProjectRenameOnDisk, KeepsEverythingWhenTheFolderThatHoldsTheOldFileMustNotBeWritten) {
+    folder.makeFolder("chosen");
+    folder.write("closed/Song.xpj", "Song_[ProjectData]");
+    ASSERT_EQ(::chmod((folder / "closed").c_str(), 0500), 0);
+    scanner->folderURL.set(folder / "chosen");
+    auto project = projectIn(folder / "closed");
+    project.dataFolderURL.reset();
+    testing::withoutPrivileges([&] {
+        EXPECT_EQ(errorOfRename(*scanner, project, "Beat"),
+                  "Failed to delete: Could not remove old .xpj: Permission denied");
+    });
+    EXPECT_THAT(folder.tree(), ElementsAre("chosen/", "chosen/Beat.xpj=Beat_[ProjectData]", "closed/",
+                                           "closed/Song.xpj=Song_[ProjectData]"));
+}
+
+/// Sets or clears an attribute of an item as chattr does; errno when that is refused.
+int setAttribute(const fs::path& path, int attribute, bool on) {
+    const int item = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    int attributes = 0;
+    int error = item < 0 || ::ioctl(item, FS_IOC_GETFLAGS, &attributes) != 0 ? errno : 0;
+    attributes = on ? attributes | attribute : attributes & ~attribute;
+    if (error == 0 && ::ioctl(item, FS_IOC_SETFLAGS, &attributes) != 0) {
+        error = errno;
+    }
+    ::close(item);
+    return error;
+}
+
+TEST_F(ProjectRenameOnDisk, KeepsBothFilesWhenTheOldOneIsImmutable) {
+    makeSong();
+    if (const int error = setAttribute(folder / "Song.xpj", FS_IMMUTABLE_FL, true)) {
+        GTEST_SKIP() << "this user or file system makes no file immutable: " << std::strerror(error);
+    }
+    const auto error = rename("Beat");
+    setAttribute(folder / "Song.xpj", FS_IMMUTABLE_FL, false);
+    EXPECT_EQ(error, "Failed to delete: Could not remove old .xpj: Operation not permitted");
+    EXPECT_THAT(folder.tree(),
+                ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>", "Beat_[ProjectData]/",
+                            "Beat_[ProjectData]/kick.wav=boom", "Song.xpj=<a>Song_[ProjectData]/kick.wav</a>"));
+}
+
+TEST_F(ProjectRenameOnDisk, LeavesTheNewFileBesideTheOldProjectInAFolderThatIsOnlyAddedTo) {
+    makeSong();
+    if (const int error = setAttribute(folder.path(), FS_APPEND_FL, true)) {
+        GTEST_SKIP() << "this user or file system lets no folder be only added to: " << std::strerror(error);
+    }
+    const auto error = rename("Beat");
+    setAttribute(folder.path(), FS_APPEND_FL, false);
+    EXPECT_EQ(error, "Failed to write file: Could not rename data folder: Operation not permitted");
+    EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>",
+                                           "Song.xpj=<a>Song_[ProjectData]/kick.wav</a>", "Song_[ProjectData]/",
+                                           "Song_[ProjectData]/kick.wav=boom"));
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackWhenTheDataFolderIsImmutable) {
+    makeSong();
+    const auto data = folder / "Song_[ProjectData]";
+    if (const int error = setAttribute(data, FS_IMMUTABLE_FL, true)) {
+        GTEST_SKIP() << "this user or file system makes no folder immutable: " << std::strerror(error);
+    }
+    const auto before = folder.tree();
+    const auto error = rename("Beat");
+    setAttribute(data, FS_IMMUTABLE_FL, false);
+    EXPECT_EQ(error, "Failed to write file: Could not rename data folder: Operation not permitted");
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_F(ProjectRenameOnDisk, KeepsAFileThatComesAfterTheExistenceTest) {
+    makeSong();
+    disk->onCall = [&](const std::string& line) {
+        if (line.starts_with("create ")) {
+            folder.write("Beat.xpj", "of another program");
+        }
+    };
+    EXPECT_EQ(rename("Beat"), "Failed to write file: Beat.xpj");
+    EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=of another program", "Song.xpj=<a>Song_[ProjectData]/kick.wav</a>",
+                                           "Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"));
+}
+
+TEST_F(ProjectRenameOnDisk, RollsBackOnlyTheFileItCreated) {
+    makeSong();
+    disk->onCall = [&](const std::string& line) {
+        if (line.starts_with("move ")) {
+            // The created file lives on elsewhere, so that the other one cannot get its number.
+            fs::rename(folder / "Beat.xpj", folder / "kept elsewhere");
+            folder.write("Beat.xpj", "of another program");
+            folder.makeFolder("Beat_[ProjectData]");
+        }
+    };
+    EXPECT_EQ(rename("Beat"), "Failed to write file: Could not rename data folder: File exists");
+    EXPECT_EQ(testing::readFile(folder / "Beat.xpj"), "of another program");
+}
+
+} // namespace
+} // namespace tarvolt

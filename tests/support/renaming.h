@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/mpc_scanner.h"
+#include "rename/rename_error.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tarvolt::testing {
+
+/// The record of a project of this name in `folder`, with a data folder.
+inline MPCProject projectIn(const std::filesystem::path& folder, const std::string& name = "Song") {
+    MPCProject project;
+    project.id = UUID::random();
+    project.baseName = name;
+    project.xpjURL = folder / (name + ".xpj");
+    project.dataFolderURL = folder / (name + "_[ProjectData]");
+    return project;
+}
+
+/// The message of the error that the rename throws; empty when it throws none.
+inline std::string errorOfRename(MPCScanner& scanner, const MPCProject& project, const std::string& newName) {
+    try {
+        scanner.rename(project, newName);
+    } catch (const RenameError& error) {
+        return error.errorDescription();
+    } catch (...) {
+        return "something that is no RenameError";
+    }
+    return {};
+}
+
+} // namespace tarvolt::testing
