@@ -23,9 +23,12 @@ target_compile_options(
             -Woverloaded-virtual
             -Wnull-dereference
             -Wimplicit-fallthrough
-            $<$<BOOL:${TARVOLT_WERROR}>:-Werror>
-            $<$<BOOL:${TARVOLT_SANITIZE}>:-fsanitize=${TARVOLT_SANITIZE};-fno-sanitize-recover=all;-fno-omit-frame-pointer>)
-target_link_options(tarvolt_options INTERFACE $<$<BOOL:${TARVOLT_SANITIZE}>:-fsanitize=${TARVOLT_SANITIZE}>)
+            $<$<BOOL:${TARVOLT_WERROR}>:-Werror>)
+if(TARVOLT_SANITIZE)
+  target_compile_options(tarvolt_options INTERFACE -fsanitize=${TARVOLT_SANITIZE} -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(tarvolt_options INTERFACE -fsanitize=${TARVOLT_SANITIZE})
+endif()
 
 # A layer is a folder: an object library of its sources whose headers are compiled one by one as well.
 function(tarvolt_layer name)
