@@ -1,5 +1,6 @@
 #include "foundation/text.h"
 #include "tests/support/reference_table.h"
+#include "tests/support/utf8_of.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "foundation/text.h"
 #include "foundation/utf8.h"
-#include "tests/support/reference_table.h"
 #include "tests/support/slow_text.h"
+#include "tests/support/utf8_of.h"
 
 #include <gtest/gtest.h>
 

@@ -26,7 +26,4 @@ std::vector<ReferenceRow> readReferenceTable(const std::string& name, std::size_
 /// `text` with each `\u{hex}` made the code point it stands for. Throws where one is not complete.
 std::string unescaped(std::string_view text);
 
-/// A code point as UTF-8; a surrogate becomes its three bytes all the same.
-std::string utf8Of(char32_t character);
-
 } // namespace tarvolt::testing

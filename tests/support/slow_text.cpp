@@ -1,6 +1,6 @@
 #include "tests/support/slow_text.h"
 
-#include "tests/support/reference_table.h"
+#include "tests/support/utf8_of.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -168,13 +168,12 @@ bool isWholeInText(const Characters& text, std::size_t start, std::size_t end) {
 
 /// The end of the match of `wanted`, which is decomposed, at `start`, or 0 where there is none.
 std::size_t matchEnd(const Characters& text, std::size_t start, const Characters& wanted) {
-    for (std::size_t end = start + 1; end <= text.size(); ++end) {
-        const Characters match = decompose(part(text, start, end));
-        if (match == wanted) {
-            return isWholeInText(text, start, end) ? end : 0;
-        }
-        if (match.size() > wanted.size()) {
-            break;
+    Characters match;
+    for (std::size_t end = start; end < text.size() && match.size() < wanted.size();) {
+        decomposeInto(text[end++], match);
+        if (match.size() == wanted.size()) {
+            putInOrder(match);
+            return match == wanted && isWholeInText(text, start, end) ? end : 0;
         }
     }
     return 0;
