@@ -1,0 +1,112 @@
+"""The power goes at each step of a rename, on a journalling file system: power_cut.py PROGRAMS
+
+The rename runs on a loop image that is mounted with a short commit time. Before each of its calls it is stopped until
+the journal has been committed; then the image is copied as it is, which is what a disk holds after a power cut at that
+moment. Each copy is mounted again: the project must be in one of the clean states, whole. The same is run first with a
+program that brings nothing to the disk itself, which must be found out.
+
+Needs root, ext4 and loop devices; says so and is skipped (exit status 77) where they are missing.
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+from rename_case import Run, clean_state, fill, verdict
+
+COMMIT = 1  # seconds, the least the file system takes
+SKIPPED = 77
+
+
+def run(*command):
+    subprocess.run(command, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+class Image:
+    """A file system in a file, mounted while the object is in use."""
+
+    def __init__(self, path, options=""):
+        self.path, self.folder, self.options = path, path + ".mount", options
+
+    def __enter__(self):
+        os.makedirs(self.folder, exist_ok=True)
+        run("mount", "-o", "loop" + self.options, self.path, self.folder)
+        return f"{self.folder}/projects"
+
+    def __exit__(self, *_):
+        run("umount", self.folder)
+
+
+def make_image(path):
+    with open(path, "wb") as file:
+        file.truncate(16 << 20)
+    run("mkfs.ext4", "-q", "-O", "has_journal", path)
+
+
+def why_not(work):
+    """Why this machine cannot do it, or nothing."""
+    try:
+        make_image(f"{work}/probe")
+        with Image(f"{work}/probe"):
+            return None
+    except (OSError, subprocess.CalledProcessError) as error:
+        return str(error)
+
+
+def copies_at_each_call(programs, work, shim):
+    """Runs one rename and copies the image before each call that writes, and at the end: [(call, copy)]."""
+    image = f"{work}/disk"
+    make_image(image)
+    copies = []
+
+    def copy(call):
+        # A little more than the commit time, and twice: a commit that has begun is waited for too.
+        time.sleep(2.2 * COMMIT)
+        copies.append((call, f"{work}/copy{len(copies)}"))
+        shutil.copyfile(image, copies[-1][1])
+
+    with Image(image, f",commit={COMMIT}") as folder:
+        fill(folder)
+        os.sync()
+        rename = Run(programs, folder, shim)
+        while (call := rename.next_call()) is not None:
+            if call.split()[0] in ("write", "fsync", "linkat", "renameat2", "unlinkat"):
+                copy(call)
+        rename.result()
+        copy("the end")
+    return copies
+
+
+def faults_of(programs, work, shim):
+    faults, states, copies = [], [], copies_at_each_call(programs, work, shim)
+    for call, path in copies:
+        with Image(path) as folder:
+            state = clean_state(folder)
+            states.append(str(state))
+            if not isinstance(state, int):
+                faults.append(f"power cut before {call}: {state}")
+            # What has no name in the folder is no harm, but a half-written file that has one would be.
+            odd = [name for name in os.listdir(folder) if name.startswith(".")]
+            if odd:
+                faults.append(f"power cut before {call}: {odd} is left")
+        os.remove(path)
+    return faults, states
+
+
+if __name__ == "__main__":
+    PROGRAMS = sys.argv[1]
+    WORK = tempfile.mkdtemp(prefix="tarvolt-power-")
+    try:
+        REASON = why_not(WORK)
+        if REASON:
+            print(f"skipped: no file system of its own can be mounted here ({REASON})")
+            sys.exit(SKIPPED)
+        if not faults_of(PROGRAMS, WORK, "stop,no-fsync")[0]:
+            sys.exit("a rename that brings nothing to the disk itself went unnoticed: this check finds nothing")
+        FAULTS, STATES = faults_of(PROGRAMS, WORK, "stop")
+        verdict(FAULTS, f"{len(STATES)} power cuts, clean states {' '.join(STATES)}")
+    finally:
+        shutil.rmtree(WORK)

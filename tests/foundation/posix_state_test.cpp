@@ -1,0 +1,75 @@
+#include "foundation/posix_file_manager.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::ElementsAre;
+
+class PosixState : public ::testing::Test {
+protected:
+    std::optional<FileState> state(std::string_view name) { return disk->state(folder / name); }
+
+    testing::TemporaryFolder folder;
+    std::shared_ptr<FileManager> disk = makePosixFileManager();
+};
+
+TEST_F(PosixState, StaysTheSameForAnItemThatIsLeftAloneOrRead) {
+    const auto file = folder.write("a", "12345");
+    const auto before = state("a");
+    disk->contents(file);
+    ASSERT_TRUE(before);
+    EXPECT_EQ(before->size, 5);
+    EXPECT_EQ(before, state("a"));
+}
+
+TEST_F(PosixState, ChangesWhenAFileIsWrittenToOrReplaced) {
+    const auto file = folder.write("a", "12345");
+    std::filesystem::last_write_time(file, std::filesystem::file_time_type{});
+    const auto before = state("a");
+    folder.write("a", "54321");
+    const auto written = state("a");
+    EXPECT_NE(before, written);
+    EXPECT_EQ(before->identity, written->identity);
+    folder.write("b", "54321");
+    std::filesystem::rename(folder / "b", file);
+    EXPECT_NE(state("a")->identity, before->identity);
+}
+
+TEST_F(PosixState, LooksAtALinkItselfAndKeepsIdentityThroughAMove) {
+    folder.write("target", "x");
+    std::filesystem::create_symlink("target", folder / "link");
+    EXPECT_NE(state("link")->identity, state("target")->identity);
+    const auto before = state("target");
+    disk->moveItem(folder / "target", folder / "moved", before->identity);
+    EXPECT_EQ(state("moved")->identity, before->identity);
+}
+
+TEST_F(PosixState, IsAbsentWhereThereIsNothing) {
+    EXPECT_FALSE(state("nothing"));
+    folder.write("cut", "x");
+    EXPECT_FALSE(state(std::string_view("cut\0off", 7)));
+}
+
+TEST_F(PosixState, KeepsAMoveFromTakingAnotherItemThanTheOneMeant) {
+    folder.makeFolder("data");
+    const auto meant = state("data");
+    std::filesystem::rename(folder / "data", folder / "elsewhere");
+    folder.makeFolder("data");
+    try {
+        disk->moveItem(folder / "data", folder / "to", meant->identity);
+        ADD_FAILURE() << "another folder was moved";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.code().value(), EBUSY);
+    }
+    EXPECT_THAT(folder.tree(), ElementsAre("data/", "elsewhere/"));
+}
+
+} // namespace
+} // namespace tarvolt

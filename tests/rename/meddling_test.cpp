@@ -1,0 +1,88 @@
+// Somebody else works in the folder while a rename runs: nothing of theirs is taken away, and nothing of ours is lost.
+#include "model/mpc_scanner.h"
+#include "rename/rename_error.h"
+#include "tests/support/scene.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <string>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::ElementsAre;
+
+class Meddling : public ::testing::Test {
+protected:
+    Meddling() {
+        disk.addFolder("/p");
+        disk.addFile("/p/Song.xpj", "Song_[ProjectData]");
+        disk.addFolder("/p/Song_[ProjectData]");
+        scanner->folderURL.set("/p");
+    }
+
+    /// Renames Song to Beat; `meddle` happens just before the operation that begins with `operation`.
+    std::string rename(const std::string& operation, const std::function<void()>& meddle) {
+        disk.onCall = [&](const std::string& line) {
+            if (line.starts_with(operation)) {
+                meddle();
+            }
+        };
+        try {
+            scanner->rename({UUID::random(), "Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 0}, "Beat");
+            return "renamed";
+        } catch (const RenameError& error) {
+            return error.errorDescription();
+        }
+    }
+
+    testing::Scene scene;
+    testing::FakeFileManager& disk = *scene.disk;
+    std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services());
+};
+
+TEST_F(Meddling, KeepsAFileThatAppearsAfterTheExistenceTest) {
+    EXPECT_EQ(rename("create", [&] { disk.addFile("/p/Beat.xpj", "foreign"); }), "Failed to write file: Beat.xpj");
+    EXPECT_THAT(disk.disk(),
+                ElementsAre("/p/", "/p/Beat.xpj=foreign", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
+}
+
+TEST_F(Meddling, LeavesAForeignFileAloneWhenItRollsBack) {
+    EXPECT_EQ(rename("move",
+                     [&] {
+                         disk.addFile("/p/Beat.xpj", "foreign");
+                         disk.addFolder("/p/Beat_[ProjectData]");
+                     }),
+              "Failed to write file: Could not rename data folder: File exists");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat.xpj=foreign", "/p/Beat_[ProjectData]/",
+                                         "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
+}
+
+TEST_F(Meddling, DoesNotMoveAnotherFolderThanTheOneItSaw) {
+    EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Song_[ProjectData]"); }),
+              "Failed to write file: Could not rename data folder: Device or resource busy");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
+}
+
+TEST_F(Meddling, KeepsAnOldFileThatWasSavedAgainAfterItWasRead) {
+    EXPECT_EQ(rename("create", [&] { disk.addFile("/p/Song.xpj", "saved again"); }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/",
+                                         "/p/Song.xpj=saved again"));
+}
+
+TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsNoLongerItsOwn) {
+    EXPECT_EQ(rename("move", [&] { disk.addFile("/p/Beat.xpj", "foreign"); }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(disk.disk(),
+                ElementsAre("/p/", "/p/Beat.xpj=foreign", "/p/Beat_[ProjectData]/", "/p/Song.xpj=Song_[ProjectData]"));
+}
+
+TEST_F(Meddling, ReportsAnOldFileThatIsGoneBeforeItsRemoval) {
+    EXPECT_EQ(rename("move", [&] { disk.removeItem("/p/Song.xpj", std::nullopt); }),
+              "Failed to delete: Could not remove old .xpj: No such file or directory");
+}
+
+} // namespace
+} // namespace tarvolt
