@@ -7,11 +7,20 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
 #include <filesystem>
 #include <string>
+#include <system_error>
+#include <thread>
 #include <vector>
 
 namespace tarvolt {
@@ -161,6 +170,95 @@ TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatBecomesALinkAfterTheListing)
     fs::remove(folder / "Song_[ProjectData]");
     fs::create_directory_symlink(outside.path(), folder / "Song_[ProjectData]");
     EXPECT_EQ(measureProjects(*files, folder.path(), listing, UUID::random).front().totalSize, 1);
+}
+
+TEST_F(FolderScanOnDisk, ListsAHundredThousandEntries) {
+    constexpr int entries = 100000;
+    fs::create_directory(folder / "Big_[ProjectData]");
+    folder.write("Big.xpj", "x");
+    for (int i = 0; i < entries; ++i) {
+        // Links cost no blocks and have a size of their own.
+        fs::create_symlink("12345", folder / ("Big_[ProjectData]/" + std::to_string(i)));
+    }
+    const auto& big = scan().front();
+    EXPECT_EQ(big.fileCount, entries);
+    EXPECT_EQ(big.totalSize, 1 + 5 * static_cast<std::int64_t>(entries));
+}
+
+TEST_F(FolderScanOnDisk, EndsWhileEntriesComeGoAndGrow) {
+    folder.write("Song.xpj", "x");
+    fs::create_directory(folder / "Song_[ProjectData]");
+    std::atomic<bool> stop{false};
+    std::atomic<int> turns{0};
+    std::thread other([&] {
+        for (int i = 0; !stop; ++i) {
+            const auto name = "Song_[ProjectData]/" + std::to_string(i % 50);
+            folder.write(name, std::string(static_cast<std::size_t>(i % 1000), 'x'));
+            folder.write(std::to_string(i % 20) + ".xpj", "x");
+            std::error_code gone;
+            fs::remove(folder / ("Song_[ProjectData]/" + std::to_string((i + 25) % 50)), gone);
+            fs::remove(folder / (std::to_string((i + 10) % 20) + ".xpj"), gone);
+            ++turns;
+        }
+    });
+    while (turns == 0) {
+        std::this_thread::yield();
+    }
+    for (int i = 0; i < 200; ++i) {
+        const auto& projects = scan();
+        EXPECT_GE(projects.size(), 1U);
+        EXPECT_LE(projects.size(), 21U);
+    }
+    stop = true;
+    other.join();
+}
+
+TEST_F(FolderScanOnDisk, LooksAtSocketsAndDevicesFromOutside) {
+    const int socketFile = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const auto name = (folder / "Socket.xpj").native();
+    ASSERT_LT(name.size(), sizeof address.sun_path);
+    std::copy(name.begin(), name.end(), address.sun_path);
+    ASSERT_EQ(bind(socketFile, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    Lines expected{"Socket"};
+    // Only root may make a device; the one of /dev/zero would never end.
+    if (mknod((folder / "Device.xpj").c_str(), S_IFCHR | 0600, makedev(1, 5)) == 0) {
+        expected.insert(expected.begin(), "Device");
+    }
+    EXPECT_EQ(names(scan()), expected);
+    close(socketFile);
+}
+
+/// Bytes that are allocated at the moment.
+std::size_t allocated() {
+    return mallinfo2().uordblks;
+}
+
+TEST_F(FolderScanOnDisk, GrowsByItsLogLinesOnlyOverManyScans) {
+    if (allocated() == 0) {
+        GTEST_SKIP() << "a sanitizer's allocator does not tell what it has given out";
+    }
+    folder.write("Song.xpj", "x");
+    folder.write("Song_[ProjectData]/a.wav", "x");
+    for (int i = 0; i < 100; ++i) {
+        scan();
+    }
+    const auto linesBefore = scanner->logEntries.get().size();
+    const auto before = allocated();
+    for (int i = 0; i < 10000; ++i) {
+        scan();
+    }
+    const auto lines = scanner->logEntries.get().size() - linesBefore;
+    EXPECT_EQ(lines, 20000U);
+    // A line is its record and the text that it holds on the heap, with the allocator's own words and rounding.
+    std::size_t expected = lines * sizeof(MPCScanner::LogEntry);
+    for (std::size_t i = 0; i < lines; ++i) {
+        const auto room = scanner->logEntries.get()[i].message.capacity();
+        expected += room > std::string().capacity() ? (room + 1 + sizeof(void*) + 15) / 16 * 16 : 0;
+    }
+    const auto aBlockOfTheListEach = lines * sizeof(MPCScanner::LogEntry) / 512 * 32;
+    EXPECT_LE(allocated() - before, expected + aBlockOfTheListEach + 4096);
 }
 
 } // namespace

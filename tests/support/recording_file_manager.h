@@ -29,6 +29,7 @@ public:
         note("exists " + path.native());
         return disk_->fileExists(path);
     }
+    std::optional<FileState> state(const std::filesystem::path& path) const override { return disk_->state(path); }
     std::optional<std::string> contents(const std::filesystem::path& path) const override {
         note("read " + path.native());
         return disk_->contents(path);
@@ -37,9 +38,10 @@ public:
         note("create " + path.native());
         return disk_->createFile(path, contents);
     }
-    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
+                  std::optional<FileIdentity> onlyIf) override {
         note("move " + from.native() + " -> " + to.native());
-        disk_->moveItem(from, to);
+        disk_->moveItem(from, to, onlyIf);
     }
     void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
         note("remove " + path.native());
