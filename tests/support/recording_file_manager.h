@@ -10,7 +10,8 @@
 
 namespace tarvolt::testing {
 
-/// Hands everything on to another file manager and writes it down, in the words of FakeFileManager.
+/// Hands everything on to another file manager and writes it down, in the words of FakeFileManager; like it, it keeps
+/// looks at an item's state to itself.
 class RecordingFileManager final : public FileManager {
 public:
     explicit RecordingFileManager(std::shared_ptr<FileManager> disk) : disk_(std::move(disk)) {}

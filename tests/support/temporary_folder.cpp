@@ -55,9 +55,13 @@ fs::path TemporaryFolder::makeFolder(std::string_view name) const {
 }
 
 std::vector<std::string> TemporaryFolder::tree() const {
+    return treeOf(path_);
+}
+
+std::vector<std::string> treeOf(const fs::path& folder) {
     std::vector<std::string> lines;
-    for (const auto& entry : fs::recursive_directory_iterator(path_)) {
-        const auto name = entry.path().native().substr(path_.native().size() + 1);
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const auto name = entry.path().native().substr(folder.native().size() + 1);
         if (entry.is_symlink()) {
             lines.push_back(name + "->" + fs::read_symlink(entry.path()).native());
         } else if (entry.is_directory()) {

@@ -22,13 +22,16 @@ public:
     std::filesystem::path write(std::string_view name, std::string_view contents) const;
     std::filesystem::path makeFolder(std::string_view name) const;
 
-    /// Every item below, sorted, links not followed: "a/" for a folder, "a=contents" for a file, "a->target" for a
-    /// link, "a!" for anything else.
+    /// See treeOf.
     std::vector<std::string> tree() const;
 
 private:
     std::filesystem::path path_;
 };
+
+/// Every item below `folder`, sorted, links not followed: "a/" for a folder, "a=contents" for a file, "a->target" for a
+/// link, "a!" for anything else.
+std::vector<std::string> treeOf(const std::filesystem::path& folder);
 
 std::string readFile(const std::filesystem::path& path);
 
