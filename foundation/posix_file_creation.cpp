@@ -37,10 +37,13 @@ public:
     bool isOpen() const { return static_cast<bool>(file_); }
 
     /// Writes the whole contents and brings them to the disk.
-    std::optional<FileIdentity> fill(std::string_view contents);
+    bool fill(std::string_view contents);
 
     /// Gives the file the name of its place. On failure errno is EEXIST when the name was taken.
     bool giveName();
+
+    /// The identity that the file, now named, has under its name.
+    FileIdentity identity() const;
 
 private:
     bool closesWithoutLoss() const;
@@ -49,21 +52,18 @@ private:
     const Place& place_;
     Descriptor file_;
     std::string hiddenName_;
+    struct stat written_ {}; ///< the file once it is filled
 };
 
-std::optional<FileIdentity> Draft::fill(std::string_view contents) {
+bool Draft::fill(std::string_view contents) {
     while (!contents.empty()) {
         const auto written = uninterrupted([&] { return ::write(file_.number(), contents.data(), contents.size()); });
         if (written <= 0) {
-            return std::nullopt;
+            return false;
         }
         contents.remove_prefix(static_cast<std::size_t>(written));
     }
-    struct stat status {};
-    if (::fstat(file_.number(), &status) != 0 || !synchronise(file_) || !closesWithoutLoss()) {
-        return std::nullopt;
-    }
-    return FileIdentity{status.st_dev, status.st_ino};
+    return synchronise(file_) && closesWithoutLoss() && ::fstat(file_.number(), &written_) == 0;
 }
 
 bool Draft::closesWithoutLoss() const {
@@ -90,6 +90,19 @@ bool Draft::giveName() {
     return true;
 }
 
+FileIdentity Draft::identity() const {
+    const FileIdentity identity{written_.st_dev, written_.st_ino};
+    struct stat named {};
+    if (::fstatat(place_.folder(), place_.name(), &named, AT_SYMLINK_NOFOLLOW) != 0) {
+        return identity;
+    }
+    // Some user-space file systems number names instead of files. There the file is known by what else it is.
+    const bool isThisOne = named.st_dev == written_.st_dev && named.st_size == written_.st_size &&
+                           named.st_mtim.tv_sec == written_.st_mtim.tv_sec &&
+                           named.st_mtim.tv_nsec == written_.st_mtim.tv_nsec;
+    return isThisOne ? FileIdentity{named.st_dev, named.st_ino} : identity;
+}
+
 void Draft::removeHiddenName() {
     // When this fails the destructor tries once more; after that a hidden file stays, which no listing shows.
     if (!hiddenName_.empty() && ::unlinkat(place_.folder(), hiddenName_.c_str(), 0) == 0) {
@@ -107,11 +120,11 @@ std::optional<FileIdentity> createFile(const Place& place, std::string_view cont
         if (!draft.isOpen()) {
             continue;
         }
-        const auto identity = draft.fill(contents);
-        if (!identity) {
+        if (!draft.fill(contents)) {
             return std::nullopt;
         }
         if (draft.giveName()) {
+            const auto identity = draft.identity();
             if (place.synchroniseFolder()) {
                 return identity;
             }

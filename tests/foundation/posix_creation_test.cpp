@@ -400,6 +400,30 @@ TEST(PosixCreationByName, FailsWhenOnlyTheClosingTellsThatBytesAreLost) {
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
+TEST(PosixCreationByName, KnowsTheFileByItsNameWhereAFileSystemNumbersNamesInsteadOfFiles) {
+    const TemporaryFolder folder;
+    const auto numberingNames = [&](const SystemCall& call) -> std::optional<long> {
+        if (call.number == SYS_openat) {
+            return isUnnamedOpening(call) ? std::optional<long>(-EOPNOTSUPP) : std::nullopt;
+        }
+        const long result =
+            ::syscall(SYS_newfstatat, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3]);
+        if (result == 0 && call.text(1) == "New.xpj") {
+            reinterpret_cast<struct stat*>(call.arguments[2])->st_ino += 1000; // NOLINT(performance-no-int-to-ptr)
+        }
+        return result == 0 ? result : -errno;
+    };
+    const auto disk = makePosixFileManager();
+    if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_newfstatat}, numberingNames, [&] {
+            const auto created = disk->createFile(folder / "New.xpj", "text");
+            ASSERT_TRUE(created);
+            disk->removeItem(folder / "New.xpj", created);
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
 TEST(PosixCreationByName, TriesOnceMoreToRemoveTheHiddenName) {
     const TemporaryFolder folder;
     int removals = 0;
