@@ -104,7 +104,7 @@ std::string slowByteCountText(std::int64_t byteCount) {
         const Wide rest = twice % (2 * unit);
         rounded += rest > unit || (rest == unit && rounded % 2 == 1) ? 1 : 0;
         if (rounded < 1000 * parts) {
-            const std::uint64_t hundredths = static_cast<std::uint64_t>(rounded * (100 / parts));
+            const auto hundredths = static_cast<std::uint64_t>(rounded * (100 / parts));
             std::string text = std::to_string(hundredths / 100);
             text += '.';
             text += std::to_string(100 + hundredths % 100).substr(1);

@@ -480,10 +480,10 @@ TEST_F(PosixCreationFails, NotInAFolderThatMayBeWrittenButNotListed) {
 }
 
 TEST_F(PosixCreationFails, WhenTheDiskIsFullInTheMiddleAndLeavesTheSpaceFree) {
-    if (const auto reason = testing::withSmallDisk(1'000'000, [&](const std::filesystem::path& disk_) {
-            EXPECT_FALSE(disk->createFile(disk_ / "New.xpj", textOfSize(2'000'000)));
-            EXPECT_TRUE(std::filesystem::is_empty(disk_));
-            EXPECT_TRUE(disk->createFile(disk_ / "New.xpj", textOfSize(900'000)));
+    if (const auto reason = testing::withSmallDisk(1'000'000, [&](const std::filesystem::path& smallDisk) {
+            EXPECT_FALSE(disk->createFile(smallDisk / "New.xpj", textOfSize(2'000'000)));
+            EXPECT_TRUE(std::filesystem::is_empty(smallDisk));
+            EXPECT_TRUE(disk->createFile(smallDisk / "New.xpj", textOfSize(900'000)));
         })) {
         GTEST_SKIP() << *reason;
     }

@@ -312,7 +312,7 @@ TEST_F(FolderScan, MeasuresManyProjectsOnSeveralThreadsAsOnOne) {
         const auto name = "/p/" + std::to_string(1000 + i);
         disk.addFile(name + ".xpj", i);
         disk.addFolder(name + "_[ProjectData]");
-        disk.addFile(name + "_[ProjectData]/a.wav", 1000 * i);
+        disk.addFile(name + "_[ProjectData]/a.wav", std::int64_t{1000} * i);
     }
     const auto& projects = scan();
     ASSERT_EQ(projects.size(), static_cast<std::size_t>(many));
