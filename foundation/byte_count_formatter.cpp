@@ -3,6 +3,7 @@
 #include "foundation/icu.h"
 
 #include <array>
+#include <optional>
 
 #include <unicode/numberformatter.h>
 #include <unicode/unistr.h>
@@ -24,20 +25,34 @@ constexpr std::array<Unit, 6> units{{{"KB", 1'000, 1},
                                      {"PB", 1'000'000'000'000'000, 100},
                                      {"EB", 1'000'000'000'000'000'000, 100}}};
 
+/// The number format of a locale. Making one is slow and lists ask for the same again and again, so each thread keeps
+/// its last one ready.
+const icu::number::LocalizedNumberFormatter& numberFormat(std::string_view locale, UNumberGroupingStrategy grouping) {
+    struct Last {
+        std::optional<std::string> locale;
+        UNumberGroupingStrategy grouping = UNUM_GROUPING_OFF;
+        icu::number::LocalizedNumberFormatter format;
+    };
+    thread_local Last last;
+    if (last.locale != locale || last.grouping != grouping) {
+        last.format = icu::number::NumberFormatter::withLocale(icuLocale(locale))
+                          .grouping(grouping)
+                          .precision(icu::number::Precision::unlimited());
+        last.locale = locale;
+        last.grouping = grouping;
+    }
+    return last.format;
+}
+
 std::string decimalText(const std::string& decimal, std::string_view locale, UNumberGroupingStrategy grouping) {
     UErrorCode status = U_ZERO_ERROR;
     std::string text;
-    icu::number::NumberFormatter::withLocale(icuLocale(locale))
-        .grouping(grouping)
-        .precision(icu::number::Precision::unlimited())
-        .formatDecimal(decimal, status)
-        .toString(status)
-        .toUTF8String(text);
+    numberFormat(locale, grouping).formatDecimal(decimal, status).toString(status).toUTF8String(text);
     throwIfFailed(status, "NumberFormatter::formatDecimal");
     return text;
 }
 
-/// `count` steps of `unit` each, halves rounded to the even step.
+/// `byteCount` in steps of `unit`, halves rounded to the even number.
 std::int64_t roundedSteps(std::int64_t byteCount, const Unit& unit) {
     const std::int64_t step = unit.bytes / unit.steps;
     const std::int64_t whole = byteCount / step;

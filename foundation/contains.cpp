@@ -1,6 +1,7 @@
 #include "foundation/character_boundary.h"
 #include "foundation/icu.h"
 #include "foundation/text.h"
+#include "foundation/utf8.h"
 
 #include <algorithm>
 
@@ -11,8 +12,8 @@ namespace tarvolt {
 
 namespace {
 
-bool isAscii(std::string_view text) {
-    return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+bool isAscii(const icu::UnicodeString& text) {
+    return std::all_of(text.getBuffer(), text.getBuffer() + text.length(), [](char16_t unit) { return unit < 0x80; });
 }
 
 bool hasTurkicCaseRules(std::string_view locale) {
@@ -20,12 +21,13 @@ bool hasTurkicCaseRules(std::string_view locale) {
     return language == "tr" || language == "az";
 }
 
-char asciiLower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool asciiContains(std::string_view text, std::string_view search) {
-    const auto equal = [](char a, char b) { return asciiLower(a) == asciiLower(b); };
+bool asciiContains(std::string_view text, std::string_view search, bool turkic) {
+    // The Turkish I is no form of i, and of its own form there is none in ASCII.
+    const auto folded = [turkic](char letter) {
+        const bool isUpper = letter >= 'A' && letter <= 'Z' && !(turkic && letter == 'I');
+        return isUpper ? static_cast<char>(letter - 'A' + 'a') : letter;
+    };
+    const auto equal = [&](char a, char b) { return folded(a) == folded(b); };
     return std::search(text.begin(), text.end(), search.begin(), search.end(), equal) != text.end();
 }
 
@@ -46,6 +48,20 @@ icu::UnicodeString folded(std::string_view text, bool turkic) {
     result = normalizer(false).normalize(result, status);
     throwIfFailed(status, "Normalizer2::normalize");
     return result;
+}
+
+/// The folded search text. A whole list is filtered by one, so each thread keeps its last one ready.
+const icu::UnicodeString& foldedSearch(std::string_view search, bool turkic) {
+    struct Last {
+        std::string search;
+        bool turkic = false;
+        icu::UnicodeString folded;
+    };
+    thread_local Last last;
+    if (last.search != search || last.turkic != turkic) {
+        last = {std::string(search), turkic, folded(search, turkic)};
+    }
+    return last.folded;
 }
 
 bool isCharacterBoundary(const icu::UnicodeString& text, std::int32_t at) {
@@ -69,11 +85,15 @@ bool localizedCaseInsensitiveContains(std::string_view text, std::string_view se
         return false;
     }
     const bool turkic = hasTurkicCaseRules(locale);
-    if (!turkic && isAscii(text) && isAscii(search)) {
-        return asciiContains(text, search);
+    const bool textIsAscii = isAscii(text);
+    if (textIsAscii && isAscii(search)) {
+        return asciiContains(text, search, turkic);
+    }
+    const icu::UnicodeString& needle = foldedSearch(search, turkic);
+    if (textIsAscii && !turkic && !isAscii(needle)) {
+        return false; // nothing in the text folds to what is beyond ASCII
     }
     const icu::UnicodeString haystack = folded(text, turkic);
-    const icu::UnicodeString needle = folded(search, turkic);
     std::int32_t start = haystack.indexOf(needle);
     while (start >= 0 && !isWhole(haystack, start, start + needle.length())) {
         start = haystack.indexOf(needle, start + 1);

@@ -36,14 +36,18 @@ public:
             return end - bytes_.size();
         }
         // Equivalent sequences decompose to the same length, so there is one place where the name can begin.
-        std::int32_t length = 0;
+        std::int32_t toCome = decomposed_.length();
         std::size_t start = front.size();
-        while (start > 0 && length < decomposed_.length()) {
+        while (start > 0 && toCome > 0) {
             const DecodedCharacter last = lastCharacter(front.substr(0, start));
-            length += decomposedLength(last.character);
+            toCome -= decomposedLength(last.character);
             start -= last.length;
+            // An ASCII character keeps its place when decomposed, and most other names differ in one of these.
+            if (last.character < 0x80 && decomposed_.charAt(toCome) != static_cast<char16_t>(last.character)) {
+                return std::nullopt;
+            }
         }
-        if (length == decomposed_.length() && decomposed(front.substr(start)) == decomposed_) {
+        if (toCome == 0 && decomposed(front.substr(start)) == decomposed_) {
             return earliest + start;
         }
         return std::nullopt;
@@ -58,6 +62,9 @@ private:
     }
 
     std::int32_t decomposedLength(char32_t character) const {
+        if (character < 0x80) {
+            return 1;
+        }
         icu::UnicodeString decomposition;
         if (normalizer_->getDecomposition(static_cast<UChar32>(character), decomposition)) {
             return decomposition.length();

@@ -67,6 +67,10 @@ std::size_t multiByteLength(std::string_view bytes) {
 
 } // namespace
 
+bool isAscii(std::string_view bytes) {
+    return skipAscii(bytes, 0) == bytes.size();
+}
+
 DecodedCharacter firstCharacter(std::string_view bytes) {
     const auto lead = static_cast<std::uint8_t>(bytes[0]);
     if (lead < 0x80) {

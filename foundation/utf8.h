@@ -5,6 +5,9 @@
 
 namespace tarvolt {
 
+/// Whether no byte is above 7F.
+bool isAscii(std::string_view bytes);
+
 /// One character of a UTF-8 text and the number of bytes it takes.
 struct DecodedCharacter {
     char32_t character;
