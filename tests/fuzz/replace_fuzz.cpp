@@ -38,6 +38,7 @@ std::string expanded(std::string_view text, std::string_view oldName) {
 } // namespace
 
 // A line with the old name, a line with the new one, and the text.
+// NOLINTNEXTLINE(readability-identifier-naming): the name that libFuzzer calls.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string_view rest(reinterpret_cast<const char*>(data), size);
     const std::string oldName = expanded(cutLine(rest), {});

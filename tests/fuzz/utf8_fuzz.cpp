@@ -28,6 +28,7 @@ void checkBothDirections(std::string_view text) {
 } // namespace
 
 // Any bytes are a text to check, to show and to read.
+// NOLINTNEXTLINE(readability-identifier-naming): the name that libFuzzer calls.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const bool valid = testing::slowIsValidUtf8(bytes);
