@@ -12,7 +12,6 @@ namespace tarvolt {
 namespace {
 
 constexpr std::size_t projectsWithoutSearchBar = 5;
-constexpr std::chrono::milliseconds rescanDelay{500};
 constexpr std::chrono::milliseconds highlightDuration{2000};
 
 } // namespace

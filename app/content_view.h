@@ -3,12 +3,16 @@
 #include "foundation/published.h"
 #include "model/mpc_scanner.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tarvolt {
+
+/// How long after a rename the folder is scanned again.
+inline constexpr std::chrono::milliseconds rescanDelay{500};
 
 /// What stands under the header.
 enum class ContentArea { folderPicker, emptyState, projectList };

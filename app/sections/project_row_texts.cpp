@@ -26,4 +26,8 @@ std::string projectRowSentence(const MPCProject& project, bool renamed, std::str
     return sentence;
 }
 
+std::string renameButtonSentence(const MPCProject& project) {
+    return localized("ProjectRow", "Rename") + " " + project.baseName;
+}
+
 } // namespace tarvolt

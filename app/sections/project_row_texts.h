@@ -17,4 +17,7 @@ std::string_view projectSymbol(const MPCProject& project);
 /// colour shows. `renamed` says whether the row is highlighted.
 std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale);
 
+/// What the row's button is called for a screen reader: "Rename" and the project's name.
+std::string renameButtonSentence(const MPCProject& project);
+
 } // namespace tarvolt

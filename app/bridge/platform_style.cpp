@@ -1,0 +1,114 @@
+#include "app/bridge/platform_style.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QPalette>
+#include <QScreen>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvolt {
+
+namespace {
+
+// The text styles as ratios of the system font.
+constexpr double title2Ratio = 17.0 / 13.0;
+constexpr double title3Ratio = 15.0 / 13.0;
+constexpr double bodyRatio = 1;
+constexpr double captionRatio = 11.0 / 13.0;
+constexpr double caption2Ratio = 10.0 / 13.0;
+constexpr double leastPixels = 9;
+constexpr double capitalsTracking = 0.3;
+constexpr double symbolRatio = 1.3;
+constexpr double pointsPerInch = 72;
+
+Colour plainColour(const QColor& colour) {
+    return {static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
+            static_cast<std::uint8_t>(colour.blue()), 1};
+}
+
+double pixelsPerPoint() {
+    return QGuiApplication::primaryScreen()->logicalDotsPerInchY() / pointsPerInch;
+}
+
+/// The system font's size; a platform may give it in pixels.
+double systemPoints() {
+    const QFont font = QGuiApplication::font();
+    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() / pixelsPerPoint();
+}
+
+/// `family`'s font at a ratio of the system font. Points, because a size in pixels can only be a whole one.
+QFont styled(QFont family, double ratio, QFont::Weight weight) {
+    family.setPointSizeF(std::max(systemPoints() * ratio, leastPixels / pixelsPerPoint()));
+    family.setWeight(weight);
+    return family;
+}
+
+QFont tracked(QFont font) {
+    font.setLetterSpacing(QFont::AbsoluteSpacing, capitalsTracking);
+    return font;
+}
+
+QFont struck(QFont font) {
+    font.setStrikeOut(true);
+    return font;
+}
+
+} // namespace
+
+PlatformStyle::PlatformStyle(QObject* parent) : QObject(parent) {
+    readColours();
+    readFonts();
+    qApp->installEventFilter(this);
+}
+
+void PlatformStyle::readColours() {
+    const QPalette palette = QGuiApplication::palette();
+    colours_ = makeThemeColours({plainColour(palette.color(QPalette::Active, QPalette::Window)),
+                                 plainColour(palette.color(QPalette::Active, QPalette::Base)),
+                                 plainColour(palette.color(QPalette::Active, QPalette::WindowText))});
+}
+
+void PlatformStyle::readFonts() {
+    const QFont system = QGuiApplication::font();
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fonts_ = {styled(system, title2Ratio, QFont::Bold),     styled(system, title3Ratio, QFont::Normal),
+              styled(system, title3Ratio, QFont::DemiBold), styled(system, bodyRatio, QFont::Bold),
+              styled(system, bodyRatio, QFont::Normal),     styled(system, bodyRatio, QFont::DemiBold),
+              styled(system, captionRatio, QFont::Normal),  tracked(styled(system, captionRatio, QFont::DemiBold)),
+              styled(fixed, bodyRatio, QFont::Normal),      styled(fixed, bodyRatio, QFont::Medium),
+              styled(fixed, captionRatio, QFont::Normal),   struck(styled(fixed, captionRatio, QFont::Normal)),
+              styled(fixed, caption2Ratio, QFont::Normal)};
+    reducedMotion_ = QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
+}
+
+bool PlatformStyle::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange) {
+        readColours();
+        emit coloursChanged();
+    }
+    if (watched == qApp && event->type() == QEvent::ApplicationFontChange) {
+        readFonts();
+        emit fontsChanged();
+    }
+    return false;
+}
+
+int PlatformStyle::symbolBox(double pixels) {
+    return 2 * static_cast<int>(std::lround(pixels * symbolRatio / 2));
+}
+
+QColor PlatformStyle::qtColour(Colour colour) {
+    QColor result(colour.red, colour.green, colour.blue);
+    result.setAlphaF(static_cast<float>(colour.alpha));
+    return result;
+}
+
+double PlatformStyle::pixels(const QFont& font) {
+    return font.pointSizeF() * pixelsPerPoint();
+}
+
+} // namespace tarvolt

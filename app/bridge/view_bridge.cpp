@@ -1,0 +1,250 @@
+#include "app/bridge/view_bridge.h"
+
+#include "app/bridge/qt_text.h"
+#include "app/sections/log_time_text.h"
+#include "app/sections/preview_widths.h"
+#include "app/sections/project_count_text.h"
+#include "app/sections/rename_sheet_texts.h"
+#include "app/sections/split_width.h"
+#include "foundation/text.h"
+
+#include <QAccessible>
+#include <QPointer>
+#include <QQuickItem>
+
+#include <utility>
+
+namespace tarvolt {
+
+namespace {
+
+ViewBridge::Area bridged(ContentArea area) {
+    switch (area) {
+    case ContentArea::folderPicker:
+        return ViewBridge::FolderPicker;
+    case ContentArea::emptyState:
+        return ViewBridge::EmptyState;
+    case ContentArea::projectList:
+        break;
+    }
+    return ViewBridge::ProjectList;
+}
+
+} // namespace
+
+ViewBridge::ViewBridge(std::shared_ptr<ContentView> view, Services services, QObject* parent)
+    : QObject(parent), view_(std::move(view)), services_(std::move(services)), projects_(services_.locale.numeric),
+      log_(view_->scanner->logEntries.get(), makeLogTimeFormatter(services_.locale.time)), header_(makeHeader()) {
+    observe();
+    deriveState();
+    projects_.setProjects(view_->filteredProjects());
+}
+
+void ViewBridge::observe() {
+    const auto& scanner = *view_->scanner;
+    const auto soon = [this] { refreshSoon(); };
+    const auto listSoon = [this] {
+        listDirty_ = true;
+        refreshSoon();
+    };
+    auto& state = *view_;
+    auto& scan = *state.scanner;
+    subscriptions_.push_back(scan.projects.observe(listSoon));
+    subscriptions_.push_back(scan.folderURL.observe(soon));
+    subscriptions_.push_back(scan.isScanning.observe([this, &scanner] {
+        scanEnded_ = scanEnded_ || scanner.isScanning.get();
+        refreshSoon();
+    }));
+    subscriptions_.push_back(scan.logEntries.observe(soon));
+    subscriptions_.push_back(state.renamingProject.observe(soon));
+    subscriptions_.push_back(state.newName.observe(soon));
+    subscriptions_.push_back(state.errorMessage.observe(soon));
+    subscriptions_.push_back(state.showError.observe(soon));
+    subscriptions_.push_back(state.successProject.observe(soon));
+    subscriptions_.push_back(state.searchText.observe(listSoon));
+}
+
+void ViewBridge::refreshSoon() {
+    if (!std::exchange(refreshPosted_, true)) {
+        QMetaObject::invokeMethod(this, &ViewBridge::refresh, Qt::QueuedConnection);
+    }
+}
+
+void ViewBridge::refresh() {
+    refreshPosted_ = false;
+    if (std::exchange(listDirty_, false)) {
+        projects_.setProjects(view_->filteredProjects());
+    }
+    projects_.setRenamed(view_->successProject.get());
+    log_.takeNewEntries();
+    deriveState();
+    followRescan();
+}
+
+/// Re-reads everything that is quick to read. The texts go out before what opens on them.
+void ViewBridge::deriveState() {
+    if (auto header = makeHeader(); header != header_) {
+        header_ = std::move(header);
+        emit headerChanged();
+    }
+    if (auto text = editableString(view_->searchText.get()); text != searchText_) {
+        searchText_ = std::move(text);
+        emit searchTextChanged();
+    }
+    const auto& renaming = view_->renamingProject.get();
+    if (renaming) {
+        shownProject_ = renaming;
+    }
+    if (auto sheet = shownProject_ ? makeSheet(*shownProject_) : Sheet{}; sheet != sheet_) {
+        sheet_ = std::move(sheet);
+        emit sheetChanged();
+    }
+    if (auto message = displayString(view_->alertMessage()); message != alertMessage_) {
+        alertMessage_ = std::move(message);
+        emit alertMessageChanged();
+    }
+    if (std::exchange(sheetOpen_, renaming.has_value()) != sheetOpen_) {
+        emit sheetOpenChanged();
+    }
+    if (std::exchange(alertOpen_, view_->showError.get()) != alertOpen_) {
+        emit alertOpenChanged();
+    }
+}
+
+ViewBridge::Header ViewBridge::makeHeader() const {
+    const MPCScanner& scanner = *view_->scanner;
+    const auto& folder = scanner.folderURL.get();
+    const auto count = static_cast<std::int64_t>(scanner.projects.get().size());
+    return {bridged(view_->contentArea()),
+            folder.has_value(),
+            folder ? singleLineString(folder->native()) : QString(),
+            displayString(tarvolt::projectCountText(count, services_.locale.numeric)),
+            scanner.isScanning.get(),
+            view_->showsSearchBar(),
+            scanner.logEntries.get().empty()};
+}
+
+ViewBridge::Sheet ViewBridge::makeSheet(const MPCProject& project) const {
+    const std::string& newName = view_->newName.get();
+    const auto rows = previewRows(project, newName);
+    const bool hasFolder = rows.size() > 1;
+    const PreviewRow file = rows.empty() ? PreviewRow{} : rows.front();
+    const PreviewRow folder = hasFolder ? rows.back() : PreviewRow{};
+    return {singleLineString(tarvolt::currentNameText(project)),
+            editableString(newName),
+            view_->offersRename(project),
+            displayString(file.oldText),
+            displayString(file.newText),
+            hasFolder,
+            displayString(folder.oldText),
+            displayString(folder.newText)};
+}
+
+void ViewBridge::setSearchText(const QString& text) {
+    view_->searchText.set(typedBytes(text));
+    deriveState();
+}
+
+void ViewBridge::setNewName(const QString& text) {
+    if (view_->renamingProject.get()) {
+        view_->newName.set(typedBytes(text));
+        deriveState();
+    }
+}
+
+void ViewBridge::selectFolder() {
+    if (!sheetOpen_ && !alertOpen_) {
+        view_->scanner->selectFolder();
+        deriveState();
+    }
+}
+
+void ViewBridge::rescan() {
+    if (!header_.scanning && !sheetOpen_ && !alertOpen_) {
+        view_->scanner->scan();
+        deriveState();
+    }
+}
+
+void ViewBridge::beginRename(int row) {
+    const auto project = projects_.projectAt(row);
+    if (project && !sheetOpen_ && !alertOpen_) {
+        view_->beginRename(*project);
+        deriveState();
+    }
+}
+
+void ViewBridge::cancelRename() {
+    if (!alertOpen_) {
+        view_->cancelRename();
+        deriveState();
+    }
+}
+
+bool ViewBridge::acceptsSubmit() const {
+    const auto& renaming = view_->renamingProject.get();
+    return renaming && renaming == shownProject_ && !view_->showError.get();
+}
+
+void ViewBridge::submitNewName() {
+    if (acceptsSubmit()) {
+        performRename();
+    }
+}
+
+void ViewBridge::pressRename() {
+    if (acceptsSubmit() && view_->offersRename(*shownProject_)) {
+        performRename();
+    }
+}
+
+void ViewBridge::performRename() {
+    // Scheduled before the rescan with the same delay, so it runs just before it.
+    const int attempt = ++attempts_;
+    services_.mainQueue->asyncAfter(rescanDelay, [self = QPointer(this), attempt] {
+        if (ViewBridge* bridge = self.data()) {
+            bridge->awaitRescan(attempt);
+        }
+    });
+    view_->performRename(*shownProject_);
+    if (!view_->renamingProject.get()) {
+        awaitedName_ = trimWhitespace(view_->newName.get());
+        succeededAttempt_ = attempt;
+        rescanBegun_ = false;
+    }
+    deriveState();
+}
+
+void ViewBridge::awaitRescan(int attempt) {
+    if (attempt == succeededAttempt_) {
+        rescanBegun_ = true;
+        scanEnded_ = false;
+    }
+}
+
+void ViewBridge::followRescan() {
+    if (rescanBegun_ && scanEnded_ && !view_->scanner->isScanning.get()) {
+        rescanBegun_ = false;
+        emit renamedProjectListed(projects_.rowOf(awaitedName_));
+    }
+}
+
+void ViewBridge::dismissAlert() {
+    view_->dismissAlert();
+    deriveState();
+}
+
+double ViewBridge::allowedLogWidth(double wanted, double available) const {
+    return tarvolt::allowedLogWidth(wanted, available);
+}
+
+double ViewBridge::oldNameWidth(double oldNatural, double newNatural, double available) const {
+    return tarvolt::oldNameWidth(oldNatural, newNatural, available);
+}
+
+void ViewBridge::announceAlert(QQuickItem* item) const {
+    QAccessibleEvent event(item, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace tarvolt

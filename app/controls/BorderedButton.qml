@@ -1,0 +1,78 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// The platform's usual button: a raised face with a thin border. Small ones stand in rows; with a symbol it has no text.
+PressButton {
+    id: root
+
+    property bool small: false
+    property string symbol: ""
+    readonly property int cornerRadius: small ? Theme.smallButtonRadius : Theme.buttonRadius
+    readonly property color ink: enabled ? Theme.primary : Theme.disabledInk
+
+    implicitHeight: small ? Theme.smallButtonHeight : Theme.buttonHeight
+    implicitWidth: symbol !== "" ? implicitHeight + Theme.iconButtonExtra : implicitContentWidth + 2 * leftPadding
+    leftPadding: symbol !== "" ? 0 : small ? Theme.smallButtonPadding : Theme.buttonPadding
+    rightPadding: leftPadding
+    font: small ? Theme.caption : Theme.body
+
+    contentItem: Item {
+        implicitWidth: label.implicitWidth
+        implicitHeight: label.implicitHeight
+
+        TextLabel {
+            id: label
+            anchors.centerIn: parent
+            visible: root.symbol === ""
+            text: root.text
+            font: root.font
+            color: root.ink
+            silent: true
+        }
+
+        Symbol {
+            anchors.centerIn: parent
+            visible: root.symbol !== ""
+            symbol: root.symbol
+            size: Theme.bodySymbol
+            colour: Theme.primary
+            opacity: root.enabled ? 1 : Theme.disabledInk.a
+        }
+    }
+
+    background: Item {
+        Rectangle {
+            y: Theme.faceDrop
+            width: parent.width
+            height: parent.height
+            radius: root.cornerRadius
+            color: "transparent"
+            border.width: Theme.hairline(Screen.devicePixelRatio)
+            border.color: Theme.faceShade
+            visible: root.enabled && !root.down
+        }
+
+        Rectangle {
+            objectName: "face"
+            anchors.fill: parent
+            radius: root.cornerRadius
+            color: !root.enabled ? Theme.faceDisabled : root.down ? Theme.facePressed : root.hovered ? Theme.faceHover : Theme.face
+            border.width: Theme.hairline(Screen.devicePixelRatio)
+            border.color: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
+
+            Behavior on color {
+                enabled: !root.down
+                ColorAnimation {
+                    duration: Theme.hoverFade
+                }
+            }
+        }
+
+        FocusRing {
+            innerRadius: root.cornerRadius
+            visible: root.visualFocus
+        }
+    }
+}

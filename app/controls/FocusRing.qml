@@ -1,0 +1,19 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// Goes around what has the keyboard focus.
+Rectangle {
+    id: root
+
+    required property real innerRadius
+    property int gap: Theme.focusGap
+
+    anchors.fill: parent
+    anchors.margins: -gap - Theme.focusWidth
+    radius: innerRadius + gap + Theme.focusWidth
+    color: "transparent"
+    border.width: Theme.focusWidth
+    border.color: Theme.orange
+}

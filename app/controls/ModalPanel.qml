@@ -1,0 +1,53 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// A panel that stands over the window and takes all its input until the program's state closes it. Its components are
+// not bound, because the toolkit makes the scrim in a context of its own, which bound components refuse.
+T.Popup {
+    id: root
+
+    required property color scrim
+    required property int scrimFade
+
+    parent: T.Overlay.overlay
+    x: Math.round((parent.width - width) / 2)
+    y: Math.round((parent.height - height) / 2)
+    modal: true
+    dim: true
+    focus: true
+    closePolicy: T.Popup.NoAutoClose
+
+    T.Overlay.modal: Rectangle {
+        color: root.scrim
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: root.scrimFade
+            }
+        }
+    }
+
+    background: Item {
+        PanelShadow {
+            sigma: Theme.wideShadowSigma
+            drop: Theme.wideShadowDrop
+            colour: Theme.wideShadow
+        }
+
+        PanelShadow {
+            sigma: Theme.tightShadowSigma
+            drop: Theme.tightShadowDrop
+            colour: Theme.tightShadow
+        }
+
+        Rectangle {
+            objectName: "panelFace"
+            anchors.fill: parent
+            radius: Theme.panelRadius
+            color: Theme.sheet
+            border.width: Theme.hairline(Screen.devicePixelRatio)
+            border.color: Theme.sheetBorder
+        }
+    }
+}

@@ -1,0 +1,28 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// What every button does: it is pressed by mouse, Space, Return, keypad Enter and assistive technology, once a press.
+T.AbstractButton {
+    id: root
+
+    property string spokenName: text
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    font: Theme.body
+
+    Accessible.role: Accessible.Button
+    Accessible.name: spokenName
+    Accessible.onPressAction: root.pressOnce(false)
+    Keys.onReturnPressed: event => root.pressOnce(event.isAutoRepeat)
+    Keys.onEnterPressed: event => root.pressOnce(event.isAutoRepeat)
+
+    function pressOnce(repeated: bool): void {
+        if (root.enabled && !repeated)
+            root.click();
+    }
+}

@@ -1,0 +1,65 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// The one main action of a view: filled with the tint. Large ones carry a symbol beside their text.
+PressButton {
+    id: root
+
+    property bool large: false
+    property string symbol: ""
+    readonly property int cornerRadius: large ? Theme.largeButtonRadius : Theme.buttonRadius
+    readonly property color ink: enabled ? Theme.prominentLabel : Theme.disabledInk
+
+    implicitHeight: large ? implicitContentHeight + 2 * Theme.pickerLabelPadding : Theme.buttonHeight
+    leftPadding: large ? Theme.pickerLabelSidePadding : Theme.buttonPadding
+    rightPadding: leftPadding
+    font: Theme.bodySemibold
+
+    contentItem: Item {
+        implicitWidth: row.implicitWidth
+        implicitHeight: label.implicitHeight
+
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: Theme.largeButtonSpacing
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.symbol !== ""
+                symbol: root.symbol
+                size: Theme.bodySymbol
+                colour: root.ink
+            }
+
+            TextLabel {
+                id: label
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.text
+                font: root.font
+                color: root.ink
+                silent: true
+            }
+        }
+    }
+
+    background: Rectangle {
+        objectName: "face"
+        radius: root.cornerRadius
+        color: !root.enabled ? Theme.prominentDisabled : root.down ? Theme.prominentPressed : root.hovered ? Theme.prominentHover : Theme.prominent
+
+        Behavior on color {
+            enabled: !root.down
+            ColorAnimation {
+                duration: Theme.hoverFade
+            }
+        }
+
+        FocusRing {
+            innerRadius: root.cornerRadius
+            visible: root.visualFocus
+        }
+    }
+}

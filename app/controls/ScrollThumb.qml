@@ -1,0 +1,23 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// The thumb of a scrolling area, there only while something is out of sight.
+T.ScrollBar {
+    id: root
+
+    orientation: Qt.Vertical
+    implicitWidth: Theme.thumbWidth
+    minimumSize: height > 0 ? Math.min(1, Theme.leastThumb / height) : 0
+    visible: size > 0 && size < 1
+    hoverEnabled: true
+    Accessible.ignored: true
+
+    contentItem: Rectangle {
+        implicitWidth: Theme.thumbWidth
+        radius: width / 2
+        color: root.pressed ? Theme.thumbPressed : root.hovered ? Theme.thumbHover : Theme.thumb
+    }
+}

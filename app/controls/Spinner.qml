@@ -1,0 +1,23 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// Something is going on, nobody knows for how long.
+SpinnerItem {
+    id: root
+
+    implicitWidth: Theme.spinnerSize
+    implicitHeight: Theme.spinnerSize
+    thickness: Theme.spinnerThickness
+    trackColour: Theme.spinnerTrack
+    colour: Theme.orange
+
+    NumberAnimation on angle {
+        running: root.visible && !Theme.reducedMotion
+        loops: Animation.Infinite
+        from: 0
+        to: 360
+        duration: Theme.spinnerTurn
+    }
+}

@@ -1,0 +1,94 @@
+#include "app/bridge/qt_folder_panel.h"
+#include "app/bridge/qt_main_queue.h"
+#include "app/bridge/symbol_drawing.h"
+#include "app/bridge/view_bridge.h"
+#include "app/content_view.h"
+#include "foundation/localized.h"
+#include "foundation/posix_file_manager.h"
+#include "foundation/termination.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QPixmap>
+#include <QQmlApplicationEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickWindow>
+#include <QTranslator>
+
+#include <cstdlib>
+#include <memory>
+
+Q_IMPORT_QML_PLUGIN(TarvoltPlugin)
+
+namespace tarvolt {
+
+namespace {
+
+QIcon windowIcon() {
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addPixmap(applicationIcon(side));
+    }
+    return icon;
+}
+
+void installTranslations(QApplication& application) {
+    const auto install = [&application](const QString& name, const QString& folder) {
+        auto* translator = new QTranslator(&application);
+        if (translator->load(QLocale(), name, QStringLiteral("_"), folder)) {
+            QCoreApplication::installTranslator(translator);
+        }
+    };
+    install(QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    install(QStringLiteral("tarvolt"), QStringLiteral(":/i18n"));
+    setTranslator(
+        [](const char* context, const char* key) { return QCoreApplication::translate(context, key).toStdString(); });
+}
+
+int run(int argc, char** argv) {
+    const auto mainQueue = std::make_shared<QtMainQueue>();
+    watchTerminationRequests([mainQueue] { mainQueue->async([] { QCoreApplication::quit(); }); });
+
+    // A small, quiet window: it opens sooner and needs less when the processor draws it.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QtFolderPanel::keepNothing();
+    QCoreApplication::setApplicationName(QStringLiteral("tarvolt"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarvolt"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarvolt"));
+    QApplication application(argc, argv);
+    QApplication::setWindowIcon(windowIcon());
+    installTranslations(application);
+
+    const auto panel = std::make_shared<QtFolderPanel>();
+    installServices({.fileManager = makePosixFileManager(),
+                     .mainQueue = mainQueue,
+                     .backgroundQueue = makeBackgroundQueue(),
+                     .folderPanel = panel});
+    ViewBridge view(ContentView::create(), processServices());
+
+    QQmlApplicationEngine engine;
+    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    engine.setInitialProperties({{QStringLiteral("view"), QVariant::fromValue(&view)}});
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tarvolt/ContentView.qml")));
+    if (engine.rootObjects().isEmpty()) {
+        return EXIT_FAILURE;
+    }
+    panel->setWindow(qobject_cast<QWindow*>(engine.rootObjects().constFirst()));
+
+    const int code = QApplication::exec();
+    mainQueue->stop();
+    if (runningBackgroundTasks() != 0) {
+        // A scan that hangs must not keep the program from ending, and may still use what an orderly end takes away.
+        std::_Exit(code);
+    }
+    return code;
+}
+
+} // namespace
+
+} // namespace tarvolt
+
+int main(int argc, char** argv) {
+    return tarvolt::run(argc, argv);
+}

@@ -1,0 +1,31 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// A symbol and a short text under a project's name.
+Row {
+    id: root
+
+    required property string symbol
+    required property string text
+    property color colour: Theme.secondary
+
+    objectName: "detailLabel"
+    spacing: Theme.detailSymbolSpacing
+
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: root.symbol
+        size: Theme.captionSymbol
+        colour: root.colour
+    }
+
+    TextLabel {
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.text
+        font: Theme.caption
+        color: root.colour
+        silent: true
+    }
+}

@@ -1,0 +1,60 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tarvolt
+
+// What stands under the header when a scan has found no project.
+ColumnLayout {
+    id: root
+
+    required property ViewBridge view
+
+    objectName: "emptyStateView"
+    spacing: Theme.emptySpacing
+
+    Item {
+        objectName: "emptyTopGap"
+        Layout.fillHeight: true
+    }
+
+    Symbol {
+        objectName: "emptySymbol"
+        Layout.alignment: Qt.AlignHCenter
+        symbol: "magnifyingglass"
+        size: Theme.emptySymbol
+        colour: Theme.secondaryHalf
+        opacity: Theme.halfOpacity
+    }
+
+    TextLabel {
+        objectName: "emptyTitle"
+        Layout.alignment: Qt.AlignHCenter
+        text: qsTr("No MPC Projects Found")
+        font: Theme.title3
+        color: Theme.secondary
+    }
+
+    TextLabel {
+        objectName: "emptyText"
+        Layout.alignment: Qt.AlignHCenter
+        text: qsTr("Make sure you selected the folder that\ndirectly contains your .xpj files.")
+        color: Theme.secondaryEightTenths
+        opacity: Theme.noteOpacity
+        horizontalAlignment: Text.AlignHCenter
+        lineHeight: Theme.twoLineHeight
+    }
+
+    BorderedButton {
+        objectName: "chooseDifferentFolderButton"
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.emptyButtonTop
+        text: qsTr("Choose Different Folder")
+        onClicked: root.view.selectFolder()
+    }
+
+    Item {
+        objectName: "emptyBottomGap"
+        Layout.fillHeight: true
+    }
+}

@@ -1,0 +1,80 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tarvolt
+
+// What stands under the header before a folder has been chosen.
+ColumnLayout {
+    id: root
+
+    required property ViewBridge view
+
+    objectName: "folderPickerView"
+    spacing: Theme.pickerSpacing
+
+    Item {
+        objectName: "pickerTopGap"
+        Layout.fillHeight: true
+    }
+
+    Symbol {
+        objectName: "pickerSymbol"
+        Layout.alignment: Qt.AlignHCenter
+        symbol: "folder.badge.plus"
+        size: Theme.pickerSymbol
+        colour: Theme.orangeSixTenths
+        opacity: Theme.tintedOpacity
+    }
+
+    TextLabel {
+        objectName: "pickerTitle"
+        Layout.alignment: Qt.AlignHCenter
+        text: qsTr("Select Your MPC Projects Folder")
+        font: Theme.title3Semibold
+    }
+
+    TextLabel {
+        objectName: "pickerText"
+        Layout.alignment: Qt.AlignHCenter
+        text: qsTr("Choose the folder that contains your .xpj files\nand their _[ProjectData] folders")
+        color: Theme.secondary
+        horizontalAlignment: Text.AlignHCenter
+        lineHeight: Theme.twoLineHeight
+    }
+
+    ProminentButton {
+        objectName: "selectFolderButton"
+        Layout.alignment: Qt.AlignHCenter
+        large: true
+        symbol: "folder"
+        text: qsTr("Select Folder")
+        onClicked: root.view.selectFolder()
+    }
+
+    Item {
+        objectName: "pickerBottomGap"
+        Layout.fillHeight: true
+    }
+
+    RowLayout {
+        objectName: "privacyNote"
+        Layout.alignment: Qt.AlignHCenter
+        Layout.bottomMargin: Theme.noteBottom
+        spacing: Theme.noteSpacing
+
+        Symbol {
+            objectName: "privacySymbol"
+            symbol: "lock.shield.fill"
+            size: Theme.caption2Symbol
+            colour: Theme.secondary
+        }
+
+        TextLabel {
+            objectName: "privacyText"
+            text: qsTr("Everything runs locally. No files are uploaded anywhere.")
+            font: Theme.caption
+            color: Theme.secondary
+        }
+    }
+}

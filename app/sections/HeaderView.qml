@@ -1,0 +1,114 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tarvolt
+
+// The band at the top: what the program is, which folder is open, and what can be done with it.
+Item {
+    id: root
+
+    required property ViewBridge view
+
+    implicitHeight: Math.max(Math.ceil(titleMetrics.height + Theme.headerTitleSpacing + pathMetrics.height), Theme.buttonHeight) + 2 * Theme.edge
+
+    FontMetrics {
+        id: titleMetrics
+        font: Theme.headline
+    }
+
+    FontMetrics {
+        id: pathMetrics
+        font: Theme.caption
+    }
+
+    RowLayout {
+        objectName: "headerRow"
+        anchors.fill: parent
+        anchors.leftMargin: Theme.headerSidePadding
+        anchors.rightMargin: Theme.headerSidePadding
+        anchors.topMargin: Theme.edge
+        anchors.bottomMargin: Theme.edge
+        spacing: Theme.headerSpacing
+
+        Symbol {
+            objectName: "headerSymbol"
+            symbol: "music.note.house.fill"
+            size: Theme.title2Symbol
+            colour: Theme.orange
+        }
+
+        ColumnLayout {
+            objectName: "headerTitles"
+            Layout.fillWidth: true
+            Layout.minimumWidth: 0
+            Layout.maximumWidth: implicitWidth
+            spacing: Theme.headerTitleSpacing
+
+            TextLabel {
+                objectName: "headerTitle"
+                text: qsTr("Tarvolt")
+                font: Theme.headline
+            }
+
+            TextLabel {
+                objectName: "headerPath"
+                Layout.fillWidth: true
+                visible: root.view.hasFolder
+                text: root.view.folderPath
+                font: Theme.caption
+                color: Theme.secondary
+                maximumLineCount: 1
+                elide: Text.ElideMiddle
+            }
+        }
+
+        Item {
+            objectName: "headerGap"
+            Layout.fillWidth: true
+        }
+
+        RowLayout {
+            objectName: "headerActions"
+            visible: root.view.hasFolder
+            spacing: Theme.headerActionSpacing
+
+            Item {
+                objectName: "badge"
+                implicitWidth: badgeText.implicitWidth + 2 * Theme.badgeSidePadding
+                implicitHeight: badgeText.implicitHeight + 2 * Theme.badgePadding
+
+                Rectangle {
+                    objectName: "badgeFill"
+                    anchors.fill: parent
+                    radius: Theme.badgeRadius
+                    color: Theme.badge
+                    opacity: Theme.badgeOpacity
+                }
+
+                TextLabel {
+                    id: badgeText
+                    objectName: "badgeText"
+                    anchors.centerIn: parent
+                    text: root.view.projectCountText
+                    font: Theme.caption
+                    color: Theme.secondary
+                }
+            }
+
+            BorderedButton {
+                objectName: "rescanButton"
+                symbol: "arrow.clockwise"
+                spokenName: qsTr("Rescan")
+                enabled: !root.view.scanning
+                onClicked: root.view.rescan()
+            }
+
+            BorderedButton {
+                objectName: "changeFolderButton"
+                text: qsTr("Change Folder")
+                onClicked: root.view.selectFolder()
+            }
+        }
+    }
+}

@@ -1,0 +1,61 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// One line of the log: a dot, the time and the message, which takes as many lines as it needs.
+Item {
+    id: root
+
+    required property string time
+    required property string message
+    required property bool isError
+    required property string sentence
+
+    objectName: "logRow"
+    implicitHeight: texts.implicitHeight + 2 * Theme.logRowPadding
+    Accessible.role: Accessible.ListItem
+    Accessible.name: sentence
+
+    Rectangle {
+        id: dot
+        objectName: "logDot"
+        x: Theme.logSidePadding
+        y: Theme.logRowPadding + Theme.logDotTop
+        width: Theme.logDot
+        height: Theme.logDot
+        radius: width / 2
+        antialiasing: true
+        color: root.isError ? Theme.red : Theme.greenSixTenths
+        opacity: root.isError ? 1 : Theme.tintedOpacity
+    }
+
+    Column {
+        id: texts
+        objectName: "logTexts"
+        x: dot.x + dot.width + Theme.logRowSpacing
+        y: Theme.logRowPadding
+        width: parent.width - x - Theme.logSidePadding
+        spacing: Theme.logTextSpacing
+
+        TextLabel {
+            objectName: "logTime"
+            text: root.time
+            font: Theme.monoCaption2
+            color: Theme.secondarySixTenths
+            opacity: Theme.tintedOpacity
+            silent: true
+        }
+
+        TextLabel {
+            objectName: "logMessage"
+            width: parent.width
+            text: root.message
+            font: Theme.caption
+            color: root.isError ? Theme.red : Theme.primary
+            wrapMode: Text.Wrap
+            lineHeight: Theme.proseHeight
+            silent: true
+        }
+    }
+}

@@ -1,0 +1,93 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// The right pane: what has happened, the newest on top.
+FocusScope {
+    id: root
+
+    required property ViewBridge view
+
+    objectName: "logView"
+
+    Rectangle {
+        objectName: "logFill"
+        anchors.fill: parent
+        color: Theme.quaternary
+        opacity: Theme.panelOpacity
+    }
+
+    TextLabel {
+        id: title
+        objectName: "logTitle"
+        x: Theme.logSidePadding
+        y: Theme.logTitleTop
+        text: qsTr("ACTIVITY LOG")
+        font: Theme.captionCapitals
+        color: Theme.secondary
+    }
+
+    HairLine {
+        id: line
+        objectName: "logLine"
+        y: title.y + title.height + Theme.logTitleBottom
+        width: parent.width
+    }
+
+    TextLabel {
+        objectName: "logEmptyText"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: list.y + Math.round((list.height - height) / 2)
+        text: qsTr("No activity yet")
+        font: Theme.caption
+        color: Theme.secondarySixTenths
+        opacity: Theme.tintedOpacity
+        visible: root.view.logEmpty
+    }
+
+    ListView {
+        id: list
+        objectName: "logList"
+        y: line.y + line.height
+        width: parent.width
+        height: parent.height - y
+        visible: !root.view.logEmpty
+        clip: true
+        model: root.view.log
+        spacing: Theme.logSpacing
+        boundsBehavior: Flickable.StopAtBounds
+        pixelAligned: true
+        focus: true
+        activeFocusOnTab: true
+        keyNavigationEnabled: false
+        currentIndex: -1
+        Accessible.role: Accessible.List
+        Accessible.name: title.text
+        Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+
+        T.ScrollBar.vertical: ScrollThumb {
+            parent: list
+            x: list.width - width - Theme.thumbEdge
+            height: list.height
+        }
+
+        delegate: LogRow {
+            width: ListView.view.width
+        }
+    }
+
+    ScrollKeys {
+        id: scrollKeys
+        area: list
+        step: Theme.scrollStep
+    }
+
+    FocusRing {
+        anchors.fill: list
+        gap: -2 * Theme.focusWidth
+        innerRadius: 0
+        visible: list.activeFocus
+    }
+}

@@ -1,0 +1,64 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// A name on disk before and after.
+Item {
+    id: root
+
+    required property ViewBridge view
+    required property string oldText
+    required property string newText
+    readonly property real forNames: width - arrow.width - 2 * Theme.previewRowSpacing
+    readonly property real oldWidth: view.oldNameWidth(oldMetrics.advanceWidth, newMetrics.advanceWidth, forNames)
+
+    implicitHeight: Math.max(oldName.implicitHeight, arrow.implicitHeight, newName.implicitHeight)
+
+    // Measured apart, because a wrapped text's own width follows from the width it is given.
+    TextMetrics {
+        id: oldMetrics
+        font: oldName.font
+        text: root.oldText
+    }
+
+    TextMetrics {
+        id: newMetrics
+        font: newName.font
+        text: root.newText
+    }
+
+    TextLabel {
+        id: oldName
+        objectName: "previewOldName"
+        anchors.verticalCenter: parent.verticalCenter
+        width: root.oldWidth
+        text: root.oldText
+        font: Theme.monoCaptionStruck
+        color: Theme.redSevenTenths
+        opacity: Theme.oldNameOpacity
+        wrapMode: Text.Wrap
+    }
+
+    Symbol {
+        id: arrow
+        objectName: "previewArrow"
+        anchors.verticalCenter: parent.verticalCenter
+        x: oldName.width + Theme.previewRowSpacing
+        symbol: "arrow.right"
+        size: Theme.caption2Symbol
+        colour: Theme.secondary
+    }
+
+    TextLabel {
+        id: newName
+        objectName: "previewNewName"
+        anchors.verticalCenter: parent.verticalCenter
+        x: arrow.x + arrow.width + Theme.previewRowSpacing
+        width: root.forNames - oldName.width
+        text: root.newText
+        font: Theme.monoCaption
+        color: Theme.green
+        wrapMode: Text.Wrap
+    }
+}

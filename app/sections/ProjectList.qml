@@ -1,0 +1,94 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// The rows. One of them is the current one, and the list's keyboard focus is on its button: Tab and the arrow keys go
+// from row to row, Page Up and Page Down by what is in sight, Home and End to either end.
+ListView {
+    id: root
+
+    required property ViewBridge view
+    required property Item thumbParent
+    readonly property int rowsInSight: currentItem ? Math.max(1, Math.floor(height / currentItem.height)) : 1
+
+    objectName: "projectList"
+    clip: true
+    model: view.projects
+    boundsBehavior: Flickable.StopAtBounds
+    pixelAligned: true
+    activeFocusOnTab: true
+    highlightFollowsCurrentItem: false
+    keyNavigationEnabled: false
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Projects")
+
+    T.ScrollBar.vertical: ScrollThumb {
+        parent: root.thumbParent
+        x: root.x + root.width + Math.round((Theme.edge - width) / 2)
+        y: root.y
+        height: root.height
+    }
+
+    delegate: ProjectRow {
+        id: row
+
+        required property int index
+
+        width: ListView.view.width
+        last: index === root.count - 1
+        onRenamePressed: root.view.beginRename(index)
+        onActiveFocusChanged: {
+            if (activeFocus)
+                root.currentIndex = index;
+        }
+    }
+
+    Keys.onPressed: event => {
+        switch (event.key) {
+        case Qt.Key_Down:
+            event.accepted = root.moveBy(1);
+            break;
+        case Qt.Key_Up:
+            event.accepted = root.moveBy(-1);
+            break;
+        case Qt.Key_PageDown:
+            event.accepted = root.moveBy(root.rowsInSight);
+            break;
+        case Qt.Key_PageUp:
+            event.accepted = root.moveBy(-root.rowsInSight);
+            break;
+        case Qt.Key_Home:
+            event.accepted = root.moveBy(-root.count);
+            break;
+        case Qt.Key_End:
+            event.accepted = root.moveBy(root.count);
+            break;
+        default:
+            event.accepted = false;
+        }
+    }
+    // From the last row Tab leaves the list, as it does backwards from the first.
+    Keys.onTabPressed: event => event.accepted = root.moveBy(1)
+    Keys.onBacktabPressed: event => event.accepted = root.moveBy(-1)
+
+    // Whether there was a row to go to.
+    function moveBy(distance: int): bool {
+        const row = Math.max(0, Math.min(root.count - 1, root.currentIndex + distance));
+        if (root.count === 0 || row === root.currentIndex)
+            return false;
+        root.focusRow(row);
+        return true;
+    }
+
+    // Row -1 is the list itself.
+    function focusRow(row: int): void {
+        root.currentIndex = row;
+        root.forceActiveFocus(Qt.TabFocusReason);
+        if (row >= 0) {
+            root.positionViewAtIndex(row, ListView.Contain);
+            (root.currentItem as ProjectRow).takeFocus();
+        }
+    }
+}

@@ -1,0 +1,67 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tarvolt
+
+// The left pane: search bar, scanning indicator and the list in its card.
+FocusScope {
+    id: root
+
+    required property ViewBridge view
+    readonly property real cardTop: {
+        const above = (searchBar.visible ? searchBar.y + searchBar.height + Theme.searchBottom : 0) + (indicator.visible ? indicator.height : 0);
+        return above + (searchBar.visible ? Theme.listTop : Theme.edge);
+    }
+
+    objectName: "projectListView"
+
+    // Row -1 is the list itself.
+    function focusRow(row: int): void {
+        list.focusRow(row);
+    }
+
+    SearchBar {
+        id: searchBar
+        x: Theme.edge
+        y: Theme.edge
+        width: parent.width - 2 * Theme.edge
+        visible: root.view.showsSearchBar
+        view: root.view
+    }
+
+    ScanIndicator {
+        id: indicator
+        y: searchBar.visible ? searchBar.y + searchBar.height + Theme.searchBottom : 0
+        width: parent.width
+        visible: root.view.scanning
+    }
+
+    Rectangle {
+        id: card
+        objectName: "listCard"
+        anchors.fill: list
+        radius: Theme.cardRadius
+        color: Theme.card
+        border.width: Theme.hairline(Screen.devicePixelRatio)
+        border.color: Theme.cardBorder
+        visible: list.count > 0
+    }
+
+    ProjectList {
+        id: list
+        x: Theme.edge
+        y: root.cardTop
+        width: parent.width - 2 * Theme.edge
+        height: Math.min(contentHeight, parent.height - y - Theme.edge)
+        focus: true
+        view: root.view
+        thumbParent: root
+    }
+
+    FocusRing {
+        anchors.fill: list
+        gap: 0
+        innerRadius: Theme.cardRadius
+        visible: list.activeFocus && list.count === 0
+    }
+}

@@ -1,0 +1,129 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tarvolt
+
+// One project: its symbol, its name over its details, and its button, which has the row's keyboard focus.
+FocusScope {
+    id: root
+
+    required property string name
+    required property string symbol
+    required property string fileCountText
+    required property string sizeText
+    required property bool hasDataFolder
+    required property bool renamed
+    required property string sentence
+    required property string buttonSentence
+    required property bool last
+
+    signal renamePressed
+
+    objectName: "projectRow"
+    implicitHeight: row.implicitHeight + 2 * (Theme.rowInset + Theme.rowPadding)
+    Accessible.role: Accessible.ListItem
+    Accessible.name: sentence
+
+    function takeFocus(): void {
+        button.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    RowLayout {
+        id: row
+        objectName: "rowLayout"
+        anchors.fill: parent
+        anchors.topMargin: Theme.rowInset + Theme.rowPadding
+        anchors.bottomMargin: Theme.rowInset + Theme.rowPadding
+        anchors.leftMargin: Theme.rowLeft
+        anchors.rightMargin: Theme.rowRight
+        spacing: Theme.rowSpacing
+
+        Item {
+            objectName: "rowSymbolFrame"
+            implicitWidth: Theme.rowSymbolFrame
+            implicitHeight: symbol.implicitHeight
+
+            Symbol {
+                id: symbol
+                objectName: "rowSymbol"
+                anchors.centerIn: parent
+                symbol: root.symbol
+                size: Theme.title3Symbol
+                colour: root.renamed ? Theme.green : Theme.orange
+
+                Behavior on colour {
+                    ColorAnimation {
+                        duration: root.renamed ? Theme.highlightIn : Theme.highlightOut
+                    }
+                }
+            }
+        }
+
+        ColumnLayout {
+            objectName: "rowTexts"
+            Layout.fillWidth: true
+            Layout.minimumWidth: 0
+            Layout.maximumWidth: implicitWidth
+            spacing: Theme.rowLineSpacing
+
+            TextLabel {
+                objectName: "rowName"
+                Layout.fillWidth: true
+                text: root.name
+                font: Theme.monoBodyMedium
+                maximumLineCount: 1
+                elide: Text.ElideRight
+                silent: true
+            }
+
+            Row {
+                objectName: "rowDetails"
+                Layout.leftMargin: Theme.detailShift
+                spacing: Theme.detailSpacing
+
+                DetailLabel {
+                    symbol: "doc"
+                    text: root.fileCountText
+                }
+
+                DetailLabel {
+                    symbol: "internaldrive"
+                    text: root.sizeText
+                }
+
+                DetailLabel {
+                    visible: !root.hasDataFolder
+                    symbol: "exclamationmark.triangle"
+                    text: qsTr("No data folder")
+                    colour: Theme.yellow
+                }
+            }
+        }
+
+        Item {
+            objectName: "rowGap"
+            Layout.fillWidth: true
+        }
+
+        BorderedButton {
+            id: button
+            objectName: "rowButton"
+            small: true
+            focus: true
+            activeFocusOnTab: false
+            text: qsTr("Rename")
+            spokenName: root.buttonSentence
+            onClicked: root.renamePressed()
+        }
+    }
+
+    HairLine {
+        objectName: "rowLine"
+        x: Theme.rowLeft + Theme.rowSymbolFrame + Theme.rowSpacing
+        anchors.bottom: parent.bottom
+        width: parent.width - x - Theme.rowRight
+        color: Theme.rowLine
+        visible: !root.last
+    }
+}

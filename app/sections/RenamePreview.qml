@@ -1,0 +1,115 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tarvolt
+
+// The names on disk before and after, in a box that scrolls where they are too long for it.
+ColumnLayout {
+    id: root
+
+    required property ViewBridge view
+
+    objectName: "previewBlock"
+    spacing: Theme.previewSpacing
+    opacity: 1
+    onVisibleChanged: {
+        if (visible)
+            appear.restart();
+    }
+
+    NumberAnimation on opacity {
+        id: appear
+        running: false
+        from: 0
+        to: 1
+        duration: Theme.viewFade
+    }
+
+    TextLabel {
+        objectName: "previewTitle"
+        text: qsTr("PREVIEW")
+        font: Theme.captionCapitals
+        color: Theme.secondary
+    }
+
+    Item {
+        objectName: "previewBox"
+        implicitHeight: lines.implicitHeight + 2 * Theme.previewPadding
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        Layout.minimumHeight: 0
+        Layout.maximumHeight: implicitHeight
+
+        Rectangle {
+            objectName: "previewFill"
+            anchors.fill: parent
+            radius: Theme.previewRadius
+            color: Theme.quaternary
+            opacity: Theme.halfOpacity
+        }
+
+        Flickable {
+            id: area
+            objectName: "previewArea"
+            anchors.fill: parent
+            clip: contentHeight > height
+            contentHeight: lines.implicitHeight + 2 * Theme.previewPadding
+            boundsBehavior: Flickable.StopAtBounds
+            activeFocusOnTab: contentHeight > height
+            Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+
+            T.ScrollBar.vertical: ScrollThumb {
+                parent: area
+                x: area.width - width - Theme.thumbEdge
+                y: Theme.thumbEdge
+                height: area.height - 2 * Theme.thumbEdge
+            }
+
+            Column {
+                id: lines
+                objectName: "previewLines"
+                x: Theme.previewPadding
+                y: Theme.previewPadding
+                width: area.width - 2 * Theme.previewPadding
+                spacing: Theme.previewLineSpacing
+
+                PreviewRow {
+                    objectName: "previewFileRow"
+                    width: parent.width
+                    view: root.view
+                    oldText: root.view.oldFileName
+                    newText: root.view.newFileName
+                }
+
+                PreviewRow {
+                    objectName: "previewFolderRow"
+                    width: parent.width
+                    view: root.view
+                    visible: root.view.hasDataFolder
+                    oldText: root.view.oldFolderName
+                    newText: root.view.newFolderName
+                }
+
+                TextLabel {
+                    objectName: "previewNote"
+                    text: qsTr("+ Updates file paths inside .xpj")
+                    font: Theme.caption
+                    color: Theme.secondary
+                }
+            }
+        }
+
+        FocusRing {
+            innerRadius: Theme.previewRadius
+            visible: area.activeFocus
+        }
+    }
+
+    ScrollKeys {
+        id: scrollKeys
+        area: area
+        step: Theme.scrollStep
+    }
+}

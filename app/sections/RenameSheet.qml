@@ -1,0 +1,58 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tarvolt
+
+// Asks for the new name of one project and shows what the rename will make of it.
+ModalPanel {
+    id: root
+
+    required property ViewBridge view
+    property real rise: 0
+
+    objectName: "renameSheet"
+    width: Theme.sheetWidth
+    height: Theme.sheetHeight
+    padding: Theme.sheetPadding
+    visible: view.sheetOpen
+    scrim: Theme.scrim
+    scrimFade: visible ? Theme.sheetIn : Theme.sheetOut
+    topMargin: 0
+    y: Math.round((parent.height - height) / 2 + rise)
+    onAboutToShow: root.focusField()
+
+    function focusField(): void {
+        content.selectName();
+    }
+
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.sheetIn
+            easing.type: Easing.OutCubic
+        }
+        NumberAnimation {
+            property: "rise"
+            from: Theme.sheetRise
+            to: 0
+            duration: Theme.sheetIn
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.sheetOut
+        }
+    }
+
+    contentItem: RenameForm {
+        id: content
+        view: root.view
+    }
+}

@@ -1,0 +1,81 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// The search field over the list.
+Item {
+    id: root
+
+    required property ViewBridge view
+
+    objectName: "searchBar"
+    implicitHeight: Math.max(symbol.implicitHeight, field.implicitHeight) + 2 * Theme.searchPadding
+
+    Rectangle {
+        objectName: "searchFill"
+        anchors.fill: parent
+        radius: Theme.searchRadius
+        color: Theme.quaternary
+        opacity: Theme.halfOpacity
+    }
+
+    Symbol {
+        id: symbol
+        objectName: "searchSymbol"
+        x: Theme.searchPadding
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "magnifyingglass"
+        size: Theme.bodySymbol
+        colour: Theme.secondary
+    }
+
+    T.TextField {
+        id: field
+        objectName: "searchField"
+        anchors.verticalCenter: parent.verticalCenter
+        x: symbol.x + symbol.width + Theme.searchSpacing
+        width: parent.width - x - Theme.searchPadding
+        implicitHeight: contentHeight
+        font: Theme.body
+        color: Theme.primary
+        selectionColor: Theme.selection
+        selectedTextColor: Theme.primary
+        selectByMouse: true
+        renderType: Text.NativeRendering
+        placeholderText: qsTr("Search projects...")
+        text: root.view.searchText
+        onTextEdited: root.view.searchText = text
+        Accessible.name: placeholderText
+        cursorDelegate: Caret {
+            field: field
+        }
+
+        TextLabel {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.length === 0 && field.preeditText === ""
+            text: field.placeholderText
+            color: Theme.secondary
+            silent: true
+        }
+    }
+
+    TapHandler {
+        onTapped: field.forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    HoverHandler {
+        cursorShape: Qt.IBeamCursor
+    }
+
+    Rectangle {
+        objectName: "searchFocus"
+        anchors.fill: parent
+        radius: Theme.searchRadius
+        color: "transparent"
+        border.width: Theme.focusWidth
+        border.color: Theme.orange
+        visible: field.activeFocus
+    }
+}

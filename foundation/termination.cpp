@@ -1,0 +1,25 @@
+#include "foundation/termination.h"
+
+#include <pthread.h>
+#include <signal.h>
+
+#include <thread>
+#include <utility>
+
+namespace tarvolt {
+
+void watchTerminationRequests(std::function<void()> onRequest) {
+    sigset_t requests;
+    sigemptyset(&requests);
+    sigaddset(&requests, SIGTERM);
+    sigaddset(&requests, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &requests, nullptr);
+    std::thread([requests, request = std::move(onRequest)] {
+        int signal = 0;
+        while (sigwait(&requests, &signal) == 0) {
+            request();
+        }
+    }).detach();
+}
+
+} // namespace tarvolt
