@@ -72,8 +72,9 @@ class Program:
             raise TimeoutError(f"{error}\n{self.dump()}") from None
 
     def focused(self):
-        """The element that has the keyboard focus, or None."""
-        return next((element for element in Element(self.tree, self).descendants() if element.has("focused")), None)
+        """The element that has the keyboard focus, or None. What only holds it says that it has it, too, but could not
+        take it."""
+        return next((each for each in Element(self.tree, self).descendants() if each.has("focused") and each.has("focusable")), None)
 
     def key(self, *names):
         """Presses keys as xdotool names them, one after the other: "Return", "ctrl+a"."""

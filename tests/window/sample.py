@@ -1,13 +1,20 @@
 """A folder of made-up projects, sized like real ones without taking their room: the samples are files with holes."""
 
-projectText = """<?xml version="1.0" encoding="UTF-8"?>\r
-<Project>\r
-    <Title>{name}</Title>\r
-    <Sample path="{name}_[ProjectData]/kick.wav" gain="0.8"/>\r
-    <Sample path="{name}_[ProjectData]/snare.wav" gain="0.7"/>\r
-    <Mixdown>{name}_[ProjectData]/mix.wav</Mixdown>\r
-</Project>\r
-"""
+
+def projectText(name, notes=1200):
+    """The text of a project file: three references to the data folder and as many notes."""
+    lines = [
+        '<?xml version="1.0" encoding="UTF-8"?>',
+        "<Project>",
+        f"    <Title>{name}</Title>",
+        f'    <Sample path="{name}_[ProjectData]/sample 000.wav" gain="0.8"/>',
+        f'    <Sample path="{name}_[ProjectData]/sample 001.wav" gain="0.7"/>',
+        f"    <Mixdown>{name}_[ProjectData]/mix.wav</Mixdown>",
+        *(f'    <Note tick="{24 * index}" pad="{index % 16}"/>' for index in range(notes)),
+        "</Project>",
+    ]
+    return "".join(f"{line}\r\n" for line in lines)
+
 
 # Name, number of entries in the data folder, their bytes in all; without a number there is no data folder.
 projects = [
@@ -26,7 +33,7 @@ def make(folder):
     """Fills `folder`, which is made, with the projects."""
     folder.mkdir(parents=True)
     for name, count, size in projects:
-        (folder / f"{name}.xpj").write_text(projectText.format(name=name), newline="")
+        (folder / f"{name}.xpj").write_text(projectText(name), newline="")
         if count is None:
             continue
         data = folder / f"{name}_[ProjectData]"

@@ -30,6 +30,10 @@ class Tour:
         for line in sample.listing(self.folder, name):
             print(f"      {line}", flush=True)
 
+    def logged(self, message):
+        """Waits for a line of the log, which is read out with its time."""
+        return self.program.find("list item", re.compile(f"^{re.escape(message)}, "))
+
     def take(self):
         program = self.program
         program.find("button", "Select Folder")
@@ -43,7 +47,7 @@ class Tour:
 
         program.key("Return")
         program.waitUntilGone("dialog")
-        program.find("label", f"Scan complete: {len(sample.projects)} project(s)")
+        self.logged(f"Scan complete: {len(sample.projects)} project(s)")
         self.step("projects", "Every project is listed with its files and its size, and the log has told of the scan.")
 
         program.find("text", re.compile("Search")).click()
@@ -51,7 +55,7 @@ class Tour:
         program.waitFor(lambda: len(program.elements("button", re.compile("^Rename"))) == 1, "one row")
         self.step("search", "Typing \"ferry\" leaves the one project whose name holds it.")
 
-        print(f"   On disk there are now:")
+        print("   On disk there are now:")
         self.disk(old)
         program.find("button", re.compile("^Rename")).click()
         program.find("button", "Cancel")
@@ -64,7 +68,7 @@ class Tour:
 
         program.key("Return")
         program.waitUntilGone("button", "Cancel")
-        program.find("label", f'Renamed "{old}" → "{new}"')
+        self.logged(f'Renamed "{old}" → "{new}"')
         self.step("renamed", "Return renames it: the log says so, and the row's icon is green for a moment.")
 
         program.find("button", re.compile(f"^Rename.*{re.escape(new)}"))
