@@ -47,7 +47,7 @@ public:
                 return std::nullopt;
             }
         }
-        if (toCome == 0 && decomposed(front.substr(start)) == decomposed_) {
+        if (decomposed(front.substr(start)) == decomposed_) {
             return earliest + start;
         }
         return std::nullopt;

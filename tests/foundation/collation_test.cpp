@@ -100,15 +100,19 @@ TEST(CaseInsensitiveOrder, PutsNamesThatAreNotUtf8WhereTheirDisplayFormBelongs) 
     }
 }
 
-TEST(CaseInsensitiveOrder, HasKeysForLongNames) {
+TEST(CaseInsensitiveOrder, HasWholeKeysForTheLongestNames) {
+    // The second of these stands for eighteen letters.
     const CaseInsensitiveOrder order("en_US");
-    std::string longName;
-    for (int letter = 0; letter < 85; ++letter) {
-        longName += "\u1ec7";
+    for (const char* letter : {"\u1ec7", "\ufdfa"}) {
+        std::string name;
+        for (int count = 0; count < 85; ++count) {
+            name += letter;
+        }
+        EXPECT_EQ(keyOrder(order, name, name + "a"), -1) << letter;
+        EXPECT_EQ(keyOrder(order, name + "a", name + "b"), -1) << letter;
+        EXPECT_EQ(keyOrder(order, name, name), 0) << letter;
+        EXPECT_EQ(keyOrder(order, "", name), -1) << letter;
     }
-    EXPECT_EQ(keyOrder(order, longName, longName + "a"), -1);
-    EXPECT_EQ(keyOrder(order, longName, longName), 0);
-    EXPECT_EQ(keyOrder(order, "", longName), -1);
 }
 
 TEST(CaseInsensitiveOrder, CanBeMoved) {

@@ -54,6 +54,7 @@ TEST(LocalizedCaseInsensitiveContains, EndsBeforeNoMarkButLooksFurther) {
     EXPECT_FALSE(contains("a\u20dd", "a"));
     EXPECT_FALSE(contains("\u0e01\u0e34", "\u0e01"));
     EXPECT_TRUE(contains("a\u0301 a", "a"));
+    EXPECT_TRUE(contains("b\u0301b\u0301b", "b\u0301b"));
     EXPECT_TRUE(contains("\u00e4\u00e1a", "A"));
 }
 

@@ -90,6 +90,7 @@ TEST(ReplaceAllBeforeTail, TakesPlacesThatOverlapFromTheLeft) {
     EXPECT_EQ(replaced("_[ProjectData]_[ProjectData]_[ProjectData]", oldText, "N"), "N_[ProjectData]_[ProjectData]");
     EXPECT_EQ(replaceAllBeforeTail("aaaaa", "a", "b", "a"), "babaa");
     EXPECT_EQ(replaceAllBeforeTail("aaaa", "a", "", "aa"), "aaa");
+    EXPECT_EQ(replaceAllBeforeTail("x---", "x-", "y", "--"), "y--");
 }
 
 TEST(ReplaceAllBeforeTail, TakesAnEmptyNameForThePlaceBeforeTheTail) {

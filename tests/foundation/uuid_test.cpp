@@ -64,6 +64,7 @@ TEST(UUID, IsEqualAndHashesEquallyByItsBytes) {
     EXPECT_EQ(copy, id);
     EXPECT_NE(other, id);
     EXPECT_EQ(std::hash<UUID>{}(copy), std::hash<UUID>{}(id));
+    EXPECT_NE(std::hash<UUID>{}(UUID::random()), std::hash<UUID>{}(id));
 }
 
 } // namespace
