@@ -11,6 +11,7 @@ T.Popup {
     required property int scrimFade
 
     parent: T.Overlay.overlay
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
     modal: true

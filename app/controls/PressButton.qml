@@ -23,6 +23,6 @@ T.AbstractButton {
 
     function pressOnce(repeated: bool): void {
         if (root.enabled && !repeated)
-            root.click();
+            root.clicked();
     }
 }

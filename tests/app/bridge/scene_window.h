@@ -1,0 +1,131 @@
+#pragma once
+
+#include "app/bridge/view_bridge.h"
+#include "app/content_view.h"
+#include "tests/support/scene.h"
+
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tarvolt::testing {
+
+/// The real window over a disk in memory and queues drained by hand.
+class SceneWindow {
+public:
+    SceneWindow() {
+        scene.disk->addFolder("/p");
+        view = ContentView::create(scene.services());
+        bridge = std::make_unique<ViewBridge>(view, scene.services());
+        QObject::connect(&engine, &QQmlEngine::warnings, [](const QList<QQmlError>& warnings) {
+            for (const auto& warning : warnings) {
+                ADD_FAILURE() << warning.toString().toStdString();
+            }
+        });
+        engine.addImportPath(QStringLiteral(":/qt/qml"));
+        engine.setInitialProperties({{QStringLiteral("view"), QVariant::fromValue(bridge.get())}});
+        engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tarvolt/ContentView.qml")));
+        window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
+        EXPECT_NE(window, nullptr);
+        window->requestActivate();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
+        settle();
+    }
+
+    void addProject(const std::string& name, bool withDataFolder = true) {
+        scene.disk->addFile("/p/" + name + ".xpj", "x");
+        if (withDataFolder) {
+            scene.disk->addFolder("/p/" + name + "_[ProjectData]");
+        }
+    }
+
+    void addProjects(int count) {
+        for (int i = 0; i < count; ++i) {
+            addProject("Song " + std::to_string(i));
+        }
+    }
+
+    /// Chooses the folder, scans it and lets the window come to rest.
+    void choose() {
+        scene.panel->answer = "/p";
+        bridge->selectFolder();
+        settle();
+    }
+
+    /// Runs what is due, lets the toolkit catch up and the movements end.
+    void settle() {
+        scene.settle();
+        for (int round = 0; round < 3; ++round) {
+            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        QTest::qWait(movement);
+        scene.settle();
+        QCoreApplication::processEvents();
+    }
+
+    QQuickItem* find(const QString& name) const {
+        const auto all = findAll(name);
+        EXPECT_FALSE(all.empty()) << "no visible " << name.toStdString();
+        return all.empty() ? nullptr : all.front();
+    }
+
+    /// The visible items of this object name, popups included.
+    std::vector<QQuickItem*> findAll(const QString& name) const {
+        std::vector<QQuickItem*> found;
+        collect(window->contentItem(), name, found);
+        return found;
+    }
+
+    QRectF box(const QString& name) const { return boxOf(find(name)); }
+
+    static QRectF boxOf(QQuickItem* item) { return item->mapRectToScene(item->boundingRect()); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const { QTest::keyClick(window, key, modifiers); }
+
+    void type(const QString& text) const {
+        for (const QChar unit : text) {
+            QKeyEvent pressed(QEvent::KeyPress, 0, Qt::NoModifier, unit);
+            QCoreApplication::sendEvent(window, &pressed);
+        }
+    }
+
+    void click(const QString& name) const {
+        QTest::mouseClick(window, Qt::LeftButton, {}, box(name).center().toPoint());
+    }
+
+    QString focused() const {
+        const QQuickItem* item = window->activeFocusItem();
+        return item == nullptr ? QString() : item->objectName();
+    }
+
+    static constexpr int movement = 250; ///< milliseconds that the longest movement that matters takes
+
+    Scene scene;
+    std::shared_ptr<ContentView> view;
+    std::unique_ptr<ViewBridge> bridge;
+    QQmlApplicationEngine engine;
+    QQuickWindow* window = nullptr;
+
+private:
+    static void collect(QQuickItem* item, const QString& name, std::vector<QQuickItem*>& found) {
+        if (!item->isVisible()) {
+            return;
+        }
+        if (item->objectName() == name) {
+            found.push_back(item);
+        }
+        for (QQuickItem* child : item->childItems()) {
+            collect(child, name, found);
+        }
+    }
+};
+
+} // namespace tarvolt::testing
