@@ -39,13 +39,14 @@ public:
     /// Writes the whole contents and brings them to the disk.
     bool fill(std::string_view contents);
 
-    /// Gives the file the name of its place. On failure errno is EEXIST when the name was taken.
+    /// Gives the file the name of its place; false when that name is another item's or cannot be given.
     bool giveName();
 
     /// The identity that the file, now named, has under its name.
     FileIdentity identity() const;
 
 private:
+    bool link();
     bool closesWithoutLoss() const;
     void removeHiddenName();
 
@@ -74,6 +75,11 @@ bool Draft::closesWithoutLoss() const {
 }
 
 bool Draft::giveName() {
+    // A network drive can give the name and lose its answer.
+    return link() || place_.identity() == FileIdentity{written_.st_dev, written_.st_ino};
+}
+
+bool Draft::link() {
     if (hiddenName_.empty()) {
         const std::string self = "/proc/self/fd/" + std::to_string(file_.number());
         return ::linkat(AT_FDCWD, self.c_str(), place_.folder(), place_.name(), AT_SYMLINK_FOLLOW) == 0;
@@ -82,8 +88,7 @@ bool Draft::giveName() {
         removeHiddenName();
         return true;
     }
-    if (errno == EEXIST ||
-        moveWithoutReplacing(place_.folder(), hiddenName_.c_str(), place_.folder(), place_.name()) != 0) {
+    if (moveWithoutReplacing(place_.folder(), hiddenName_.c_str(), place_.folder(), place_.name()) != 0) {
         return false;
     }
     hiddenName_.clear();
@@ -114,7 +119,7 @@ void Draft::removeHiddenName() {
 
 std::optional<FileIdentity> createFile(const Place& place, std::string_view contents) {
     // The hidden way is for file systems that cannot make unnamed files or cannot name them. Which error they answer
-    // with is not agreed on; any other reason for it meets the hidden way again.
+    // with is not agreed on; any other reason, a name that is taken for one, is met again on the hidden way.
     for (const auto kind : {Draft::Kind::unnamed, Draft::Kind::hidden}) {
         Draft draft(place, kind);
         if (!draft.isOpen()) {
@@ -131,9 +136,6 @@ std::optional<FileIdentity> createFile(const Place& place, std::string_view cont
             if (place.identity() == identity) {
                 ::unlinkat(place.folder(), place.name(), 0); // a failed creation leaves as little as it can
             }
-            return std::nullopt;
-        }
-        if (errno == EEXIST) {
             return std::nullopt;
         }
     }

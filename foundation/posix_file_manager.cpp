@@ -145,9 +145,16 @@ public:
                   std::optional<FileIdentity> onlyIf) override {
         const Place source(from, "rename");
         const Place destination(to, "rename");
-        if (!source.holds(onlyIf) || posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(),
-                                                                 destination.name()) != 0) {
+        if (!source.holds(onlyIf)) {
             throw FileError(errno, "rename", from);
+        }
+        if (posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(), destination.name()) !=
+            0) {
+            const int error = errno;
+            // A network drive can make the move and lose its answer.
+            if (!onlyIf || destination.identity() != onlyIf) {
+                throw FileError(error, "rename", from);
+            }
         }
         // The move is done and is not undone for this: after a power cut the item is under one name or the other.
         destination.synchroniseFolder();

@@ -2,6 +2,11 @@
 //
 //   stop             say on standard error what call comes next, and stop until the driver continues the process
 //   short            carry over at most a few bytes in one read or write, as a signal or a full pipe would
+//   no-unnamed       be a file system that makes no files without a name,
+//   no-naming        ... that cannot name them,
+//   no-links         ... that has no links,
+//   no-flag          ... that knows no flag not to replace,
+//   no-sync          ... that knows nothing of bringing anything to the disk
 //
 // and, for drivers to show that they find it, faults that the program itself does not have:
 //
@@ -9,12 +14,16 @@
 //   replacing-move   move without the flag that forbids replacing
 //   lying-write      write half and say all
 //   blind-identity   take whatever stands at a path for the file that was just written
+//   deaf-sync        take a file for brought to the disk also when that failed
+//   deaf-removal     take an item for removed also when that failed
+//   early-name       give the new file its name before it is written
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -25,7 +34,8 @@ namespace {
 
 bool asked(const char* word) {
     const char* words = std::getenv("TARVOLT_SHIM");
-    return words != nullptr && ("," + std::string(words) + ",").find("," + std::string(word) + ",") != std::string::npos;
+    return words != nullptr &&
+           ("," + std::string(words) + ",").find("," + std::string(word) + ",") != std::string::npos;
 }
 
 template<class Call> Call real(const char* name) {
@@ -48,6 +58,11 @@ size_t carried(size_t count) {
 
 struct stat lastWritten {};
 
+int refuse(int error) {
+    errno = error;
+    return -1;
+}
+
 } // namespace
 
 extern "C" {
@@ -60,14 +75,21 @@ ssize_t read(int file, void* bytes, size_t count) {
 ssize_t write(int file, const void* bytes, size_t count) {
     before("write");
     static const bool lies = asked("lying-write");
-    const auto done = real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, carried(lies ? count / 2 : count));
+    const auto done =
+        real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, carried(lies ? count / 2 : count));
     return lies && done >= 0 ? static_cast<ssize_t>(count) : done;
 }
 
 int fsync(int file) {
     before("fsync");
     static const bool skips = asked("no-fsync");
-    return skips ? 0 : real<int (*)(int)>("fsync")(file);
+    static const bool isRefused = asked("no-sync");
+    static const bool isDeaf = asked("deaf-sync");
+    if (isRefused) {
+        return refuse(EINVAL);
+    }
+    const int result = skips ? 0 : real<int (*)(int)>("fsync")(file);
+    return isDeaf ? 0 : result;
 }
 
 int open(const char* path, int flags, ...) {
@@ -77,24 +99,50 @@ int open(const char* path, int flags, ...) {
 
 int openat(int folder, const char* path, int flags, ...) {
     before("openat", path);
+    static const bool isRefused = asked("no-unnamed");
+    static const bool isEarly = asked("early-name");
+    if ((flags & O_TMPFILE) == O_TMPFILE && isRefused) {
+        return refuse(EOPNOTSUPP);
+    }
+    if ((flags & O_TMPFILE) == O_TMPFILE && isEarly) {
+        return real<int (*)(int, const char*, int, ...)>("openat")(folder, "Dawn.xpj", O_CREAT | O_WRONLY, 0666);
+    }
     return real<int (*)(int, const char*, int, ...)>("openat")(folder, path, flags, 0666);
 }
 
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
     before("linkat", to);
+    static const bool refusesNaming = asked("no-naming");
+    static const bool refusesLinks = asked("no-links");
+    static const bool isEarly = asked("early-name");
+    if (isEarly) {
+        return 0;
+    }
+    if (refusesNaming && std::strncmp(from, "/proc/", 6) == 0) {
+        return refuse(ENOENT);
+    }
+    if (refusesLinks) {
+        return refuse(EPERM);
+    }
     return real<int (*)(int, const char*, int, const char*, int)>("linkat")(fromFolder, from, toFolder, to, flags);
 }
 
 int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
     before("renameat2", to);
     static const bool replaces = asked("replacing-move");
+    static const bool isRefused = asked("no-flag");
+    if (isRefused && flags != 0) {
+        return refuse(EINVAL);
+    }
     return real<int (*)(int, const char*, int, const char*, unsigned)>("renameat2")(fromFolder, from, toFolder, to,
                                                                                     replaces ? 0 : flags);
 }
 
 int unlinkat(int folder, const char* path, int flags) {
     before("unlinkat", path);
-    return real<int (*)(int, const char*, int)>("unlinkat")(folder, path, flags);
+    static const bool isDeaf = asked("deaf-removal");
+    const int result = real<int (*)(int, const char*, int)>("unlinkat")(folder, path, flags);
+    return isDeaf ? 0 : result;
 }
 
 int stat(const char* path, struct stat* status) {

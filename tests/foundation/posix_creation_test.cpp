@@ -101,6 +101,8 @@ public:
 
     /// The next call described by these words gets `result` instead.
     void answerOnce(const std::string& call, long result) { once_.emplace_back(call, result); }
+    /// The calls described by these words are made where the file system knows them, and then answered with an error.
+    void loseTheAnswerOf(const std::string& call, int error) { lost_[call] = error; }
     /// Runs before the first call described by these words.
     void before(const std::string& call, std::function<void()> action) {
         before_.emplace_back(call, std::move(action));
@@ -133,7 +135,14 @@ private:
                 return result;
             }
         }
-        return refusal(call, what);
+        const auto refused = refusal(call, what);
+        const auto lost = lost_.find(what);
+        if (refused || lost == lost_.end()) {
+            return refused;
+        }
+        ::syscall(call.number, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3],
+                  call.arguments[4]);
+        return -lost->second;
     }
 
     std::optional<long> refusal(const SystemCall& call, const std::string& what) const {
@@ -158,6 +167,7 @@ private:
     const FileSystem& fileSystem_;
     std::vector<std::string> trace_;
     std::vector<std::pair<std::string, long>> once_;
+    std::map<std::string, int> lost_;
     std::vector<std::pair<std::string, std::function<void()>>> before_;
 };
 
@@ -303,6 +313,15 @@ TEST_P(PosixCreation, KeepsAFileThatComesJustBeforeTheNaming) {
     EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
+}
+
+TEST_P(PosixCreation, TakesTheNameForGivenWhenOnlyTheAnswerIsLost) {
+    for (const char* call : {"name", "link", "move without replacing", "move"}) {
+        calls.loseTheAnswerOf(call, EIO);
+    }
+    EXPECT_TRUE(create(folder / "New.xpj", "text").has_value() || !skipped.empty());
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
 }
 
 TEST_P(PosixCreation, StaysInTheFolderItOpenedWhenThePathComesToLeadElsewhere) {

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -144,6 +145,23 @@ TEST_F(PosixMovingCalls, SynchroniseBothFoldersAfterTheMoveAndTakeNoFailureOfItF
         GTEST_SKIP() << *reason;
     }
     EXPECT_THAT(trace, ElementsAre("move", "b", "a"));
+}
+
+TEST_F(PosixMovingCalls, AreTakenForDoneWhenOnlyTheirAnswerIsLost) {
+    folder.write("from", "1");
+    const auto losingTheAnswer = [](const SystemCall& call) -> std::optional<long> {
+        ::syscall(SYS_renameat2, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3],
+                  call.arguments[4]);
+        return -EIO;
+    };
+    const auto item = disk->state(folder / "from");
+    ASSERT_TRUE(item);
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, losingTheAnswer, [&] {
+            EXPECT_NO_THROW(disk->moveItem(folder / "from", folder / "to", item->identity));
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_THAT(folder.tree(), ElementsAre("to=1"));
 }
 
 TEST_F(PosixMovingCalls, DoNotFallBackWhenTheMoveFailsForAnotherReason) {

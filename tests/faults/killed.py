@@ -1,0 +1,51 @@
+"""A rename is killed before each of its system calls: killed.py PROGRAMS
+
+Afterwards the folder must be in one of the four clean states, each of which must come up, in their order: a whole
+project file, the whole data folder, never a part of a file under a project's name. A hidden file may be left only where
+the file system makes no files without a name. The same is run first with planted faults, each of which must be found.
+"""
+
+import sys
+
+from rename_case import verdict
+from traced import FILE_SYSTEMS, calls_of, side_by_side, traced
+
+
+def faults_of(programs, shim):
+    calls = calls_of(programs, shim)
+
+    def kill(call):
+        return traced(programs, shim, "-o", "/dev/null", "-e", f"trace={call.name}",
+                      "-e", f"inject={call.name}:signal=KILL:when={call.number}")
+
+    faults, states = [], []
+    for call, outcome in zip(calls, side_by_side(kill, calls)):
+        where = f"{shim or 'as it is'}: killed before {call}"
+        if outcome.ended == 0:
+            faults.append(f"{where}: it was not killed")
+        if outcome.state not in (1, 2, 3, 4):
+            faults.append(f"{where}: {outcome.state}")
+        elif states and outcome.state < states[-1]:
+            faults.append(f"{where}: from state {states[-1]} back to {outcome.state}")
+        else:
+            states.append(outcome.state)
+        hidden_allowed = "no-unnamed" in shim or "no-naming" in shim
+        if outcome.leftovers and not (hidden_allowed and len(outcome.leftovers) == 1):
+            faults.append(f"{where}: left {outcome.leftovers}")
+    if set(states) != {1, 2, 3, 4}:
+        faults.append(f"{shim or 'as it is'}: only the states {sorted(set(states))} came up")
+    return len(calls), faults
+
+
+if __name__ == "__main__":
+    PROGRAMS = sys.argv[1]
+    for planted in ("early-name", "lying-write"):
+        try:
+            found = faults_of(PROGRAMS, planted)[1]
+        except SystemExit as unwell:  # the rename did not even go well of itself
+            found = [unwell.code]
+        if not found:
+            sys.exit(f"the planted fault {planted} went unnoticed: this check finds nothing")
+    results = [faults_of(PROGRAMS, shim) for shim in FILE_SYSTEMS]
+    verdict([fault for result in results for fault in result[1]],
+            f"{sum(result[0] for result in results)} kills on {len(FILE_SYSTEMS)} kinds of file system")

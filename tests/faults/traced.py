@@ -1,0 +1,86 @@
+"""The rename program under strace: which system calls it makes, and what comes of it when one of them is tampered with."""
+
+import concurrent.futures
+import os
+import re
+import subprocess
+import sys
+
+from rename_case import NEW, OLD, Folder, clean_state, tree
+
+SKIPPED = 77
+
+# The file systems that the rename is tried on: the one below, and those that the shim makes of it by refusing calls, as
+# FAT sticks, network drives and file systems in user space do. No such file system needs to be here for that.
+FILE_SYSTEMS = ["", "no-unnamed", "no-naming", "no-unnamed,no-links", "no-unnamed,no-links,no-flag,no-sync"]
+
+
+class Call:
+    """A system call of the rename: its name, how many of that name it is since the program began, and its words."""
+
+    def __init__(self, name, number, line):
+        self.name, self.number, self.line = name, number, line
+
+    def __str__(self):
+        return re.sub(r'"[^"]*/', '"', self.line.split(" = ")[0])
+
+
+class Outcome:
+    """What the program said, and what is on disk after it ended."""
+
+    def __init__(self, message, state, leftovers, ended):
+        self.message, self.state, self.leftovers, self.ended = message, state, leftovers, ended
+
+
+def traced(programs, shim, *options):
+    """One rename in a folder of its own, traced with these options; its outcome."""
+    with Folder() as folder:
+        environment = ["-E", f"LD_PRELOAD={programs}/libtarvolt_call_shim.so", "-E", f"TARVOLT_SHIM={shim}"]
+        done = subprocess.run(["strace", "-qq", *options, *environment, f"{programs}/tarvolt_rename_once",
+                               folder.projects, OLD, NEW], capture_output=True, check=False)
+        message = done.stdout.decode().partition("begin\n")[2].strip()
+        leftovers = [name for name in tree(folder.path) if os.path.basename(name).startswith(".")]
+        if tree(folder.projects).get("Bystander.xpj") != b"not ours":
+            leftovers.append("the bystander was changed")
+        return Outcome(message, clean_state(folder.projects), leftovers, done.returncode)
+
+
+def calls_of(programs, shim):
+    """The calls of a rename that goes well, from the first to the last that concerns the folder."""
+    trace = os.path.join(os.environ.get("TMPDIR", "/tmp"), f"tarvolt-trace-{os.getpid()}")
+    try:
+        outcome = traced(programs, shim, "-o", trace)
+        with open(trace, encoding="utf-8", errors="replace") as file:
+            lines = file.read().splitlines()
+    except FileNotFoundError as missing:
+        print(f"skipped: {missing}")
+        sys.exit(SKIPPED)
+    finally:
+        if os.path.exists(trace):
+            os.remove(trace)
+    if outcome.message == "" and not lines:
+        print("skipped: strace may trace no program here")
+        sys.exit(SKIPPED)
+    if (outcome.message, outcome.state) != ("renamed", 4):
+        sys.exit(f"the rename does not go well of itself: {outcome.message}; {outcome.state}")
+    numbers, calls, begun = {}, [], False
+    for line in lines:
+        match = re.match(r"(\w+)\(", line)
+        if not match:
+            continue
+        name = match.group(1)
+        numbers[name] = numbers.get(name, 0) + 1
+        if begun and name == "write" and line.startswith("write(1,"):
+            break
+        if begun and name != "futex":
+            calls.append(Call(name, numbers[name], line))
+        begun = begun or line.startswith('write(1, "begin')
+    while calls[-1].name == "getrandom":
+        calls.pop()  # the identity of the log line, after the last call that concerns the folder
+    return calls
+
+
+def side_by_side(task, items):
+    """The results of `task` for all items, in their order."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        return list(pool.map(task, items))
