@@ -24,8 +24,8 @@ class Desktop:
     `characters`."""
 
     def __init__(self, palette="light", size=(1280, 900), fontSize=10, characters="", environment=None):
-        self.folder = Path(tempfile.mkdtemp(prefix="tarvolt-desktop-"))
-        self.home = self.folder / "home"
+        self.folder = Path(tempfile.mkdtemp(prefix="tarvolt-"))
+        self.home = self.folder / "mara"
         self.runtime = self.folder / "runtime"
         self.size = size
         self.characters = characters
@@ -39,8 +39,6 @@ class Desktop:
             "XDG_CURRENT_DESKTOP": "KDE",
             "KDE_SESSION_VERSION": "5",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            # There is no graphics card to draw with.
-            "QT_QUICK_BACKEND": "software",
             "QT_QPA_PLATFORM": "xcb",
             **(environment or {}),
         }
@@ -69,7 +67,7 @@ class Desktop:
         options.setdefault("stdout", subprocess.DEVNULL)
         options.setdefault("stderr", subprocess.DEVNULL)
         process = subprocess.Popen(
-            command, env=self.environment, stdin=subprocess.DEVNULL, start_new_session=True, **options
+            command, env=self.environment, cwd=self.home, stdin=subprocess.DEVNULL, start_new_session=True, **options
         )
         self.started.append(process)
         return process
@@ -85,16 +83,18 @@ class Desktop:
             ["xdotool", *map(str, words)], env=self.environment, check=True, capture_output=True, text=True, timeout=30
         ).stdout
 
-    def stillPicture(self):
-        """The screen once two looks at it in a row are the same."""
-        last = self.screen.grab()
+    def stillPicture(self, seconds):
+        """The screen once it has been the same for so long."""
+        last, since = self.screen.grab(), time.monotonic()
 
         def still():
-            nonlocal last
-            before, last = last, self.screen.grab()
-            return before == last
+            nonlocal last, since
+            picture = self.screen.grab()
+            if picture != last:
+                last, since = picture, time.monotonic()
+            return time.monotonic() - since >= seconds
 
-        waitFor(still, "a picture that stands still", pause=0.1)
+        waitFor(still, "a picture that stands still")
         return last
 
     def _writeSettings(self, palette, fontSize):

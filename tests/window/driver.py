@@ -96,12 +96,12 @@ class Program:
             return None
         return window if owner == str(self.process.pid) else None
 
-    def picture(self, hideMouse=True):
-        """The active window without its frame, once nothing in it moves."""
+    def picture(self, hideMouse=True, still=0.3):
+        """The active window without its frame, once nothing has moved for so many seconds."""
         if hideMouse:
             self.desktop.input("mousemove", *self.desktop.size)
         window = self.waitFor(lambda: [each for each in Element(self.tree, self).children() if each.has("active")], "a window")
-        return self.desktop.stillPicture().cut(*window[-1].box)
+        return self.desktop.stillPicture(still).cut(*window[-1].box)
 
     def dump(self):
         """The accessibility tree as text, for failures."""
@@ -121,7 +121,7 @@ class Program:
 
 
 class Element:
-    """Something in the accessibility tree. What has vanished meanwhile has no name, no state and no children."""
+    """Something in the accessibility tree. What has vanished meanwhile has no name, no state, no size and no children."""
 
     def __init__(self, accessible, program):
         self.accessible, self.program = accessible, program
@@ -144,6 +144,10 @@ class Element:
         """What stands in a text field."""
         return _ask(lambda: Atspi.Text.get_text(self.accessible, 0, -1), "")
 
+    def setText(self, text):
+        """Puts a text into a field as assistive technology does."""
+        Atspi.EditableText.set_text_contents(self.accessible, text)
+
     @property
     def showing(self):
         return self.has("showing")
@@ -151,7 +155,7 @@ class Element:
     @property
     def box(self):
         """Left, top, width and height in pixels of the screen."""
-        box = self.accessible.get_extents(Atspi.CoordType.SCREEN)
+        box = _ask(lambda: self.accessible.get_extents(Atspi.CoordType.SCREEN), Atspi.Rect())
         return tuple(round(number * self.program.scale) for number in (box.x, box.y, box.width, box.height))
 
     def has(self, state):

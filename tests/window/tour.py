@@ -19,11 +19,11 @@ class Tour:
         self.program, self.folder, self.pictures = program, folder, pictures
         self.steps = 0
 
-    def step(self, title, text):
+    def step(self, title, text, still=0.3):
         """Tells what is to be seen and takes its picture."""
         self.steps += 1
         path = self.pictures / f"{self.steps}-{title}.png"
-        self.program.picture().save(path)
+        self.program.picture(still=still).save(path)
         print(f"{self.steps}. {text}\n   {path}", flush=True)
 
     def disk(self, name):
@@ -69,7 +69,8 @@ class Tour:
         program.key("Return")
         program.waitUntilGone("button", "Cancel")
         self.logged(f'Renamed "{old}" → "{new}"')
-        self.step("renamed", "Return renames it: the log says so, and the row's icon is green for a moment.")
+        # Half a second later the list is made anew.
+        self.step("renamed", "Return renames it: the log says so, and the row's icon is green for a moment.", still=0.1)
 
         program.find("button", re.compile(f"^Rename.*{re.escape(new)}"))
         self.step("finished", "The folder has been scanned again and the project stands there under its new name.")

@@ -1,0 +1,80 @@
+"""What the window tests have in common: a desktop, a folder of projects and the program, new for each test.
+
+The program's path comes from the environment (TARVOLT), the test's name from the command line.
+"""
+
+import os
+import re
+import unittest
+from pathlib import Path
+
+import sample
+from desktop import Desktop
+from driver import Program
+
+
+class WindowTest(unittest.TestCase):
+    characters = ""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop(characters=self.characters))
+        self.folder = self.desktop.home / "Projects"
+        sample.make(self.folder)
+        self.program = self.start()
+
+    def enterContext(self, context):
+        # unittest has this itself from Python 3.11 on, like this.
+        value = context.__enter__()
+        self.addCleanup(context.__exit__, None, None, None)
+        return value
+
+    def start(self):
+        return self.enterContext(Program(self.desktop, os.environ["TARVOLT"]))
+
+    def choose(self, folder, button="Select Folder"):
+        """Chooses a folder in the panel that `button` opens."""
+        self.program.find("button", button).click()
+        self.typeFolder(folder)
+        self.program.key("Return")
+        self.program.waitUntilGone("dialog")
+
+    def typeFolder(self, folder):
+        self.program.find("dialog")
+        self.program.waitFor(lambda: (self.program.focused() or self.program).role == "text", "the panel's field")
+        self.program.type(str(folder))
+        self.program.waitFor(lambda: self.program.focused().text == str(folder), "the folder's path")
+
+    def logged(self, message):
+        """Waits for a line of the log; read out, it ends with its time."""
+        return self.program.find("list item", re.compile(f"^{re.escape(message)}, "))
+
+    def rows(self):
+        """The names of the projects listed, in the order on the screen."""
+        buttons = self.program.elements("button", re.compile("^Rename ."))
+        return [button.name.removeprefix("Rename ") for button in sorted(buttons, key=lambda button: button.box[1])]
+
+    def openSheet(self, name):
+        """Presses a row's button; returns the sheet's field once it has the focus."""
+        self.program.find("button", f"Rename {name}").click()
+        return self.sheetField(name)
+
+    def sheetField(self, text):
+        def focused():
+            field = self.program.focused()
+            return field if field and field.role == "text" and field.text == text else None
+
+        return self.program.waitFor(focused, f"the field with {text!r} and the focus")
+
+    def disk(self):
+        """Every path below the folder, with the text of the project files."""
+        return {
+            path.relative_to(self.folder).as_posix(): path.read_text() if path.suffix == ".xpj" else None
+            for path in self.folder.rglob("*")
+        }
+
+
+def main():
+    unittest.main(verbosity=2)
+
+
+names = [name for name, _, _ in sample.projects]
