@@ -20,10 +20,10 @@ ModalPanel {
     scrimFade: visible ? Theme.sheetIn : Theme.sheetOut
     topMargin: 0
     y: Math.round((parent.height - height) / 2 + rise)
-    onAboutToShow: root.focusField()
+    onAboutToShow: content.selectName()
 
     function focusField(): void {
-        content.selectName();
+        content.focusField();
     }
 
     enter: Transition {
