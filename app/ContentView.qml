@@ -1,8 +1,9 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Window
 import Tarvolt
 
-// Not bound, because Qt 6.4 refuses to make a bound component that no other one contains.
 // The window: header, line, and below them one of three areas; over them the rename sheet and the failure alert.
 Window {
     id: root
@@ -13,7 +14,7 @@ Window {
     height: Theme.firstHeight
     minimumWidth: Theme.leastWidth
     minimumHeight: Theme.leastHeight
-    title: Qt.application.displayName
+    title: Qt.application.name
     color: Theme.window
     visible: true
 
@@ -31,58 +32,11 @@ Window {
         width: parent.width
     }
 
-    FocusScope {
-        id: content
-        objectName: "contentArea"
+    ContentArea {
         y: headerLine.y + headerLine.height
         width: parent.width
         height: parent.height - y
-
-        Loader {
-            id: area
-            anchors.fill: parent
-            focus: true
-            sourceComponent: {
-                switch (root.view.area) {
-                case ViewBridge.FolderPicker:
-                    return folderPicker;
-                case ViewBridge.EmptyState:
-                    return emptyState;
-                default:
-                    return splitArea;
-                }
-            }
-            onLoaded: appear.restart()
-
-            NumberAnimation on opacity {
-                id: appear
-                running: false
-                from: 0
-                to: 1
-                duration: Theme.viewFade
-            }
-        }
-    }
-
-    Component {
-        id: folderPicker
-        FolderPickerView {
-            view: root.view
-        }
-    }
-
-    Component {
-        id: emptyState
-        EmptyStateView {
-            view: root.view
-        }
-    }
-
-    Component {
-        id: splitArea
-        SplitArea {
-            view: root.view
-        }
+        view: root.view
     }
 
     RenameSheet {
@@ -92,6 +46,6 @@ Window {
 
     FailureAlert {
         view: root.view
-        onDismissed: sheet.focusField()
+        onAboutToHide: sheet.focusField()
     }
 }

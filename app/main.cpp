@@ -53,7 +53,7 @@ int run(int argc, char** argv) {
     // A small, quiet window: it opens sooner and needs less when the processor draws it.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QtFolderPanel::keepNothing();
-    QCoreApplication::setApplicationName(QStringLiteral("tarvolt"));
+    QCoreApplication::setApplicationName(QStringLiteral("Tarvolt"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarvolt"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tarvolt"));
     QApplication application(argc, argv);

@@ -14,6 +14,7 @@ qt_add_qml_module(
   tarvolt_window
   URI Tarvolt
   VERSION 1.0
+  DEPENDENCIES QtQuick
   RESOURCE_PREFIX /qt/qml
   OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/Tarvolt"
   QML_FILES ${qml_files})

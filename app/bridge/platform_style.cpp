@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QScreen>
 #include <QStyle>
+#include <QStyleHints>
 
 #include <algorithm>
 #include <cmath>
@@ -95,6 +96,10 @@ bool PlatformStyle::eventFilter(QObject* watched, QEvent* event) {
         emit fontsChanged();
     }
     return false;
+}
+
+int PlatformStyle::caretFlash() {
+    return QGuiApplication::styleHints()->cursorFlashTime();
 }
 
 int PlatformStyle::symbolBox(double pixels) {

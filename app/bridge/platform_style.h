@@ -101,6 +101,8 @@ public:
     Q_PROPERTY(int caption2Symbol READ caption2Symbol NOTIFY fontsChanged)
     Q_PROPERTY(double bodyPixels READ bodyPixels NOTIFY fontsChanged)
     Q_PROPERTY(double captionPixels READ captionPixels NOTIFY fontsChanged)
+    /// How long the caret's blinking takes, on and off, in milliseconds; 0 where it is not to blink.
+    Q_PROPERTY(int caretFlash READ caretFlash CONSTANT)
     /// Whether the system asks for as little movement as can be.
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY fontsChanged)
 
@@ -127,6 +129,7 @@ public:
     double captionPixels() const {
         return pixels(fonts_.caption);
     }
+    static int caretFlash();
     bool reducedMotion() const {
         return reducedMotion_;
     }

@@ -18,28 +18,11 @@ PressButton {
     rightPadding: leftPadding
     font: small ? Theme.caption : Theme.body
 
-    contentItem: Item {
-        implicitWidth: label.implicitWidth
-        implicitHeight: label.implicitHeight
-
-        TextLabel {
-            id: label
-            anchors.centerIn: parent
-            visible: root.symbol === ""
-            text: root.text
-            font: root.font
-            color: root.ink
-            silent: true
-        }
-
-        Symbol {
-            anchors.centerIn: parent
-            visible: root.symbol !== ""
-            symbol: root.symbol
-            size: Theme.bodySymbol
-            colour: Theme.primary
-            opacity: root.enabled ? 1 : Theme.disabledInk.a
-        }
+    contentItem: ButtonLabel {
+        symbol: root.symbol
+        text: root.text
+        font: root.font
+        ink: root.ink
     }
 
     background: Item {

@@ -24,9 +24,9 @@ Rectangle {
 
     Timer {
         id: blink
-        running: root.visible && Qt.styleHints.cursorFlashTime > 0
+        running: root.visible && Theme.caretFlash > 0
         repeat: true
-        interval: Qt.styleHints.cursorFlashTime / 2
+        interval: Theme.caretFlash / 2
         onTriggered: root.opacity = 1 - root.opacity
         onRunningChanged: root.opacity = 1
     }

@@ -20,11 +20,11 @@ T.Popup {
     closePolicy: T.Popup.NoAutoClose
 
     T.Overlay.modal: Rectangle {
-        color: root.scrim
+        color: root.scrim // qmllint disable unqualified
 
         Behavior on opacity {
             NumberAnimation {
-                duration: root.scrimFade
+                duration: root.scrimFade // qmllint disable unqualified
             }
         }
     }

@@ -17,32 +17,11 @@ PressButton {
     rightPadding: leftPadding
     font: Theme.bodySemibold
 
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: label.implicitHeight
-
-        Row {
-            id: row
-            anchors.centerIn: parent
-            spacing: Theme.largeButtonSpacing
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: root.symbol !== ""
-                symbol: root.symbol
-                size: Theme.bodySymbol
-                colour: root.ink
-            }
-
-            TextLabel {
-                id: label
-                anchors.verticalCenter: parent.verticalCenter
-                text: root.text
-                font: root.font
-                color: root.ink
-                silent: true
-            }
-        }
+    contentItem: ButtonLabel {
+        symbol: root.symbol
+        text: root.text
+        font: root.font
+        ink: root.ink
     }
 
     background: Rectangle {

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import Tarvolt
 
 // Says why a rename failed.
@@ -10,17 +9,13 @@ ModalPanel {
 
     required property ViewBridge view
 
-    signal dismissed
-
     objectName: "failureAlert"
     width: Theme.alertWidth
     padding: Theme.alertPadding
     visible: view.alertOpen
     scrim: Theme.alertScrim
     scrimFade: visible ? Theme.alertIn : Theme.alertOut
-    onAboutToShow: okButton.focus = true
-    onOpened: view.announceAlert(content)
-    onAboutToHide: root.dismissed()
+    onOpened: view.announceAlert(contentItem)
 
     enter: Transition {
         NumberAnimation {
@@ -45,50 +40,7 @@ ModalPanel {
         }
     }
 
-    contentItem: FocusScope {
-        id: content
-        objectName: "alertContent"
-        implicitHeight: column.implicitHeight
-        focus: true
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: title.text
-        Accessible.description: message.text
-        Keys.onEscapePressed: root.view.dismissAlert()
-
-        ColumnLayout {
-            id: column
-            width: parent.width
-            spacing: 0
-
-            TextLabel {
-                id: title
-                objectName: "alertTitle"
-                Layout.fillWidth: true
-                text: qsTr("Rename Failed")
-                font: Theme.headline
-                horizontalAlignment: Text.AlignHCenter
-            }
-
-            TextLabel {
-                id: message
-                objectName: "alertMessage"
-                Layout.fillWidth: true
-                Layout.topMargin: Theme.alertTextSpacing
-                text: root.view.alertMessage
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                lineHeight: Theme.proseHeight
-            }
-
-            ProminentButton {
-                id: okButton
-                objectName: "alertButton"
-                Layout.fillWidth: true
-                Layout.topMargin: Theme.alertButtonTop
-                focus: true
-                text: qsTr("OK")
-                onClicked: root.view.dismissAlert()
-            }
-        }
+    contentItem: AlertForm {
+        view: root.view
     }
 }

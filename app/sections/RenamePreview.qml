@@ -13,7 +13,6 @@ ColumnLayout {
 
     objectName: "previewBlock"
     spacing: Theme.previewSpacing
-    opacity: 1
     onVisibleChanged: {
         if (visible)
             appear.restart();

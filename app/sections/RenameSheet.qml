@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import Tarvolt
 
 // Asks for the new name of one project and shows what the rename will make of it.
@@ -10,6 +9,7 @@ ModalPanel {
 
     required property ViewBridge view
     property real rise: 0
+    readonly property RenameForm form: contentItem as RenameForm
 
     objectName: "renameSheet"
     width: Theme.sheetWidth
@@ -18,12 +18,11 @@ ModalPanel {
     visible: view.sheetOpen
     scrim: Theme.scrim
     scrimFade: visible ? Theme.sheetIn : Theme.sheetOut
-    topMargin: 0
     y: Math.round((parent.height - height) / 2 + rise)
-    onAboutToShow: content.selectName()
+    onAboutToShow: root.form.selectName()
 
     function focusField(): void {
-        content.focusField();
+        root.form.focusField();
     }
 
     enter: Transition {
@@ -52,7 +51,6 @@ ModalPanel {
     }
 
     contentItem: RenameForm {
-        id: content
         view: root.view
     }
 }

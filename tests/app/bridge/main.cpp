@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Tarvolt"));
     ::testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();
 }
