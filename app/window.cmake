@@ -23,6 +23,20 @@ set_target_properties(tarvolt_window PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-
 target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)
 target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/bridge")
 
+# The texts of the window. tarvolt_en.ts is the template for other languages: the target tarvolt_texts brings it up to
+# date, and a test tells when that has been forgotten. Each tarvolt_<language>.ts beside it is built in.
+file(GLOB text_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/sections/*.cpp")
+list(TRANSFORM qml_files PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE text_qml)
+set(TARVOLT_LUPDATE
+    Qt6::lupdate -silent -no-obsolete -locations none -source-language en -tr-function-alias translate+=localized
+    ${text_sources} ${text_qml} -ts)
+add_custom_target(tarvolt_texts COMMAND ${TARVOLT_LUPDATE} "${CMAKE_CURRENT_SOURCE_DIR}/translations/tarvolt_en.ts")
+
+file(GLOB translations CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/translations/tarvolt_*.ts")
+qt_add_lrelease(tarvolt_window TS_FILES ${translations} QM_FILES_OUTPUT_VARIABLE compiled_translations)
+qt_add_resources(tarvolt_window tarvolt_translations PREFIX /i18n BASE "${CMAKE_CURRENT_BINARY_DIR}"
+                 FILES ${compiled_translations})
+
 # What the toolkit generates does not keep this project's warnings. Its sources are known once the folder is read.
 function(tarvolt_quiet_generated_sources)
   foreach(target IN ITEMS tarvolt_window tarvolt_windowplugin tarvolt_windowplugin_init tarvolt_window_qmlcache)

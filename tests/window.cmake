@@ -7,3 +7,14 @@ target_link_libraries(tarvolt_window_tests PRIVATE tarvolt_window tarvolt_window
 gtest_discover_tests(tarvolt_window_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 
 add_subdirectory(window)
+
+# The template of the texts says what the program says.
+get_directory_property(lupdate DIRECTORY "${PROJECT_SOURCE_DIR}/app" DEFINITION TARVOLT_LUPDATE)
+set(texts "${CMAKE_CURRENT_BINARY_DIR}/tarvolt_en.ts")
+add_test(NAME texts.Copy COMMAND "${CMAKE_COMMAND}" -E copy "${PROJECT_SOURCE_DIR}/app/translations/tarvolt_en.ts" "${texts}")
+add_test(NAME texts.Update COMMAND ${lupdate} "${texts}")
+add_test(NAME texts.TheTemplateIsUpToDate
+         COMMAND "${CMAKE_COMMAND}" -E compare_files "${texts}" "${PROJECT_SOURCE_DIR}/app/translations/tarvolt_en.ts")
+set_tests_properties(texts.Copy PROPERTIES FIXTURES_SETUP texts_copied)
+set_tests_properties(texts.Update PROPERTIES FIXTURES_SETUP texts_updated FIXTURES_REQUIRED texts_copied)
+set_tests_properties(texts.TheTemplateIsUpToDate PROPERTIES FIXTURES_REQUIRED texts_updated)
