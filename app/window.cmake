@@ -2,7 +2,8 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick Widgets LinguistTools)
 qt_standard_project_setup()
 
-file(GLOB bridge_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.h")
+file(GLOB bridge_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp")
+file(GLOB bridge_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.h")
 file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
 set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
@@ -10,6 +11,8 @@ set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)
 
 add_library(tarvolt_window STATIC ${bridge_sources})
+target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${bridge_headers})
+set_target_properties(tarvolt_window PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 qt_add_qml_module(
   tarvolt_window
   URI Tarvolt
