@@ -79,7 +79,11 @@ FocusScope {
                 focus: true
                 placeholderText: qsTr("Enter new project name")
                 text: root.view.newName
-                onTextEdited: root.view.newName = text
+                // Assistive technology sets a text without editing it.
+                onTextChanged: {
+                    if (text !== root.view.newName)
+                        root.view.newName = text;
+                }
                 Accessible.name: qsTr("New name")
                 Keys.onReturnPressed: event => root.submit(event.isAutoRepeat)
                 Keys.onEnterPressed: event => root.submit(event.isAutoRepeat)

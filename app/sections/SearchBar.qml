@@ -46,7 +46,11 @@ Item {
         renderType: Text.NativeRendering
         placeholderText: qsTr("Search projects...")
         text: root.view.searchText
-        onTextEdited: root.view.searchText = text
+        // Assistive technology sets a text without editing it.
+        onTextChanged: {
+            if (text !== root.view.searchText)
+                root.view.searchText = text;
+        }
         Accessible.name: placeholderText
         cursorDelegate: Caret {
             field: field
