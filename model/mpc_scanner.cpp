@@ -1,5 +1,6 @@
 #include "model/mpc_scanner.h"
 
+#include "foundation/localized.h"
 #include "model/folder_scan.h"
 
 #include <string>
@@ -14,8 +15,8 @@ FolderPanelSettings projectsFolderPanel() {
     settings.canChooseDirectories = true;
     settings.canChooseFiles = false;
     settings.allowsMultipleSelection = false;
-    settings.message = "Select the folder containing your MPC projects";
-    settings.prompt = "Select Folder";
+    settings.message = localized("FolderPanel", "Select the folder containing your MPC projects");
+    settings.prompt = localized("FolderPanel", "Select Folder");
     return settings;
 }
 

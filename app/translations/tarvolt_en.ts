@@ -36,6 +36,17 @@ directly contains your .xpj files.</source>
     </message>
 </context>
 <context>
+    <name>FolderPanel</name>
+    <message>
+        <source>Select the folder containing your MPC projects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FolderPickerView</name>
     <message>
         <source>Select Your MPC Projects Folder</source>

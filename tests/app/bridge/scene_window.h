@@ -2,6 +2,7 @@
 
 #include "app/bridge/view_bridge.h"
 #include "app/content_view.h"
+#include "tests/app/bridge/print_qt.h"
 #include "tests/support/scene.h"
 
 #include <QQmlApplicationEngine>

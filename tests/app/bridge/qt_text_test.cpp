@@ -1,0 +1,58 @@
+#include "app/bridge/qt_text.h"
+
+#include "foundation/text.h"
+#include "tests/app/bridge/print_qt.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvolt {
+namespace {
+
+TEST(QtTextTest, ShowsWhatIsNotUtf8AsReplacementCharacters) {
+    EXPECT_EQ(displayString("a\xFFz"), QStringLiteral("a\uFFFDz"));
+    EXPECT_EQ(displayString("Žluťoučký 🎹"), QStringLiteral("Žluťoučký 🎹"));
+}
+
+TEST(QtTextTest, DrawsControlsAndLineBreaksAsBlanksInATextOfOneLine) {
+    EXPECT_EQ(singleLineString("a\nb\tc\r\x01\x7F"
+                               "d"),
+              QStringLiteral("a b c   d"));
+    EXPECT_EQ(singleLineString("a\u2028b\u2029c\u0085d"), QStringLiteral("a b c d"));
+    EXPECT_EQ(singleLineString("<b>שלום</b>"), QStringLiteral("<b>שלום</b>"));
+}
+
+TEST(QtTextTest, GivesOrdinaryTextAsUtf8AndBack) {
+    for (const char* text : {"", "Slow Glass", "Žluťoučký 🎹", "日本語", "e\u0301"}) {
+        EXPECT_EQ(typedBytes(QString::fromUtf8(text)), text);
+        EXPECT_EQ(editableString(text), QString::fromUtf8(text));
+    }
+}
+
+TEST(QtTextTest, KeepsALoneSurrogateInvalidAllTheWay) {
+    const QChar high(u'\xD83C');
+    const QChar low(u'\xDFB9');
+    const QString texts[] = {QString(high),
+                             QString(low),
+                             QStringLiteral("a") + high + QStringLiteral("b"),
+                             QString(low) + high,
+                             QString(high) + high + low,
+                             QStringLiteral("é") + low};
+    for (const QString& text : texts) {
+        const std::string bytes = typedBytes(text);
+        EXPECT_FALSE(isValidUtf8(bytes));
+        EXPECT_EQ(bytes.find('?'), std::string::npos);
+        EXPECT_EQ(editableString(bytes), text);
+    }
+    EXPECT_EQ(typedBytes(QString(high)), "\xED\xA0\xBC");
+    EXPECT_EQ(typedBytes(QString(low)), "\xED\xBE\xB9");
+}
+
+TEST(QtTextTest, EditsOtherInvalidBytesAsReplacementCharacters) {
+    EXPECT_EQ(editableString("a\xFF"), QStringLiteral("a\uFFFD"));
+    EXPECT_EQ(editableString("\xED\xA0"), displayString("\xED\xA0"));
+}
+
+} // namespace
+} // namespace tarvolt
