@@ -86,6 +86,24 @@ TEST_F(PosixContents, AreAbsentForAFileThatMustNotBeRead) {
     testing::withoutPrivileges([&] { EXPECT_EQ(contents(file), std::nullopt); });
 }
 
+TEST_F(PosixContents, AreSoughtWithoutOpeningAnythingButAFile) {
+    folder.makeFolder("folder");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    int opened = 0;
+    const auto counting = [&](const testing::SystemCall& call) -> std::optional<long> {
+        opened += call.text(1).rfind(folder.path().native(), 0) == 0 || call.text(1) == "/dev/zero" ? 1 : 0;
+        return std::nullopt;
+    };
+    if (const auto reason = withCallsAnswered({SYS_openat}, counting, [&] {
+            EXPECT_EQ(contents(folder / "pipe"), std::nullopt);
+            EXPECT_EQ(contents(folder / "folder"), std::nullopt);
+            EXPECT_EQ(contents("/dev/zero"), std::nullopt);
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(opened, 0);
+}
+
 TEST_F(PosixContents, AreReadToTheEndWhateverSizeWasTold) {
     // The kernel tells a size of 0 for these files and hands them over in pieces.
     const auto status = contents("/proc/self/status");

@@ -282,6 +282,18 @@ TEST_F(ProjectRenameOnDisk, KeepsAFileThatComesAfterTheExistenceTest) {
                                            "Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"));
 }
 
+TEST_F(ProjectRenameOnDisk, KeepsAnOldFileThatIsWrittenToInPlaceAfterItWasRead) {
+    makeSong();
+    disk->onCall = [&](const std::string& line) {
+        if (line.starts_with("move ")) {
+            folder.write("Song.xpj", "saved again");
+        }
+    };
+    EXPECT_EQ(rename("Beat"), "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>", "Beat_[ProjectData]/",
+                                           "Beat_[ProjectData]/kick.wav=boom", "Song.xpj=saved again"));
+}
+
 TEST_F(ProjectRenameOnDisk, RollsBackOnlyTheFileItCreated) {
     makeSong();
     disk->onCall = [&](const std::string& line) {
