@@ -151,8 +151,8 @@ public:
         if (posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(), destination.name()) !=
             0) {
             const int error = errno;
-            // A network drive can make the move and lose its answer.
-            if (!onlyIf || destination.identity() != onlyIf) {
+            // A network drive can make the move and lose its answer. An item that has both names has not been moved.
+            if (!onlyIf || destination.identity() != onlyIf || source.identity()) {
                 throw FileError(error, "rename", from);
             }
         }

@@ -24,11 +24,12 @@ using testing::TemporaryFolder;
 class PosixMoving : public ::testing::TestWithParam<bool> {
 protected:
     /// The error of the move, or 0; on a file system that knows the flag not to replace, or on one that does not.
-    int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to) {
+    int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to,
+                    std::optional<FileIdentity> onlyIf = std::nullopt) {
         int error = 0;
         const auto move = [&] {
             try {
-                disk->moveItem(from, to);
+                disk->moveItem(from, to, onlyIf);
             } catch (const FileError& failure) {
                 error = failure.code().value();
             }
@@ -77,6 +78,17 @@ TEST_P(PosixMoving, ReplacesNothing) {
         EXPECT_EQ(errorOfMove(folder / "from", folder / name), EEXIST) << name;
         SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     }
+    EXPECT_EQ(folder.tree(), before);
+}
+
+TEST_P(PosixMoving, TakesNoItemForMovedThatHadBothNamesBefore) {
+    folder.write("data/a", "1");
+    folder.write("file", "2");
+    std::filesystem::create_hard_link(folder / "file", folder / "same file");
+    const auto before = folder.tree();
+    EXPECT_EQ(errorOfMove(folder / "data", folder / "data", disk->state(folder / "data")->identity), EEXIST);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_EQ(errorOfMove(folder / "file", folder / "same file", disk->state(folder / "file")->identity), EEXIST);
     EXPECT_EQ(folder.tree(), before);
 }
 

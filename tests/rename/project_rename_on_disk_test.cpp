@@ -78,6 +78,21 @@ TEST_F(ProjectRenameOnDisk, InLetterCaseOnlySucceedsOnACaseSensitiveFileSystem) 
                                            "SONG_[ProjectData]/kick.wav=boom"));
 }
 
+TEST_F(ProjectRenameOnDisk, ThatChangesTheExtensionAloneCannotMoveTheDataFolderOntoItself) {
+    folder.write("Song.XPJ", "Song_[ProjectData]");
+    folder.write("Song_[ProjectData]/kick.wav", "boom");
+    auto project = projectIn(folder.path());
+    project.xpjURL = folder / "Song.XPJ";
+    const auto before = folder.tree();
+    EXPECT_EQ(errorOfRename(*scanner, project, "Song"),
+              "Failed to write file: Could not rename data folder: File exists");
+    EXPECT_EQ(folder.tree(), before);
+    project.dataFolderURL.reset();
+    EXPECT_EQ(errorOfRename(*scanner, project, "Song"), "");
+    EXPECT_THAT(folder.tree(),
+                ElementsAre("Song.xpj=Song_[ProjectData]", "Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"));
+}
+
 TEST_F(ProjectRenameOnDisk, FailsToReadInAFolderThatIsGone) {
     fs::remove(folder.path());
     EXPECT_EQ(rename("Beat"), "Failed to read file: Song.xpj");
