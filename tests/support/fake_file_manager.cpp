@@ -92,6 +92,11 @@ const FakeFileManager::Item* FakeFileManager::find(std::string path, bool follow
     return nullptr;
 }
 
+bool FakeFileManager::isInAFolder(const std::filesystem::path& path) const {
+    const auto* folder = find(path.parent_path(), true);
+    return folder != nullptr && folder->kind == Kind::folder;
+}
+
 void FakeFileManager::contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
                                           const Visitor& visit) const {
     const Guard guard(mutex_);
@@ -170,7 +175,7 @@ std::optional<std::string> FakeFileManager::contents(const std::filesystem::path
 
 std::optional<FileIdentity> FakeFileManager::createFile(const std::filesystem::path& path, std::string_view contents) {
     const Guard guard(mutex_);
-    if (begin("create", path.native()) != 0 || find(path.native(), false) != nullptr) {
+    if (begin("create", path.native()) != 0 || find(path.native(), false) != nullptr || !isInAFolder(path)) {
         return std::nullopt;
     }
     addFile(path.native(), std::string(contents));
@@ -184,8 +189,8 @@ void FakeFileManager::moveItem(const std::filesystem::path& from, const std::fil
         throw FileError(error, "rename", from);
     }
     expect("rename", from, onlyIf);
-    if (find(to.native(), false) != nullptr) {
-        throw FileError(EEXIST, "rename", to);
+    if (find(to.native(), false) != nullptr || !isInAFolder(to)) {
+        throw FileError(isInAFolder(to) ? EEXIST : ENOENT, "rename", from);
     }
     Items moved;
     for (const auto& [path, placed] : items_) {

@@ -78,6 +78,7 @@ private:
     int begin(const std::string& operation, const std::string& rest) const;
     void expect(const char* call, const std::filesystem::path& path, const std::optional<FileIdentity>& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;
+    bool isInAFolder(const std::filesystem::path& path) const;
 
     mutable std::recursive_mutex mutex_;
     mutable std::vector<std::string> traffic_;
