@@ -139,44 +139,6 @@ TEST_F(FolderScan, LogsCountsWithoutGroupingInEveryLocale) {
               (Lines{"Scan complete: 1234 project(s)", "Found 1234 .xpj file(s) and 0 data folder(s)"}));
 }
 
-TEST_F(FolderScan, ReportsAFolderThatCannotBeReadAndEndsNormally) {
-    disk.addFile("/p/Song.xpj", 5);
-    disk.fail("list", EACCES);
-    EXPECT_TRUE(scan().empty());
-    EXPECT_FALSE(scanner->isScanning.get());
-    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)",
-                                         "! Scan error: The folder \"p\" could not be read: Permission denied"}));
-}
-
-TEST_F(FolderScan, TakesAListingThatBreaksOffForAFailedOneNotForAShortOne) {
-    disk.addFile("/p/A.xpj", 5);
-    disk.addFile("/p/B.xpj", 5);
-    auto& folder = disk.addFolder("/p");
-    folder.listError = EIO;
-    folder.listErrorAfter = 1;
-    EXPECT_TRUE(scan().empty());
-    EXPECT_EQ(messages(*scanner).size(), 2U);
-    EXPECT_TRUE(scanner->logEntries.get().back().isError);
-}
-
-TEST_F(FolderScan, TakesAnEntryOfUnknownKindForNoFolder) {
-    disk.addFile("/p/Song.xpj", 5);
-    disk.addFolder("/p/Song_[ProjectData]").kindUnreadable = true;
-    EXPECT_FALSE(scan().front().dataFolderURL.has_value());
-    EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 0 data folder(s)");
-}
-
-TEST_F(FolderScan, KeepsAProjectWhoseDataFolderCannotBeListed) {
-    disk.addFile("/p/Song.xpj", 5);
-    disk.addFolder("/p/Song_[ProjectData]").listError = EACCES;
-    disk.addFile("/p/Song_[ProjectData]/a.wav", 100);
-    const auto& song = scan().front();
-    EXPECT_TRUE(song.dataFolderURL.has_value());
-    EXPECT_EQ(song.fileCount, 0);
-    EXPECT_EQ(song.totalSize, 5);
-    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 1 project(s)", "Found 1 .xpj file(s) and 1 data folder(s)"}));
-}
-
 TEST_F(FolderScan, CountsNothingOfADataFolderWhoseListingBreaksOff) {
     disk.addFile("/p/Song.xpj", 5);
     auto& folder = disk.addFolder("/p/Song_[ProjectData]");
@@ -186,16 +148,6 @@ TEST_F(FolderScan, CountsNothingOfADataFolderWhoseListingBreaksOff) {
     folder.listErrorAfter = 1;
     EXPECT_EQ(scan().front().fileCount, 0);
     EXPECT_EQ(scanner->projects.get().front().totalSize, 5);
-}
-
-TEST_F(FolderScan, DoesNotAddASizeThatCannotBeReadButCountsItsEntry) {
-    disk.addFile("/p/Song.xpj", 5).sizeUnreadable = true;
-    disk.addFolder("/p/Song_[ProjectData]");
-    disk.addFile("/p/Song_[ProjectData]/a.wav", 100).sizeUnreadable = true;
-    disk.addFile("/p/Song_[ProjectData]/b.wav", 10);
-    const auto& song = scan().front();
-    EXPECT_EQ(song.fileCount, 2);
-    EXPECT_EQ(song.totalSize, 10);
 }
 
 TEST_F(FolderScan, ListsAFolderNamedLikeAProjectFile) {
@@ -268,14 +220,6 @@ TEST_F(FolderScan, LetsTheScanThatEndsLastDecideWhenTwoOverlap) {
     scene.settle();
     EXPECT_EQ(names(scanner->projects.get()), (Lines{"Second"}));
     EXPECT_EQ(messages(*scanner).size(), 4U);
-}
-
-TEST_F(FolderScan, DoesNothingWhenTheScannerIsGoneBeforeItsBackgroundStep) {
-    scanner->folderURL.set("/p");
-    scanner->scan();
-    scanner.reset();
-    scene.settle();
-    EXPECT_TRUE(disk.traffic().empty());
 }
 
 TEST_F(FolderScan, KeepsTheScannerFromItsBackgroundStepToItsEnd) {

@@ -1,0 +1,242 @@
+// Each way a scan can fail, once on the disk in memory and once on the real one.
+#include "foundation/posix_file_manager.h"
+#include "model/mpc_scanner.h"
+#include "tests/support/call_faults.h"
+#include "tests/support/privileges.h"
+#include "tests/support/recording_file_manager.h"
+#include "tests/support/scene.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace tarvolt {
+namespace {
+
+using Lines = std::vector<std::string>;
+using testing::FakeFileManager;
+using testing::SystemCall;
+using testing::TemporaryFolder;
+
+/// Runs a scan under the circumstances that make it fail; says why these cannot be had, or nothing.
+using Circumstances = std::function<std::optional<std::string>(const std::function<void()>&)>;
+
+/// One failure: how it comes about on the disk in memory and on the real one, and what must then be.
+struct Row {
+    const char* fact;
+    bool folderChosen = true;
+    bool scannerKept = true;
+    std::function<void(FakeFileManager&)> onFake = [](FakeFileManager&) {};
+    std::function<void(const TemporaryFolder&)> onDisk = [](const TemporaryFolder&) {};
+    Circumstances during = [](const std::function<void()>& scan) {
+        scan();
+        return std::optional<std::string>();
+    };
+    Lines log = {}; ///< newest first
+    Lines traffic = {};
+    Lines projects = {};
+};
+
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.fact;
+}
+
+std::optional<std::string> asOrdinaryUser(const std::function<void()>& scan) {
+    testing::withoutPrivileges(scan);
+    return std::nullopt;
+}
+
+/// The kernel tells neither kind nor size of the items of these names, and no listing tells the kind.
+Circumstances whileUnreadable(const Lines& names) {
+    const auto answer = [names](const SystemCall& call) -> std::optional<long> {
+        if (call.number == SYS_newfstatat) {
+            const bool isUnreadable = std::find(names.begin(), names.end(), call.text(1)) != names.end();
+            return isUnreadable ? std::optional<long>(-EACCES) : std::nullopt;
+        }
+        auto* buffer = reinterpret_cast<char*>(call.arguments[1]); // NOLINT(performance-no-int-to-ptr)
+        const long length = ::syscall(SYS_getdents64, call.arguments[0], buffer, call.arguments[2]);
+        for (long at = 0; at < length;) {
+            auto* item = reinterpret_cast<dirent64*>(buffer + at);
+            item->d_type = DT_UNKNOWN;
+            at += item->d_reclen;
+        }
+        return length;
+    };
+    return [answer](const std::function<void()>& scan) {
+        return testing::withCallsAnswered({SYS_newfstatat, SYS_getdents64}, answer, scan);
+    };
+}
+
+/// The listing breaks off after the entries that its first call gives.
+std::optional<std::string> whileListingsBreakOff(const std::function<void()>& scan) {
+    int calls = 0;
+    const auto breaking = [&](const SystemCall&) { return ++calls == 2 ? std::optional<long>(-EIO) : std::nullopt; };
+    return testing::withCallsAnswered({SYS_getdents64}, breaking, scan);
+}
+
+const std::string foundBoth = "Found 1 .xpj file(s) and 1 data folder(s)";
+const std::string none = "Scan complete: 0 project(s)";
+const std::string one = "Scan complete: 1 project(s)";
+const std::string listedIt = "list /p";
+const std::string listedData = "list /p/Song_[ProjectData]";
+
+const Row rows[] = {
+    {.fact = "WithoutAChosenFolderNothingHappens", .folderChosen = false},
+    {.fact = "WhenTheScannerIsGoneBeforeTheBackgroundStepNothingHappens", .scannerKept = false},
+    {.fact = "AFolderThatCannotBeReadIsAnErrorLineAndThenNoProjects",
+     .onFake = [](FakeFileManager& disk) { disk.fail("list", EACCES); },
+     .onDisk = [](const TemporaryFolder& folder) { ::chmod((folder / "p").c_str(), 0); },
+     .during = asOrdinaryUser,
+     .log = {none, "! Scan error: The folder \"p\" could not be read: Permission denied"},
+     .traffic = {listedIt}},
+    {.fact = "AFolderThatIsGoneIsAnErrorLineAndThenNoProjects",
+     .onFake = [](FakeFileManager& disk) { disk.moveItem("/p", "/q", std::nullopt); },
+     .onDisk = [](const TemporaryFolder& folder) { std::filesystem::rename(folder / "p", folder / "q"); },
+     .log = {none, "! Scan error: The folder \"p\" could not be read: No such file or directory"},
+     .traffic = {listedIt}},
+    {.fact = "AFileChosenAsAFolderIsAnErrorLineAndThenNoProjects",
+     .onFake =
+         [](FakeFileManager& disk) {
+             disk.moveItem("/p", "/q", std::nullopt);
+             disk.addFile("/p", "text");
+         },
+     .onDisk =
+         [](const TemporaryFolder& folder) {
+             std::filesystem::rename(folder / "p", folder / "q");
+             folder.write("p", "text");
+         },
+     .log = {none, "! Scan error: The folder \"p\" could not be read: Not a directory"},
+     .traffic = {listedIt}},
+    {.fact = "AListingThatBreaksOffIsAFailedOneNotAShortOne",
+     .onFake =
+         [](FakeFileManager& disk) {
+             auto& folder = disk.addFolder("/p");
+             folder.listError = EIO;
+             folder.listErrorAfter = 1;
+         },
+     .during = whileListingsBreakOff,
+     .log = {none, "! Scan error: The folder \"p\" could not be read: Input/output error"},
+     .traffic = {listedIt}},
+    {.fact = "AnEntryOfUnknownKindIsNoFolder",
+     .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Song_[ProjectData]").kindUnreadable = true; },
+     .during = whileUnreadable({"Song_[ProjectData]"}),
+     .log = {one, "Found 1 .xpj file(s) and 0 data folder(s)"},
+     .traffic = {listedIt},
+     .projects = {"Song, no data folder, 0 entries, 5 bytes"}},
+    {.fact = "AProjectWhoseDataFolderCannotBeListedIsKeptWithItsOwnSize",
+     .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Song_[ProjectData]").listError = EACCES; },
+     .onDisk = [](const TemporaryFolder& folder) { ::chmod((folder / "p/Song_[ProjectData]").c_str(), 0); },
+     .during = asOrdinaryUser,
+     .log = {one, foundBoth},
+     .traffic = {listedIt, listedData},
+     .projects = {"Song, 0 entries, 5 bytes"}},
+    {.fact = "ASizeThatCannotBeReadIsNotAddedButItsEntryCounts",
+     .onFake =
+         [](FakeFileManager& disk) {
+             disk.addFile("/p/Song.xpj", 5).sizeUnreadable = true;
+             disk.addFile("/p/Song_[ProjectData]/a.wav", 10).sizeUnreadable = true;
+         },
+     .during = whileUnreadable({"Song.xpj", "a.wav"}),
+     .log = {one, foundBoth},
+     .traffic = {listedIt, listedData},
+     .projects = {"Song, 2 entries, 100 bytes"}},
+};
+
+Lines summaries(const std::vector<MPCProject>& projects) {
+    Lines lines;
+    for (const auto& project : projects) {
+        lines.push_back(project.baseName + (project.dataFolderURL ? ", " : ", no data folder, ") +
+                        std::to_string(project.fileCount) + " entries, " + std::to_string(project.totalSize) +
+                        " bytes");
+    }
+    return lines;
+}
+
+Lines without(const std::string& root, Lines lines) {
+    for (auto& line : lines) {
+        line.replace(line.find(root), root.size(), "");
+    }
+    return lines;
+}
+
+std::string nameOf(const ::testing::TestParamInfo<Row>& test) {
+    return test.param.fact;
+}
+
+/// Chooses and scans `folder` as the row has it, and expects the log and the projects of the row.
+void scan(const Row& row, const testing::Scene& scene, Services services, const std::filesystem::path& folder) {
+    auto scanner = MPCScanner::create(std::move(services));
+    if (row.folderChosen) {
+        scanner->folderURL.set(folder);
+    }
+    scanner->scan();
+    if (!row.scannerKept) {
+        scanner.reset();
+    }
+    scene.settle();
+    if (scanner) {
+        EXPECT_EQ(testing::messages(*scanner), row.log);
+        EXPECT_EQ(summaries(scanner->projects.get()), row.projects);
+        EXPECT_FALSE(scanner->isScanning.get());
+    }
+}
+
+class ScanFailureInMemory : public ::testing::TestWithParam<Row> {};
+
+INSTANTIATE_TEST_SUITE_P(Table, ScanFailureInMemory, ::testing::ValuesIn(rows), nameOf);
+
+TEST_P(ScanFailureInMemory, HasItsLogItsOrderOfOperationsAndItsProjects) {
+    const auto& row = GetParam();
+    const testing::Scene scene;
+    scene.disk->addFolder("/");
+    scene.disk->addFolder("/p");
+    scene.disk->addFile("/p/Song.xpj", "12345");
+    scene.disk->addFolder("/p/Song_[ProjectData]");
+    scene.disk->addFile("/p/Song_[ProjectData]/a.wav", 10);
+    scene.disk->addFile("/p/Song_[ProjectData]/b.wav", 100);
+    row.onFake(*scene.disk);
+    const auto before = static_cast<std::ptrdiff_t>(scene.disk->traffic().size());
+
+    scan(row, scene, scene.services(), "/p");
+
+    auto traffic = scene.disk->traffic();
+    traffic.erase(traffic.begin(), traffic.begin() + before);
+    EXPECT_EQ(traffic, row.traffic);
+}
+
+class ScanFailureOnDisk : public ::testing::TestWithParam<Row> {};
+
+INSTANTIATE_TEST_SUITE_P(Table, ScanFailureOnDisk, ::testing::ValuesIn(rows), nameOf);
+
+TEST_P(ScanFailureOnDisk, HasItsLogItsOrderOfOperationsAndItsProjects) {
+    const auto& row = GetParam();
+    const TemporaryFolder folder;
+    folder.write("p/Song.xpj", "12345");
+    folder.write("p/Song_[ProjectData]/a.wav", std::string(10, 'x'));
+    folder.write("p/Song_[ProjectData]/b.wav", std::string(100, 'x'));
+    row.onDisk(folder);
+    const auto disk = std::make_shared<testing::RecordingFileManager>(makePosixFileManager());
+    const testing::Scene scene;
+
+    if (const auto reason = row.during([&] { scan(row, scene, scene.services(disk), folder / "p"); })) {
+        GTEST_SKIP() << *reason;
+    }
+
+    EXPECT_EQ(without(folder.path().native(), disk->traffic()), row.traffic);
+}
+
+} // namespace
+} // namespace tarvolt
