@@ -6,6 +6,14 @@
 
 namespace tarvolt {
 
+std::filesystem::path appending(const std::filesystem::path& folder, std::string_view component) {
+    std::string bytes = folder.native();
+    if (bytes.empty() || bytes.back() != '/') {
+        bytes += '/';
+    }
+    return bytes.append(component);
+}
+
 FileError::FileError(int errorNumber, std::string call, std::filesystem::path path)
     : std::system_error(errorNumber, std::system_category(), call + " " + path.native()), call_(std::move(call)),
       path_(std::move(path)) {}

@@ -10,6 +10,9 @@
 
 namespace tarvolt {
 
+/// `folder` with one component more, byte for byte; the path type's own joining reads a meaning into some names.
+std::filesystem::path appending(const std::filesystem::path& folder, std::string_view component);
+
 /// Why a file operation failed, for a person to read. `code()` is the operating system's error.
 class FileError : public std::system_error {
 public:

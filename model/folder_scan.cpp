@@ -31,16 +31,6 @@ void addSize(std::int64_t& sum, std::int64_t size) {
     }
 }
 
-std::filesystem::path append(const std::filesystem::path& folder, std::string_view name) {
-    // Not operator/, which would drop the folder in front of a name that looks absolute.
-    std::string joined = folder.native();
-    if (joined.empty() || joined.back() != '/') {
-        joined += '/';
-    }
-    joined += name;
-    return joined;
-}
-
 void measureDataFolder(const FileManager& fileManager, MPCProject& project) {
     std::int64_t count = 0;
     std::int64_t total = 0;
@@ -133,11 +123,11 @@ std::vector<MPCProject> measureProjects(const FileManager& fileManager, const st
         auto& project = projects[i];
         project.id = makeUUID();
         project.baseName = baseNameOf(fileName);
-        project.xpjURL = append(folder, fileName);
+        project.xpjURL = appending(folder, fileName);
         const auto expected = project.baseName + std::string(dataFolderSuffix);
         const auto& names = listing.dataFolderNames;
         if (std::binary_search(names.begin(), names.end(), expected)) {
-            project.dataFolderURL = append(folder, expected);
+            project.dataFolderURL = appending(folder, expected);
             ++dataFolders;
         }
     }

@@ -13,20 +13,6 @@ namespace {
 
 using std::filesystem::path;
 
-/// `folder` with one component more, byte for byte; the path type's own joining reads a meaning into some names.
-path appending(const path& folder, const std::string& component) {
-    std::string bytes = folder.native();
-    if (bytes.empty() || bytes.back() != '/') {
-        bytes += '/';
-    }
-    return bytes + component;
-}
-
-std::string lastComponent(const path& location) {
-    const std::string& bytes = location.native();
-    return bytes.substr(bytes.rfind('/') + 1); // npos + 1 is the beginning
-}
-
 /// Why a call of the file manager failed, in the operating system's own words.
 std::string reason(const std::exception& failure) {
     const auto* fileError = dynamic_cast<const FileError*>(&failure);
@@ -45,7 +31,7 @@ std::string readText(const FileManager& fileManager, const path& projectFile) {
         // No memory for it: the file cannot be read here.
     }
     if (!bytes || !isValidUtf8(*bytes)) {
-        throw RenameError::readFailed(lastComponent(projectFile));
+        throw RenameError::readFailed(projectFile.filename());
     }
     return *std::move(bytes);
 }
@@ -71,7 +57,7 @@ FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile,
         // Not created, whatever the reason.
     }
     if (!created) {
-        throw RenameError::writeFailed(lastComponent(projectFile));
+        throw RenameError::writeFailed(projectFile.filename());
     }
     return *created;
 }
@@ -122,7 +108,7 @@ void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
     if (fileManager->fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);
     }
-    // What is moved and removed later is what was here now, or nothing.
+    // What is moved and removed later is what was here now, where that can be told.
     const auto oldFileSeen = fileManager->state(project.xpjURL);
     const auto oldFolderSeen =
         project.dataFolderURL ? fileManager->state(*project.dataFolderURL) : std::optional<FileState>();
