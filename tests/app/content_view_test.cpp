@@ -133,6 +133,15 @@ TEST_F(ContentViewTest, SearchesTheNameAlone) {
     EXPECT_TRUE(view->filteredProjects().empty());
 }
 
+TEST_F(ContentViewTest, ListsNothingForASearchTextThatMatchesNothingAndStillCountsAllProjects) {
+    addProjects(3);
+    choose("/p");
+    view->searchText.set("matches nothing");
+    EXPECT_TRUE(view->filteredProjects().empty());
+    EXPECT_EQ(view->scanner->projects.get().size(), 3U);
+    EXPECT_EQ(view->contentArea(), ContentArea::projectList);
+}
+
 TEST_F(ContentViewTest, TellsAccentsApartButNotTheirForms) {
     disk.addFile("/p/Caf\u00e9.xpj");
     disk.addFile("/p/Cafe\u0301 2.xpj");

@@ -36,6 +36,7 @@ using Circumstances = std::function<std::optional<std::string>(const std::functi
 struct Row {
     const char* fact;
     std::string newName = "Beat";
+    bool folderChosen = true;
     std::function<void(FakeFileManager&)> onFake = [](FakeFileManager&) {};
     std::function<void(const TemporaryFolder&)> onDisk = [](const TemporaryFolder&) {};
     Circumstances during = [](const std::function<void()>& rename) {
@@ -100,6 +101,7 @@ std::function<void(FakeFileManager&)> throwingAt(const std::string& operation, F
 }
 
 const Row rows[] = {
+    {.fact = "WithoutAChosenFolderNothingIsSaidOrDone", .folderChosen = false, .diskAfterwards = unchanged},
     {.fact = "ARefusedNameChangesNothing",
      .newName = "Be/at",
      .error = R"(Invalid name: Contains invalid characters: / < > : " | ? * \)",
@@ -239,7 +241,9 @@ TEST_P(FailureInMemory, HasItsTextItsOrderOfOperationsAndItsDisk) {
     row.onFake(*scene.disk);
     const auto before = scene.disk->traffic().size();
     const auto scanner = MPCScanner::create(scene.services());
-    scanner->folderURL.set("/p");
+    if (row.folderChosen) {
+        scanner->folderURL.set("/p");
+    }
 
     EXPECT_EQ(errorOfRename(*scanner, projectIn("/p"), row.newName), row.error);
 
@@ -264,7 +268,9 @@ TEST_P(FailureOnDisk, HasItsTextItsOrderOfOperationsAndItsDisk) {
     const auto disk = std::make_shared<testing::RecordingFileManager>(makePosixFileManager());
     const testing::Scene scene;
     const auto scanner = MPCScanner::create(scene.services(disk));
-    scanner->folderURL.set(folder.path());
+    if (row.folderChosen) {
+        scanner->folderURL.set(folder.path());
+    }
 
     std::string error = {};
     const auto reason = row.during([&] { error = errorOfRename(*scanner, projectIn(folder.path()), row.newName); });

@@ -61,6 +61,11 @@ TEST_F(ProjectRenameOnDisk, GivesFileFolderAndReferencesTheNewName) {
                                            "Beat_[ProjectData]/kick.wav=boom"));
     scene.settle();
     EXPECT_THAT(testing::messages(*scanner), ElementsAre("Renamed \"Song\" \u2192 \"Beat\""));
+    const auto at = [&](const char* name) { return (folder / name).native(); };
+    EXPECT_THAT(disk->traffic(),
+                ElementsAre("exists " + at("Beat.xpj"), "read " + at("Song.xpj"), "create " + at("Beat.xpj"),
+                            "move " + at("Song_[ProjectData]") + " -> " + at("Beat_[ProjectData]"),
+                            "remove " + at("Song.xpj")));
 }
 
 TEST_F(ProjectRenameOnDisk, ThereAndBackGivesTheSameTree) {

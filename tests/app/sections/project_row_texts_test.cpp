@@ -44,5 +44,9 @@ TEST(ProjectRowTexts, SayTheWholeRowInOneSentence) {
     EXPECT_EQ(projectRowSentence(project(false), false, "en_US"), "Slow Glass, 0 files, 48 KB, No data folder");
 }
 
+TEST(ProjectRowTexts, NameTheProjectThatTheButtonRenames) {
+    EXPECT_EQ(renameButtonSentence(project(true)), "Rename Slow Glass");
+}
+
 } // namespace
 } // namespace tarvolt
