@@ -1,3 +1,4 @@
+#include "app/bridge/held_return.h"
 #include "app/bridge/qt_folder_panel.h"
 #include "app/bridge/qt_main_queue.h"
 #include "app/bridge/symbol_drawing.h"
@@ -58,6 +59,8 @@ int run(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarvolt"));
     QApplication application(argc, argv);
     QApplication::setWindowIcon(windowIcon());
+    HeldReturn heldReturn;
+    application.installEventFilter(&heldReturn);
     installTranslations(application);
 
     const auto panel = std::make_shared<QtFolderPanel>();
