@@ -43,7 +43,8 @@ std::string updatedText(const std::string& text, const std::string& oldName, con
     } catch (const std::exception&) {
         // No memory for it: there is no updated text.
     }
-    if (!updated || !isValidUtf8(newName) || !isValidUtf8(*updated)) {
+    // The rest of the text is known to be UTF-8.
+    if (!updated || !isValidUtf8(newName)) {
         throw RenameError::writeFailed("Could not encode updated XML");
     }
     return *std::move(updated);
