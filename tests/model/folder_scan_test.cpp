@@ -122,6 +122,15 @@ TEST_F(FolderScan, KeepsTheListingOrderOfLevelNamesTheOtherWayRoundToo) {
     EXPECT_EQ(names(scan()), (Lines{"alpha", "Alpha", "beta"}));
 }
 
+TEST_F(FolderScan, SortsByTheOrderOfTheUsersLocaleWhateverItsOtherCategoriesAre) {
+    auto services = scene.services();
+    services.locale = UserLocale{"sv_SE", "de_DE", "de_DE", "de_DE"};
+    scanner = MPCScanner::create(std::move(services));
+    disk.addFile("/p/\u00f6l.xpj");
+    disk.addFile("/p/zug.xpj");
+    EXPECT_EQ(names(scan()), (Lines{"zug", "\u00f6l"}));
+}
+
 TEST_F(FolderScan, LogsTheEndOfAnEmptyFolderAfterWhatItFound) {
     scan();
     EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "Found 0 .xpj file(s) and 0 data folder(s)"}));

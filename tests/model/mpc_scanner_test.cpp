@@ -189,6 +189,32 @@ TEST(SelectFolder, SetsTheFolderAndThenScans) {
     EXPECT_EQ(changes, (Lines{"folderURL", "isScanning", "projects"}));
 }
 
+/// A panel during which the last holder of the scanner lets it go.
+class ClosingPanel final : public FolderPanel {
+public:
+    std::optional<std::filesystem::path> runModal(const FolderPanelSettings&) override {
+        const std::weak_ptr<MPCScanner> weak = scanner;
+        scanner.reset();
+        outlived = !weak.expired();
+        return "/p";
+    }
+
+    std::shared_ptr<MPCScanner> scanner;
+    bool outlived = false;
+};
+
+TEST(SelectFolder, KeepsTheScannerWhileThePanelIsOpen) {
+    const Scene scene;
+    const auto panel = std::make_shared<ClosingPanel>();
+    auto services = scene.services();
+    services.folderPanel = panel;
+    panel->scanner = MPCScanner::create(std::move(services));
+    panel->scanner->selectFolder();
+    EXPECT_TRUE(panel->outlived);
+    scene.settle();
+    EXPECT_TRUE(scene.disk->traffic().empty());
+}
+
 TEST(SelectFolder, GivesEveryProjectANewIdentityWhenTheSameFolderIsChosenAgain) {
     const Scene scene;
     scene.disk->addFolder("/p");

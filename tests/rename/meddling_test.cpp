@@ -72,6 +72,13 @@ TEST_F(Meddling, KeepsAnOldFileThatWasSavedAgainAfterItWasRead) {
                                          "/p/Song.xpj=saved again"));
 }
 
+TEST_F(Meddling, KeepsAnotherFileThatTakesTheOldOnesNameAtTheLastMoment) {
+    EXPECT_EQ(rename("remove", [&] { disk.addFile("/p/Song.xpj", "foreign"); }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(disk.disk(),
+                ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/", "/p/Song.xpj=foreign"));
+}
+
 TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsNoLongerItsOwn) {
     EXPECT_EQ(rename("move", [&] { disk.addFile("/p/Beat.xpj", "foreign"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
