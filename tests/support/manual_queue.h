@@ -67,6 +67,13 @@ public:
         return tasks_.size();
     }
 
+    /// Drops every task that has not run.
+    void clear() {
+        std::multimap<Milliseconds, Task> dropped; // what they hold may end, and come back to this queue
+        const std::lock_guard guard(mutex_);
+        dropped.swap(tasks_);
+    }
+
 private:
     mutable std::mutex mutex_;
     Milliseconds now_{0};

@@ -28,6 +28,15 @@ public:
 
 /// Everything a scanner stands on, all of it in the test's hands: both queues, the clock, the panel and the disk.
 struct Scene {
+    Scene() = default;
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
+    /// A task that never ran holds its scanner, and that the queue.
+    ~Scene() {
+        mainQueue->clear();
+        background->clear();
+    }
+
     std::shared_ptr<FakeFileManager> disk = std::make_shared<FakeFileManager>();
     std::shared_ptr<ManualQueue> mainQueue = std::make_shared<ManualQueue>();
     std::shared_ptr<ManualQueue> background = std::make_shared<ManualQueue>();
