@@ -1,11 +1,12 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Window
+import QtQuick.Templates as T
 import Tarvolt
 
 // The window: header, line, and below them one of three areas; over them the rename sheet and the failure alert.
-Window {
+// An application window gives the focus back to where it was in here when one of these closes.
+T.ApplicationWindow {
     id: root
 
     required property ViewBridge view

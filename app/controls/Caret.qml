@@ -7,18 +7,19 @@ import Tarvolt
 Rectangle {
     id: root
 
-    required property TextInput field
+    required property TextInput owner
 
     width: Theme.caretWidth
     color: Theme.orange
-    visible: field.activeFocus && field.selectionStart === field.selectionEnd
+    visible: owner !== null && owner.activeFocus && owner.selectionStart === owner.selectionEnd
 
     Connections {
-        target: root.field
+        target: root.owner
 
         function onCursorPositionChanged(): void {
             root.opacity = 1;
-            blink.restart();
+            if (blink.running)
+                blink.restart();
         }
     }
 

@@ -17,6 +17,8 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: spokenName
+    // Qt 6.4 tells assistive technology nothing of a disabled state.
+    Accessible.description: enabled ? "" : qsTr("Not available now")
     Accessible.onPressAction: root.pressOnce(false)
     Keys.onReturnPressed: event => root.pressOnce(event.isAutoRepeat)
     Keys.onEnterPressed: event => root.pressOnce(event.isAutoRepeat)

@@ -19,8 +19,9 @@ T.TextField {
     selectByMouse: true
     hoverEnabled: true
     renderType: Text.NativeRendering
+    Accessible.editable: true
     cursorDelegate: Caret {
-        field: root
+        owner: root
     }
 
     background: Rectangle {

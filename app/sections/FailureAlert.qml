@@ -15,7 +15,10 @@ ModalPanel {
     visible: view.alertOpen
     scrim: Theme.alertScrim
     scrimFade: visible ? Theme.alertIn : Theme.alertOut
-    onOpened: view.announceAlert(contentItem)
+    onVisibleChanged: {
+        if (visible)
+            view.announceAlert(contentItem);
+    }
 
     enter: Transition {
         NumberAnimation {

@@ -75,7 +75,7 @@ Item {
 
             Item {
                 objectName: "badge"
-                implicitWidth: badgeText.implicitWidth + 2 * Theme.badgeSidePadding
+                implicitWidth: Math.ceil(badgeText.implicitWidth) + 2 * Theme.badgeSidePadding
                 implicitHeight: badgeText.implicitHeight + 2 * Theme.badgePadding
 
                 Rectangle {
@@ -89,7 +89,8 @@ Item {
                 TextLabel {
                     id: badgeText
                     objectName: "badgeText"
-                    anchors.centerIn: parent
+                    x: Theme.badgeSidePadding
+                    y: Theme.badgePadding
                     text: root.view.projectCountText
                     font: Theme.caption
                     color: Theme.secondary

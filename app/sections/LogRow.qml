@@ -13,7 +13,7 @@ Item {
     required property string sentence
 
     objectName: "logRow"
-    implicitHeight: texts.implicitHeight + 2 * Theme.logRowPadding
+    implicitHeight: Math.ceil(texts.implicitHeight) + 2 * Theme.logRowPadding
     Accessible.role: Accessible.ListItem
     Accessible.name: sentence
 

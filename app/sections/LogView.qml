@@ -85,6 +85,7 @@ FocusScope {
     }
 
     FocusRing {
+        objectName: "logFocus"
         anchors.fill: list
         gap: -2 * Theme.focusWidth
         innerRadius: 0

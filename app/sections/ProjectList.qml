@@ -11,6 +11,7 @@ ListView {
 
     required property ViewBridge view
     required property Item thumbParent
+    property bool restsOnList: false // the focus is on no row
     readonly property int rowsInSight: currentItem ? Math.max(1, Math.floor(height / currentItem.height)) : 1
 
     objectName: "projectList"
@@ -18,9 +19,15 @@ ListView {
     model: view.projects
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
-    activeFocusOnTab: true
+    activeFocusOnTab: count > 0
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            restsOnList = false;
+        else if (!restsOnList && count > 0 && Window.activeFocusItem === root)
+            root.focusRow(Math.max(0, currentIndex));
+    }
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Projects")
 
@@ -84,11 +91,13 @@ ListView {
 
     // Row -1 is the list itself.
     function focusRow(row: int): void {
+        root.restsOnList = row < 0;
         root.currentIndex = row;
-        root.forceActiveFocus(Qt.TabFocusReason);
         if (row >= 0) {
             root.positionViewAtIndex(row, ListView.Contain);
             (root.currentItem as ProjectRow).takeFocus();
+        } else {
+            root.forceActiveFocus(Qt.TabFocusReason);
         }
     }
 }

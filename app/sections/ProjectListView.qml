@@ -58,10 +58,18 @@ FocusScope {
         thumbParent: root
     }
 
-    FocusRing {
-        anchors.fill: list
-        gap: 0
-        innerRadius: Theme.cardRadius
-        visible: list.activeFocus && list.count === 0
+    // The focus is on the list itself where it is on no row.
+    Item {
+        x: list.x
+        y: list.y
+        width: list.width
+        height: list.count > 0 ? list.height : root.height - y - Theme.edge
+        visible: list.activeFocus && list.currentItem === null
+
+        FocusRing {
+            objectName: "listFocus"
+            gap: 0
+            innerRadius: Theme.cardRadius
+        }
     }
 }

@@ -27,6 +27,8 @@ FocusScope {
 
     function takeFocus(): void {
         button.forceActiveFocus(Qt.TabFocusReason);
+        // Said again for a row that has come into focus by becoming the list's current one.
+        button.focusReason = Qt.TabFocusReason;
     }
 
     RowLayout {

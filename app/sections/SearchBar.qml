@@ -52,8 +52,10 @@ Item {
                 root.view.searchText = text;
         }
         Accessible.name: placeholderText
+        Accessible.editable: true
+        Accessible.searchEdit: true
         cursorDelegate: Caret {
-            field: field
+            owner: field
         }
 
         TextLabel {

@@ -40,7 +40,8 @@ FocusScope {
         target: root.view
 
         function onRenamedProjectListed(row: int): void {
-            list.focusRow(row);
+            if (!root.view.sheetOpen && !root.view.alertOpen)
+                list.focusRow(row);
         }
     }
 }

@@ -100,6 +100,13 @@ and their _[ProjectData] folders</source>
     </message>
 </context>
 <context>
+    <name>PressButton</name>
+    <message>
+        <source>Not available now</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ProjectList</name>
     <message>
         <source>Projects</source>

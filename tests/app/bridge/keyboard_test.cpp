@@ -1,5 +1,8 @@
 #include "tests/app/bridge/scene_window.h"
 
+#include <algorithm>
+#include <string>
+
 namespace tarvolt {
 namespace {
 
@@ -7,9 +10,8 @@ using testing::SceneWindow;
 
 class KeyboardTest : public ::testing::Test {
 protected:
-    KeyboardTest() {
-        w.addProject("Blue Hour");
-        w.addProject("Midnight Ferry");
+    void choose(int projects) {
+        w.addProjects(projects);
         w.choose();
     }
 
@@ -18,28 +20,295 @@ protected:
         w.settle();
     }
 
+    /// Sends Return as a held key repeats it.
+    void repeat(Qt::Key key) const {
+        QKeyEvent pressed(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(w.window, &pressed);
+    }
+
+    int renames() const {
+        const auto traffic = w.scene.disk->traffic();
+        return static_cast<int>(
+            std::ranges::count_if(traffic, [](const std::string& line) { return line.starts_with("create "); }));
+    }
+
+    /// What the focused item is called by assistive technology.
+    QString focusedName() const {
+        const QQuickItem* item = w.window->activeFocusItem();
+        const QString spoken = item->property("spokenName").toString();
+        return spoken.isEmpty() ? item->objectName() : spoken;
+    }
+
     SceneWindow w;
 };
 
-TEST_F(KeyboardTest, OpensTheSheetWithTheFieldFocusedAndTheNameSelected) {
-    openSheet(1);
-    EXPECT_EQ(w.focused(), "newNameField");
-    EXPECT_EQ(w.find("newNameField")->property("selectedText").toString(), "Midnight Ferry");
+TEST_F(KeyboardTest, TabGoesThroughHeaderSearchRowsDividerAndLogAndBack) {
+    choose(6);
+    const QStringList order = {"Rescan",        "Change Folder", "searchField",   "Rename Song 0",
+                               "Rename Song 1", "Rename Song 2", "Rename Song 3", "Rename Song 4",
+                               "Rename Song 5", "splitHandle",   "logList"};
+    for (const QString& name : order) {
+        w.press(Qt::Key_Tab);
+        EXPECT_EQ(focusedName(), name);
+    }
+    for (auto name = order.crbegin() + 1; name != order.crend(); ++name) {
+        w.press(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(focusedName(), *name);
+    }
 }
 
-TEST_F(KeyboardTest, ReturnInTheAlertClosesItAndTheFieldHasTheFocusAndTheTextAgain) {
-    openSheet(1);
-    w.type("Blue Hour");
+TEST_F(KeyboardTest, FocusIsAlwaysVisible) {
+    choose(6);
+    for (int stop = 0; stop < 11; ++stop) {
+        w.press(Qt::Key_Tab);
+        const QQuickItem* item = w.window->activeFocusItem();
+        const bool ring = item->property("visualFocus").toBool() || !w.findAll("searchFocus").empty() ||
+                          item->property("strong").toBool() || !w.findAll("logFocus").empty();
+        EXPECT_TRUE(ring) << focusedName().toStdString();
+    }
+}
+
+TEST_F(KeyboardTest, TheListScrollsByKeysAndKeepsTheFocusedRowInSight) {
+    choose(60);
+    const auto inSight = [&] {
+        const QRectF button = SceneWindow::boxOf(w.window->activeFocusItem());
+        return w.box("projectList").contains(button);
+    };
+    w.find("projectList")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_EQ(focusedName(), "Rename Song 0");
+    w.press(Qt::Key_Down);
+    EXPECT_EQ(focusedName(), "Rename Song 1");
+    w.press(Qt::Key_End);
+    EXPECT_EQ(focusedName(), "Rename Song 9") << "the last by name";
+    EXPECT_TRUE(inSight());
+    w.press(Qt::Key_PageUp);
+    EXPECT_TRUE(inSight());
+    EXPECT_NE(focusedName(), "Rename Song 8");
+    w.press(Qt::Key_Up);
+    EXPECT_TRUE(inSight());
+    w.press(Qt::Key_Home);
+    EXPECT_EQ(focusedName(), "Rename Song 0");
+    EXPECT_TRUE(inSight());
+    w.press(Qt::Key_PageDown);
+    EXPECT_TRUE(inSight());
+}
+
+TEST_F(KeyboardTest, TheLogScrollsByKeys) {
+    choose(1);
+    for (int i = 0; i < 60; ++i) {
+        w.view->scanner->log("line", false);
+    }
+    w.settle();
+    QQuickItem* log = w.find("logList");
+    log->forceActiveFocus(Qt::TabFocusReason);
+    const auto top = [&] { return log->property("contentY").toDouble() - log->property("originY").toDouble(); };
+    EXPECT_EQ(top(), 0);
+    w.press(Qt::Key_Down);
+    EXPECT_GT(top(), 0);
+    w.press(Qt::Key_End);
+    const double end = top();
+    EXPECT_GT(end, 1000);
+    w.press(Qt::Key_PageUp);
+    EXPECT_LT(top(), end);
+    w.press(Qt::Key_Home);
+    EXPECT_EQ(top(), 0);
+}
+
+TEST_F(KeyboardTest, TheDividerMovesByKeys) {
+    choose(1);
+    w.find("splitHandle")->forceActiveFocus(Qt::TabFocusReason);
+    w.press(Qt::Key_Left);
+    EXPECT_EQ(w.box("logView").width(), 250);
+    w.press(Qt::Key_Right);
+    w.press(Qt::Key_Right);
+    EXPECT_EQ(w.box("logView").width(), 230);
+}
+
+TEST_F(KeyboardTest, OpensTheSheetWithTheFieldFocusedAndTheNameSelected) {
+    choose(2);
+    w.find("projectList")->forceActiveFocus(Qt::TabFocusReason);
+    w.press(Qt::Key_Down);
     w.press(Qt::Key_Return);
     w.settle();
+    EXPECT_EQ(w.focused(), "newNameField");
+    EXPECT_EQ(w.find("newNameField")->property("selectedText").toString(), "Song 1");
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rename Song 1");
+    w.press(Qt::Key_Up);
+    w.press(Qt::Key_Space);
+    w.settle();
+    EXPECT_EQ(w.find("newNameField")->property("selectedText").toString(), "Song 0");
+}
+
+TEST_F(KeyboardTest, TabStaysInTheSheet) {
+    choose(2);
+    openSheet(0);
+    w.type("New");
+    w.settle();
+    const QStringList order = {"Cancel", "Rename", "newNameField", "Cancel"};
+    for (const QString& name : order) {
+        w.press(Qt::Key_Tab);
+        EXPECT_EQ(focusedName(), name);
+    }
+}
+
+TEST_F(KeyboardTest, ReturnAndKeypadEnterInTheFieldRenameOnce) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        SceneWindow window;
+        window.addProjects(2);
+        window.choose();
+        window.bridge->beginRename(0);
+        window.settle();
+        window.type("New");
+        window.press(key);
+        window.press(key);
+        window.settle();
+        EXPECT_FALSE(window.bridge->sheetOpen());
+        EXPECT_FALSE(window.bridge->alertOpen());
+        EXPECT_EQ(window.scene.disk->disk(), (std::vector<std::string>{"/p/", "/p/New.xpj=x", "/p/New_[ProjectData]/",
+                                                                       "/p/Song 1.xpj=x", "/p/Song 1_[ProjectData]/"}));
+    }
+}
+
+TEST_F(KeyboardTest, AHeldReturnNeitherRenamesNorClosesTheAlert) {
+    choose(2);
+    openSheet(0);
+    w.type("New");
+    repeat(Qt::Key_Return);
+    repeat(Qt::Key_Enter);
+    EXPECT_EQ(renames(), 0);
+    w.find("newNameField")->setProperty("text", "Song 1");
+    w.bridge->setNewName("Song 1");
+    w.press(Qt::Key_Return);
+    ASSERT_TRUE(w.bridge->alertOpen());
+    repeat(Qt::Key_Return);
+    w.settle();
+    repeat(Qt::Key_Return);
     EXPECT_TRUE(w.bridge->alertOpen());
+}
+
+TEST_F(KeyboardTest, ReturnOnAFocusedButtonPressesThatButton) {
+    choose(2);
+    openSheet(0);
+    w.type("New");
+    w.find("cancelButton")->forceActiveFocus(Qt::TabFocusReason);
+    w.press(Qt::Key_Return);
+    w.settle();
+    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_EQ(renames(), 0);
+    openSheet(0);
+    w.type("New");
+    w.settle();
+    w.find("renameButton")->forceActiveFocus(Qt::TabFocusReason);
+    w.press(Qt::Key_Enter);
+    EXPECT_EQ(renames(), 1);
+}
+
+TEST_F(KeyboardTest, EscapeClosesOnlyTheTopmostLayer) {
+    choose(2);
+    openSheet(0);
+    w.type("Song 1");
+    w.press(Qt::Key_Return);
+    w.settle();
+    ASSERT_TRUE(w.bridge->alertOpen());
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_FALSE(w.bridge->alertOpen());
+    EXPECT_TRUE(w.bridge->sheetOpen());
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_FALSE(w.bridge->sheetOpen());
+}
+
+TEST_F(KeyboardTest, APressOutsideClosesNeither) {
+    choose(2);
+    openSheet(0);
+    QTest::mouseClick(w.window, Qt::LeftButton, {}, QPoint(20, 560));
+    w.settle();
+    EXPECT_TRUE(w.bridge->sheetOpen());
+    w.bridge->submitNewName();
+    w.settle();
+    QTest::mouseClick(w.window, Qt::LeftButton, {}, QPoint(20, 560));
+    w.settle();
+    EXPECT_TRUE(w.bridge->alertOpen());
+}
+
+TEST_F(KeyboardTest, AfterTheAlertTheFieldHasTheFocusAndTheTextAgain) {
+    choose(2);
+    openSheet(0);
+    w.type("Song 1");
+    w.click("renameButton");
+    w.settle();
+    ASSERT_TRUE(w.bridge->alertOpen());
     EXPECT_EQ(w.focused(), "alertButton");
     w.press(Qt::Key_Return);
     w.settle();
     EXPECT_FALSE(w.bridge->alertOpen());
-    EXPECT_TRUE(w.bridge->sheetOpen());
     EXPECT_EQ(w.focused(), "newNameField");
-    EXPECT_EQ(w.find("newNameField")->property("text").toString(), "Blue Hour");
+    EXPECT_EQ(w.find("newNameField")->property("text").toString(), "Song 1");
+    w.type("9");
+    EXPECT_EQ(w.bridge->newName(), "Song 19");
+}
+
+TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheRenamedRowJustInSight) {
+    choose(60);
+    openSheet(0);
+    w.type("Zebra");
+    w.press(Qt::Key_Return);
+    w.settle();
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rename Zebra");
+    EXPECT_TRUE(w.window->activeFocusItem()->property("visualFocus").toBool());
+    EXPECT_TRUE(w.box("projectList").contains(SceneWindow::boxOf(w.window->activeFocusItem())));
+}
+
+TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheListWhereTheNewNameIsNotListed) {
+    choose(8);
+    w.bridge->setSearchText("Song");
+    w.settle();
+    openSheet(0);
+    w.type("Zebra");
+    w.press(Qt::Key_Return);
+    w.settle();
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    w.settle();
+    EXPECT_EQ(w.focused(), "projectList");
+    EXPECT_FALSE(w.findAll("listFocus").empty());
+    w.press(Qt::Key_Down);
+    EXPECT_EQ(focusedName(), "Rename Song 1");
+}
+
+TEST_F(KeyboardTest, TheRescanLeavesAnOpenSheetAlone) {
+    choose(8);
+    openSheet(0);
+    w.type("Zebra");
+    w.press(Qt::Key_Return);
+    w.settle();
+    openSheet(1);
+    w.type("Yak");
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    w.settle();
+    EXPECT_EQ(w.focused(), "newNameField");
+    EXPECT_EQ(w.bridge->newName(), "Yak");
+    w.press(Qt::Key_Return);
+    w.settle();
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rename Yak");
+}
+
+TEST_F(KeyboardTest, ReturnInTheSearchDoesNothing) {
+    choose(6);
+    w.find("searchField")->forceActiveFocus();
+    w.type("Song 3");
+    w.press(Qt::Key_Return);
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_EQ(w.focused(), "searchField");
+    EXPECT_EQ(w.bridge->searchText(), "Song 3");
+    EXPECT_FALSE(w.bridge->sheetOpen());
 }
 
 } // namespace

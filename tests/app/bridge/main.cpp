@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QPalette>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 
@@ -12,6 +13,12 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QApplication application(argc, argv);
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0xEF, 0xEF, 0xEF));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::WindowText, Qt::black);
+    QApplication::setPalette(palette);
+    QApplication::setFont(QFont(QGuiApplication::font().family(), 10));
     QCoreApplication::setApplicationName(QStringLiteral("Tarvolt"));
     ::testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();

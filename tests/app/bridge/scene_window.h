@@ -12,8 +12,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvolt::testing {
@@ -78,16 +80,20 @@ public:
         return all.empty() ? nullptr : all.front();
     }
 
-    /// The visible items of this object name, popups included.
+    /// The visible items of this object name, popups included, as they are read: from the top and from the left.
     std::vector<QQuickItem*> findAll(const QString& name) const {
         std::vector<QQuickItem*> found;
         collect(window->contentItem(), name, found);
+        std::ranges::stable_sort(found, {}, [](QQuickItem* item) {
+            const QPointF corner = boxOf(item).topLeft();
+            return std::pair(corner.y(), corner.x());
+        });
         return found;
     }
 
     QRectF box(const QString& name) const { return boxOf(find(name)); }
 
-    static QRectF boxOf(QQuickItem* item) { return item->mapRectToScene(item->boundingRect()); }
+    static QRectF boxOf(QQuickItem* item) { return item->mapRectToScene(QRectF(0, 0, item->width(), item->height())); }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const { QTest::keyClick(window, key, modifiers); }
 

@@ -1,0 +1,155 @@
+#include "tests/app/bridge/scene_window.h"
+
+#include <QAccessible>
+#include <QMetaEnum>
+
+namespace tarvolt {
+namespace {
+
+using testing::SceneWindow;
+
+/// One line for each thing that assistive technology finds: "Role: name".
+void describe(QAccessibleInterface* thing, QStringList& lines) {
+    if (thing == nullptr || !thing->isValid() || thing->state().invisible) {
+        return;
+    }
+    const QString role = QMetaEnum::fromType<QAccessible::Role>().valueToKey(thing->role());
+    lines << role + ": " + thing->text(QAccessible::Name);
+    for (int i = 0; i < thing->childCount(); ++i) {
+        describe(thing->child(i), lines);
+    }
+}
+
+class AccessibilityTest : public ::testing::Test {
+protected:
+    AccessibilityTest() {
+        QAccessible::setActive(true);
+        w = std::make_unique<SceneWindow>();
+    }
+
+    void choose() {
+        w->addProject("Blue Hour");
+        w->addProject("Sketch", false);
+        w->choose();
+    }
+
+    QStringList heard() const {
+        QStringList lines;
+        describe(QAccessible::queryAccessibleInterface(w->window), lines);
+        return lines;
+    }
+
+    QAccessibleInterface* thing(const QString& name) const {
+        return QAccessible::queryAccessibleInterface(w->find(name));
+    }
+
+    void pressByAction(const QString& name) const {
+        thing(name)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        w->settle();
+    }
+
+    std::unique_ptr<SceneWindow> w;
+};
+
+TEST_F(AccessibilityTest, TheFolderPickerIsReadWithoutItsDecoration) {
+    EXPECT_EQ(
+        heard(),
+        (QStringList{"Window: Tarvolt", "StaticText: Tarvolt", "StaticText: Select Your MPC Projects Folder",
+                     "StaticText: Choose the folder that contains your .xpj files\nand their "
+                     "_[ProjectData] folders",
+                     "Button: Select Folder", "StaticText: Everything runs locally. No files are uploaded anywhere."}));
+}
+
+TEST_F(AccessibilityTest, RowsAreOneSentenceEachWithAButtonOfTheProjectsName) {
+    choose();
+    const QStringList lines = heard();
+    for (const char* line : {"StaticText: /p", "StaticText: 2 projects", "Button: Rescan", "Button: Change Folder",
+                             "List: Projects", "ListItem: Blue Hour, 0 files, 1 byte", "Button: Rename Blue Hour",
+                             "ListItem: Sketch, 0 files, 1 byte, No data folder", "Button: Rename Sketch",
+                             "StaticText: ACTIVITY LOG", "List: ACTIVITY LOG"}) {
+        EXPECT_TRUE(lines.contains(line)) << line << " not in\n" << lines.join('\n').toStdString();
+    }
+    EXPECT_EQ(lines.filter("ListItem: Scan complete: 2 project(s), 12:00:00").size(), 1);
+    EXPECT_EQ(lines.filter("Blue Hour").size(), 2) << "what the sentence says is not said again";
+}
+
+TEST_F(AccessibilityTest, TheHighlightIsSaidInWords) {
+    choose();
+    w->view->successProject.set(w->view->scanner->projects.get()[0].id);
+    w->settle();
+    EXPECT_TRUE(heard().contains("ListItem: Blue Hour, 0 files, 1 byte, Renamed"));
+}
+
+TEST_F(AccessibilityTest, TheScanIsReadable) {
+    choose();
+    w->bridge->rescan();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(heard().contains("ProgressBar: Scanning..."));
+    EXPECT_EQ(thing("rescanButton")->text(QAccessible::Description), "Not available now");
+}
+
+TEST_F(AccessibilityTest, EveryPressActionWorksAndADisabledOneDoesNothing) {
+    w->addProjects(2);
+    w->scene.panel->answer = "/p";
+    pressByAction("selectFolderButton");
+    EXPECT_EQ(w->findAll("projectRow").size(), 2U);
+    const auto scans = [&] { return w->bridge->log()->rowCount() / 2; };
+    pressByAction("rescanButton");
+    EXPECT_EQ(scans(), 2);
+    pressByAction("changeFolderButton");
+    EXPECT_EQ(scans(), 3);
+    pressByAction("rowButton");
+    EXPECT_TRUE(w->bridge->sheetOpen());
+    pressByAction("renameButton");
+    EXPECT_TRUE(w->bridge->sheetOpen());
+    EXPECT_FALSE(w->bridge->alertOpen());
+    pressByAction("cancelButton");
+    EXPECT_FALSE(w->bridge->sheetOpen());
+    pressByAction("rowButton");
+    w->bridge->setNewName("Song 1");
+    pressByAction("renameButton");
+    EXPECT_TRUE(w->bridge->alertOpen());
+    pressByAction("alertButton");
+    EXPECT_FALSE(w->bridge->alertOpen());
+}
+
+TEST_F(AccessibilityTest, NothingBehindTheSheetCanBePressed) {
+    choose();
+    w->bridge->beginRename(0);
+    w->settle();
+    pressByAction("changeFolderButton");
+    pressByAction("rescanButton");
+    pressByAction("rowButton");
+    EXPECT_EQ(w->scene.panel->asked.size(), 1U);
+    EXPECT_EQ(w->bridge->log()->rowCount(), 2);
+    EXPECT_EQ(w->bridge->currentNameText(), "Current: Blue Hour");
+}
+
+TEST_F(AccessibilityTest, TheSheetAndItsFieldHaveNames) {
+    choose();
+    w->bridge->beginRename(0);
+    w->settle();
+    EXPECT_EQ(thing("newNameField")->text(QAccessible::Name), "New name");
+    EXPECT_EQ(thing("newNameField")->role(), QAccessible::EditableText);
+    EXPECT_TRUE(thing("newNameField")->state().focused);
+    EXPECT_TRUE(thing("newNameField")->state().editable);
+    EXPECT_EQ(thing("renameButton")->text(QAccessible::Description), "Not available now");
+    EXPECT_EQ(thing("cancelButton")->text(QAccessible::Description), "");
+    EXPECT_TRUE(heard().contains("Dialog: Rename Project"));
+}
+
+TEST_F(AccessibilityTest, TheAlertSaysItsTitleAndText) {
+    choose();
+    w->bridge->beginRename(0);
+    w->bridge->setNewName("Sketch");
+    w->bridge->pressRename();
+    w->settle();
+    EXPECT_EQ(thing("alertForm")->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(thing("alertForm")->text(QAccessible::Name), "Rename Failed");
+    EXPECT_EQ(thing("alertForm")->text(QAccessible::Description), "A project named \"Sketch\" already exists.");
+    EXPECT_TRUE(heard().contains("StaticText: A project named \"Sketch\" already exists."));
+    EXPECT_TRUE(thing("alertButton")->state().focused);
+}
+
+} // namespace
+} // namespace tarvolt

@@ -1,0 +1,191 @@
+#include "tests/app/bridge/measures.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::Ge;
+using ::testing::Lt;
+using testing::Measures;
+using testing::SceneWindow;
+
+class MeasureHeaderTest : public ::testing::Test {
+protected:
+    MeasureHeaderTest() { w.addProject("Blue Hour"); }
+
+    SceneWindow w;
+    Measures m{w};
+};
+
+TEST_F(MeasureHeaderTest, TheWindowHasItsSizes) {
+    EXPECT_EQ(w.window->size(), QSize(800, 600));
+    EXPECT_EQ(w.window->minimumSize(), QSize(700, 500));
+    EXPECT_EQ(w.window->title(), "Tarvolt");
+    EXPECT_GE(w.window->maximumWidth(), 100000);
+}
+
+TEST_F(MeasureHeaderTest, HeaderLineAndContentFollowWithoutGaps) {
+    const QRectF header = w.box("headerView");
+    EXPECT_EQ(header.topLeft(), QPointF(0, 0));
+    EXPECT_EQ(header.width(), 800);
+    EXPECT_EQ(m.down("headerView", "headerLine"), 0);
+    EXPECT_EQ(m.down("headerLine", "contentArea"), 0);
+    EXPECT_EQ(w.box("headerLine").width(), 800);
+    EXPECT_EQ(w.box("headerLine").height(), 1);
+    EXPECT_EQ(w.box("contentArea").bottomRight(), QPointF(800, 600));
+}
+
+TEST_F(MeasureHeaderTest, TheHeaderShowsIconAndTitleBeforeAFolderIsChosen) {
+    EXPECT_EQ(m.text("headerTitle"), "Tarvolt");
+    for (const char* absent : {"headerPath", "headerActions", "badge", "rescanButton", "changeFolderButton"}) {
+        EXPECT_TRUE(w.findAll(absent).empty()) << absent;
+    }
+    EXPECT_NEAR(m.centre("headerTitle"), m.centre("headerView"), 1);
+    const double height = w.box("headerView").height();
+    w.choose();
+    EXPECT_EQ(w.box("headerView").height(), height) << "the line does not jump when the path comes";
+}
+
+TEST_F(MeasureHeaderTest, TheHeaderIsPaddedAndSpaced) {
+    w.choose();
+    EXPECT_THAT(m.padding("headerView", "headerRow"), ElementsAre(16, 12, 16, 12));
+    EXPECT_EQ(w.box("headerSymbol").left(), 16);
+    EXPECT_EQ(m.across("headerSymbol", "headerTitles"), 12);
+    EXPECT_EQ(m.across("headerTitles", "headerGap"), 12);
+    EXPECT_EQ(m.across("headerGap", "headerActions"), 12);
+    EXPECT_EQ(m.down("headerTitle", "headerPath"), 1);
+    EXPECT_EQ(w.box("headerTitle").left(), w.box("headerPath").left());
+    EXPECT_EQ(m.across("badge", "rescanButton"), 8);
+    EXPECT_EQ(m.across("rescanButton", "changeFolderButton"), 8);
+    EXPECT_EQ(w.box("changeFolderButton").right(), 784);
+    for (const char* item : {"headerSymbol", "headerTitles", "headerActions", "badge", "rescanButton"}) {
+        EXPECT_NEAR(m.centre(item), m.centre("headerRow"), 1) << item;
+    }
+}
+
+TEST_F(MeasureHeaderTest, TheHeaderHasItsFontsAndColours) {
+    w.choose();
+    EXPECT_EQ(m.property("headerSymbol", "symbol").toString(), "music.note.house.fill");
+    EXPECT_EQ(m.colour("headerSymbol", "colour"), QColor("#D75600"));
+    EXPECT_EQ(m.property("headerSymbol", "size").toInt(), 2 * qRound(testing::title2 * 13.3333 * 1.3 / 2));
+    EXPECT_NEAR(m.textRatio("headerTitle"), testing::body, 0.01);
+    EXPECT_EQ(m.font("headerTitle").weight(), QFont::Bold);
+    EXPECT_EQ(m.colour("headerTitle"), QColor("#161616"));
+    EXPECT_EQ(m.text("headerPath"), "/p");
+    EXPECT_NEAR(m.textRatio("headerPath"), testing::caption, 0.01);
+    EXPECT_EQ(m.colour("headerPath"), QColor("#606060"));
+    EXPECT_EQ(m.text("badgeText"), "1 project");
+    EXPECT_NEAR(m.textRatio("badgeText"), testing::caption, 0.01);
+    EXPECT_EQ(m.colour("badgeText"), QColor("#606060"));
+    EXPECT_EQ(m.property("rescanButton", "symbol").toString(), "arrow.clockwise");
+    EXPECT_EQ(m.text("changeFolderButton"), "Change Folder");
+}
+
+TEST_F(MeasureHeaderTest, TheBadgeIsPaddedRoundedAndTinted) {
+    w.choose();
+    // The badge is a whole number of pixels wide, its text need not be.
+    EXPECT_THAT(m.padding("badge", "badgeText"), ElementsAre(8, 4, AllOf(Ge(8), Lt(9)), 4));
+    EXPECT_THAT(m.padding("badge", "badgeFill"), ElementsAre(0, 0, 0, 0));
+    EXPECT_EQ(m.property("badgeFill", "radius").toDouble(), 6);
+    EXPECT_EQ(m.colour("badgeFill"), QColor("#FF7A00"));
+    EXPECT_DOUBLE_EQ(m.opacity("badgeFill"), 0.1);
+    EXPECT_EQ(m.opacity("badgeText"), 1);
+}
+
+TEST_F(MeasureHeaderTest, RescanWaitsForTheScanAndChangeFolderDoesNot) {
+    w.choose();
+    EXPECT_TRUE(m.property("rescanButton", "enabled").toBool());
+    w.bridge->rescan();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(m.property("rescanButton", "enabled").toBool());
+    EXPECT_TRUE(m.property("changeFolderButton", "enabled").toBool());
+    EXPECT_EQ(m.text("badgeText"), "0 projects");
+    w.settle();
+    EXPECT_TRUE(m.property("rescanButton", "enabled").toBool());
+}
+
+TEST_F(MeasureHeaderTest, ALongPathIsElidedInItsMiddleAndPushesNothingOut) {
+    const std::string folder = "/p/" + std::string(300, 'x');
+    w.scene.disk->addFolder(folder);
+    w.scene.panel->answer = folder;
+    w.bridge->selectFolder();
+    w.settle();
+    EXPECT_EQ(m.property("headerPath", "elide").toInt(), Qt::ElideMiddle);
+    EXPECT_TRUE(m.property("headerPath", "truncated").toBool());
+    EXPECT_EQ(m.property("headerPath", "lineCount").toInt(), 1);
+    EXPECT_EQ(w.box("changeFolderButton").right(), 784);
+    EXPECT_EQ(m.across("headerTitles", "headerActions"), 24);
+}
+
+TEST_F(MeasureHeaderTest, TheFolderPickerHasItsOrderSpacingsAndEqualGaps) {
+    EXPECT_EQ(m.down("pickerTopGap", "pickerSymbol"), 16);
+    EXPECT_EQ(m.down("pickerSymbol", "pickerTitle"), 16);
+    EXPECT_EQ(m.down("pickerTitle", "pickerText"), 16);
+    EXPECT_NEAR(m.down("pickerText", "selectFolderButton"), 16, 0.5);
+    EXPECT_EQ(m.down("selectFolderButton", "pickerBottomGap"), 16);
+    EXPECT_EQ(m.down("pickerBottomGap", "privacyNote"), 16);
+    EXPECT_NEAR(w.box("pickerTopGap").height(), w.box("pickerBottomGap").height(), 1);
+    EXPECT_EQ(w.box("privacyNote").bottom(), 580);
+    EXPECT_EQ(m.across("privacySymbol", "privacyText"), 4);
+    for (const char* item : {"pickerSymbol", "pickerTitle", "pickerText", "selectFolderButton", "privacyNote"}) {
+        EXPECT_NEAR(m.middle(item), 400, 0.5) << item;
+    }
+}
+
+TEST_F(MeasureHeaderTest, TheFolderPickerHasItsTextsFontsAndColours) {
+    EXPECT_EQ(m.property("pickerSymbol", "symbol").toString(), "folder.badge.plus");
+    EXPECT_EQ(m.property("pickerSymbol", "size").toInt(), 62);
+    EXPECT_EQ(m.colour("pickerSymbol", "colour"), QColor("#962C00"));
+    EXPECT_DOUBLE_EQ(m.opacity("pickerSymbol"), 0.6);
+    EXPECT_EQ(m.text("pickerTitle"), "Select Your MPC Projects Folder");
+    EXPECT_NEAR(m.textRatio("pickerTitle"), testing::title3, 0.01);
+    EXPECT_EQ(m.font("pickerTitle").weight(), QFont::DemiBold);
+    EXPECT_EQ(m.text("pickerText"),
+              "Choose the folder that contains your .xpj files\nand their _[ProjectData] folders");
+    EXPECT_EQ(m.property("pickerText", "lineCount").toInt(), 2);
+    EXPECT_EQ(m.property("pickerText", "horizontalAlignment").toInt(), Qt::AlignHCenter);
+    EXPECT_NEAR(m.textRatio("pickerText"), testing::body, 0.01);
+    EXPECT_EQ(m.colour("pickerText"), QColor("#606060"));
+    EXPECT_EQ(m.text("selectFolderButton"), "Select Folder");
+    EXPECT_EQ(m.property("selectFolderButton", "symbol").toString(), "folder");
+    EXPECT_EQ(m.property("selectFolderButton", "leftPadding").toDouble(), 20);
+    EXPECT_EQ(m.property("selectFolderButton", "rightPadding").toDouble(), 20);
+    const QRectF label = SceneWindow::boxOf(w.findAll("buttonText").front());
+    EXPECT_NEAR(label.top() - w.box("selectFolderButton").top(), 10, 0.5);
+    EXPECT_NEAR(w.box("selectFolderButton").bottom() - label.bottom(), 10, 0.5);
+    EXPECT_EQ(m.text("privacyText"), "Everything runs locally. No files are uploaded anywhere.");
+    EXPECT_NEAR(m.textRatio("privacyText"), testing::caption, 0.01);
+    EXPECT_EQ(m.colour("privacyText"), QColor("#606060"));
+    EXPECT_EQ(m.colour("privacySymbol", "colour"), QColor("#606060"));
+}
+
+TEST(MeasureEmptyStateTest, HasItsOrderSpacingsTextsAndColours) {
+    SceneWindow w;
+    Measures m(w);
+    w.choose();
+    EXPECT_EQ(m.down("emptyTopGap", "emptySymbol"), 12);
+    EXPECT_EQ(m.down("emptySymbol", "emptyTitle"), 12);
+    EXPECT_EQ(m.down("emptyTitle", "emptyText"), 12);
+    EXPECT_NEAR(m.down("emptyText", "chooseDifferentFolderButton"), 20, 0.5);
+    EXPECT_EQ(m.down("chooseDifferentFolderButton", "emptyBottomGap"), 12);
+    EXPECT_NEAR(w.box("emptyTopGap").height(), w.box("emptyBottomGap").height(), 1);
+    EXPECT_EQ(m.property("emptySymbol", "size").toInt(), 46);
+    EXPECT_EQ(m.colour("emptySymbol", "colour"), QColor("#1F1F1F"));
+    EXPECT_DOUBLE_EQ(m.opacity("emptySymbol"), 0.5);
+    EXPECT_EQ(m.text("emptyTitle"), "No MPC Projects Found");
+    EXPECT_NEAR(m.textRatio("emptyTitle"), testing::title3, 0.01);
+    EXPECT_EQ(m.font("emptyTitle").weight(), QFont::Normal);
+    EXPECT_EQ(m.colour("emptyTitle"), QColor("#606060"));
+    EXPECT_EQ(m.text("emptyText"), "Make sure you selected the folder that\ndirectly contains your .xpj files.");
+    EXPECT_EQ(m.colour("emptyText"), QColor("#5E5E5E"));
+    EXPECT_DOUBLE_EQ(m.opacity("emptyText"), 0.8);
+    EXPECT_EQ(m.text("chooseDifferentFolderButton"), "Choose Different Folder");
+    EXPECT_TRUE(w.findAll("logView").empty());
+    EXPECT_EQ(m.text("badgeText"), "0 projects");
+}
+
+} // namespace
+} // namespace tarvolt

@@ -1,0 +1,161 @@
+#include "tests/app/bridge/measures.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::Measures;
+using testing::SceneWindow;
+
+class MeasureSheetTest : public ::testing::Test {
+protected:
+    MeasureSheetTest() {
+        w.addProject("Blue Hour");
+        w.addProject("Sketch", false);
+        w.choose();
+    }
+
+    void open(int row, const QString& newName) {
+        w.bridge->beginRename(row);
+        w.bridge->setNewName(newName);
+        w.settle();
+    }
+
+    SceneWindow w;
+    Measures m{w};
+};
+
+TEST_F(MeasureSheetTest, TheSheetHasItsSizePaddingAndSpacings) {
+    open(0, "Red Hour");
+    const QRectF sheet = w.box("panelFace");
+    EXPECT_EQ(sheet.size(), QSizeF(480, 380));
+    EXPECT_EQ(sheet.center(), QPointF(400, 300));
+    EXPECT_THAT(m.padding("panelFace", "renameForm"), ElementsAre(24, 24, 24, 24));
+    EXPECT_EQ(w.box("sheetTitle").topLeft(), sheet.topLeft() + QPointF(24, 24));
+    EXPECT_EQ(m.down("sheetTitle", "sheetCurrentName"), 4);
+    EXPECT_EQ(m.down("sheetTitleBlock", "sheetNameBlock"), 20);
+    EXPECT_EQ(m.down("sheetFieldLabel", "newNameField"), 6);
+    EXPECT_EQ(m.down("sheetNameBlock", "previewBlock"), 20);
+    EXPECT_EQ(m.down("previewTitle", "previewBox"), 8);
+    EXPECT_EQ(m.down("previewBlock", "sheetGap"), 20);
+    EXPECT_EQ(m.down("sheetGap", "sheetButtons"), 20);
+    EXPECT_EQ(w.box("sheetButtons").bottom(), sheet.bottom() - 24);
+    EXPECT_EQ(w.box("renameButton").right(), sheet.right() - 24);
+    EXPECT_EQ(m.across("cancelButton", "renameButton"), 8);
+}
+
+TEST_F(MeasureSheetTest, ThePreviewBoxHasItsPaddingSpacingsAndFill) {
+    open(0, "Red Hour");
+    EXPECT_THAT(m.padding("previewBox", "previewLines"), ElementsAre(12, 12, 12, 12));
+    EXPECT_EQ(m.property("previewFill", "radius").toDouble(), 8);
+    EXPECT_DOUBLE_EQ(m.opacity("previewFill"), 0.5);
+    EXPECT_EQ(m.down("previewFileRow", "previewFolderRow"), 6);
+    EXPECT_EQ(m.down("previewFolderRow", "previewNote"), 6);
+    EXPECT_EQ(m.across("previewOldName", "previewArrow"), 8);
+    EXPECT_EQ(m.across("previewArrow", "previewNewName"), 8);
+    EXPECT_NEAR(m.centre("previewOldName"), m.centre("previewArrow"), 0.5);
+}
+
+TEST_F(MeasureSheetTest, ThePreviewHasItsTextsFontsAndColours) {
+    open(0, "Red Hour");
+    EXPECT_EQ(m.text("previewTitle"), "PREVIEW");
+    EXPECT_EQ(m.text("previewOldName"), "Blue Hour.xpj");
+    EXPECT_EQ(m.text("previewNewName"), "Red Hour.xpj");
+    EXPECT_TRUE(m.font("previewOldName").strikeOut());
+    EXPECT_NEAR(m.textRatio("previewOldName"), testing::caption, 0.01);
+    EXPECT_EQ(m.colour("previewOldName"), QColor("#C01C28"));
+    EXPECT_DOUBLE_EQ(m.opacity("previewOldName"), 0.7);
+    EXPECT_FALSE(m.font("previewNewName").strikeOut());
+    EXPECT_EQ(m.colour("previewNewName"), QColor("#1A7533"));
+    EXPECT_EQ(m.colour("previewArrow", "colour"), QColor("#606060"));
+    EXPECT_EQ(w.findAll("previewOldName").size(), 2U);
+    EXPECT_EQ(w.findAll("previewOldName")[1]->property("text").toString(), "Blue Hour_[ProjectData]");
+    EXPECT_EQ(m.text("previewNote"), "+ Updates file paths inside .xpj");
+}
+
+TEST_F(MeasureSheetTest, ThePreviewOfAProjectWithoutDataFolderHasOneLineAndTheNote) {
+    open(1, " ");
+    EXPECT_EQ(w.findAll("previewOldName").size(), 1U);
+    EXPECT_EQ(m.text("previewNewName"), " .xpj");
+    EXPECT_EQ(m.down("previewFileRow", "previewNote"), 6);
+}
+
+TEST_F(MeasureSheetTest, TheTitlesFieldAndButtonsHaveTheirFontsColoursAndTexts) {
+    open(0, "Red Hour");
+    EXPECT_EQ(m.text("sheetTitle"), "Rename Project");
+    EXPECT_NEAR(m.textRatio("sheetTitle"), testing::title2, 0.01);
+    EXPECT_EQ(m.font("sheetTitle").weight(), QFont::Bold);
+    EXPECT_EQ(m.text("sheetCurrentName"), "Current: Blue Hour");
+    EXPECT_EQ(m.colour("sheetCurrentName"), QColor("#606060"));
+    EXPECT_EQ(m.text("sheetFieldLabel"), "NEW NAME");
+    EXPECT_EQ(m.font("sheetFieldLabel").weight(), QFont::DemiBold);
+    EXPECT_NEAR(m.textRatio("sheetFieldLabel"), testing::caption, 0.01);
+    EXPECT_EQ(m.property("newNameField", "placeholderText").toString(), "Enter new project name");
+    EXPECT_NEAR(m.textRatio("newNameField"), testing::body, 0.01);
+    EXPECT_EQ(m.font("newNameField").family(), QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    EXPECT_EQ(m.text("cancelButton"), "Cancel");
+    EXPECT_EQ(m.text("renameButton"), "Rename");
+}
+
+TEST_F(MeasureSheetTest, RenameIsEnabledAndThePreviewThereForAnotherNameOnly) {
+    const auto offered = [&] { return m.property("renameButton", "enabled").toBool(); };
+    const auto previewed = [&] { return !w.findAll("previewBlock").empty(); };
+    for (const char* same : {"Blue Hour", ""}) {
+        open(0, same);
+        EXPECT_FALSE(offered()) << same;
+        EXPECT_FALSE(previewed()) << same;
+        w.bridge->cancelRename();
+        w.settle();
+    }
+    for (const char* other : {"Blue Hour ", " ", "blue hour", "x"}) {
+        open(0, other);
+        EXPECT_TRUE(offered()) << other;
+        EXPECT_TRUE(previewed()) << other;
+        w.bridge->cancelRename();
+        w.settle();
+    }
+}
+
+TEST_F(MeasureSheetTest, ALongPreviewScrollsAndStopsFortyAboveTheButtons) {
+    open(0, QString(240, u'x'));
+    EXPECT_EQ(m.down("previewBox", "sheetButtons"), 40);
+    EXPECT_GT(m.property("previewArea", "contentHeight").toDouble(), w.box("previewBox").height());
+    EXPECT_EQ(w.box("sheetButtons").bottom(), w.box("panelFace").bottom() - 24);
+    EXPECT_EQ(w.box("panelFace").size(), QSizeF(480, 380));
+}
+
+TEST_F(MeasureSheetTest, TheAlertHasItsSizesAndTexts) {
+    open(0, "Sketch");
+    w.bridge->pressRename();
+    w.settle();
+    const auto faces = w.findAll("panelFace");
+    ASSERT_EQ(faces.size(), 2U);
+    const QRectF alert = SceneWindow::boxOf(faces[1]);
+    EXPECT_EQ(alert.width(), 320);
+    EXPECT_NEAR(alert.center().x(), 400, 0.5);
+    EXPECT_NEAR(alert.center().y(), 300, 0.5);
+    EXPECT_EQ(m.text("alertTitle"), "Rename Failed");
+    EXPECT_EQ(m.text("alertMessage"), "A project named \"Sketch\" already exists.");
+    EXPECT_EQ(w.box("alertTitle").top() - alert.top(), 20);
+    EXPECT_EQ(m.down("alertTitle", "alertMessage"), 6);
+    EXPECT_NEAR(m.down("alertMessage", "alertButton"), 18, 0.5);
+    EXPECT_EQ(alert.bottom() - w.box("alertButton").bottom(), 20);
+    EXPECT_EQ(w.box("alertButton").width(), 280);
+    EXPECT_EQ(m.text("alertButton"), "OK");
+}
+
+TEST_F(MeasureSheetTest, TheAlertSaysUnknownErrorWhereThereIsNoMessage) {
+    w.view->showError.set(true);
+    w.settle();
+    EXPECT_EQ(m.text("alertTitle"), "Rename Failed");
+    EXPECT_EQ(m.text("alertMessage"), "Unknown error");
+    w.click("alertButton");
+    w.settle();
+    EXPECT_FALSE(w.view->showError.get());
+    EXPECT_TRUE(w.findAll("alertMessage").empty());
+}
+
+} // namespace
+} // namespace tarvolt
