@@ -1,8 +1,8 @@
 #include "foundation/termination.h"
 
 #include <pthread.h>
-#include <signal.h>
 
+#include <csignal>
 #include <thread>
 #include <utility>
 

@@ -50,7 +50,8 @@ class ViewBridge final : public QObject {
     Q_PROPERTY(QString alertMessage READ alertMessage NOTIFY alertMessageChanged)
 
 public:
-    enum Area { FolderPicker, EmptyState, ProjectList };
+    /// The language of the views wants capitals here.
+    enum Area { FolderPicker, EmptyState, ProjectList }; // NOLINT(readability-identifier-naming)
     Q_ENUM(Area)
 
     explicit ViewBridge(std::shared_ptr<ContentView> view, Services services, QObject* parent = nullptr);

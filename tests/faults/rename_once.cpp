@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     MPCProject project;
     project.baseName = name;
     project.xpjURL = folder + "/" + name + ".xpj";
-    if (struct stat status {}; ::stat(dataFolder.c_str(), &status) == 0) {
+    if (struct stat status{}; ::stat(dataFolder.c_str(), &status) == 0) {
         project.dataFolderURL = dataFolder;
     }
     std::puts("begin");
