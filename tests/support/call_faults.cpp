@@ -15,13 +15,15 @@
 #include <future>
 #include <thread>
 
-// Exported by ThreadSanitizer's runtime, and null without it.
+// Exported by ThreadSanitizer's runtime, and null without it. The names are the runtime's.
+// NOLINTBEGIN(readability-identifier-naming)
 extern "C" {
 [[gnu::weak]] void AnnotateIgnoreReadsBegin(const char* file, int line);
 [[gnu::weak]] void AnnotateIgnoreReadsEnd(const char* file, int line);
 [[gnu::weak]] void AnnotateIgnoreWritesBegin(const char* file, int line);
 [[gnu::weak]] void AnnotateIgnoreWritesEnd(const char* file, int line);
 }
+// NOLINTEND(readability-identifier-naming)
 
 namespace tarvolt::testing {
 namespace {
