@@ -96,7 +96,8 @@ build() {
     shift
     configure "$preset"
     [ $# -eq 0 ] || targets=(--target "$@")
-    cmake --build --preset "$preset" "${targets[@]}" || fail "the build in build/$preset failed; its first error stands above"
+    # The toolkit's compilers complain about any locale that is not UTF-8, once for each file.
+    LC_ALL=C.UTF-8 cmake --build --preset "$preset" "${targets[@]}" || fail "the build in build/$preset failed; its first error stands above"
 }
 
 # runTests PRESET [CTEST OPTION...]: runs the built tests and says last how many passed and failed. False when one

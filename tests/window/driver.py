@@ -72,9 +72,13 @@ class Program:
             raise TimeoutError(f"{error}\n{self.dump()}") from None
 
     def focused(self):
-        """The element that has the keyboard focus, or None. What only holds it says that it has it, too, but could not
-        take it."""
-        return next((each for each in Element(self.tree, self).descendants() if each.has("focused") and each.has("focusable")), None)
+        """The element that has the keyboard focus, or None. Others say so, too: what only holds it, but could not take
+        it, and, from Qt 6.8 on, the current item of a closed list."""
+
+        def hasFocus(element):
+            return element.has("focused") and element.has("focusable") and not element.has("transient")
+
+        return next(filter(hasFocus, Element(self.tree, self).descendants()), None)
 
     def key(self, *names):
         """Presses keys as xdotool names them, one after the other: "Return", "ctrl+a"."""
