@@ -112,6 +112,7 @@ PlatformStyle {
     readonly property int largeButtonRadius: 9
     readonly property int largeButtonSpacing: 7
     readonly property int faceDrop: 1
+    readonly property int thinBorder: 1
     readonly property int fieldHeight: Math.round(Math.max(30, 1.2 * bodyPixels + 14))
     readonly property int fieldPadding: 9
     readonly property int fieldRadius: 7

@@ -6,14 +6,9 @@
 #include <QQuickWindow>
 #include <QSGImageNode>
 
-#include <algorithm>
 #include <cmath>
 
 namespace tarvolt {
-
-SymbolItem::SymbolItem(QQuickItem* parent) : QQuickItem(parent) {
-    setFlag(ItemHasContents);
-}
 
 void SymbolItem::setSymbol(const QString& symbol) {
     if (symbol != symbol_) {
@@ -33,46 +28,14 @@ void SymbolItem::setColour(const QColor& colour) {
 
 void SymbolItem::redraw() {
     drawn_ = false;
-    update();
-}
-
-void SymbolItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
-    QQuickItem::geometryChange(newGeometry, oldGeometry);
-    redraw();
-}
-
-void SymbolItem::itemChange(ItemChange change, const ItemChangeData& data) {
-    if (change == ItemSceneChange) {
-        disconnect(frames_);
-        if (data.window != nullptr) {
-            frames_ = connect(data.window, &QQuickWindow::afterAnimating, this, &SymbolItem::followPosition);
-        }
-        redraw();
-    }
-    if (change == ItemDevicePixelRatioHasChanged) {
-        redraw();
-    }
-    QQuickItem::itemChange(change, data);
-}
-
-/// An ancestor that moves tells nobody, and its new place may lie between device pixels.
-void SymbolItem::followPosition() {
-    if (isVisible() && snapOffset() != offset_) {
-        update();
-    }
-}
-
-QPointF SymbolItem::snapOffset() const {
-    const double ratio = window() != nullptr ? window()->effectiveDevicePixelRatio() : 1;
-    const QPointF corner = mapToScene({}) * ratio;
-    return (QPointF(std::round(corner.x()), std::round(corner.y())) - corner) / ratio;
+    SnappedItem::redraw();
 }
 
 QSGNode* SymbolItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
     auto* image = static_cast<QSGImageNode*>(node);
-    const double ratio = window()->effectiveDevicePixelRatio();
-    const int side = static_cast<int>(std::lround(std::min(width(), height()) * ratio));
-    if (side <= 0 || !hasSymbol(symbol_)) {
+    const QRectF box = snappedRect();
+    const int side = static_cast<int>(std::lround(box.width() * pixelRatio()));
+    if (width() <= 0 || !hasSymbol(symbol_)) {
         delete image;
         return nullptr;
     }
@@ -90,9 +53,8 @@ QSGNode* SymbolItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*
         image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel));
         drawn_ = true;
     }
-    offset_ = snapOffset();
     image->setFiltering(QSGTexture::Linear);
-    image->setRect(QRectF(offset_, QSizeF(side / ratio, side / ratio)));
+    image->setRect(box);
     return image;
 }
 

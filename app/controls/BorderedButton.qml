@@ -26,24 +26,23 @@ PressButton {
     }
 
     background: Item {
-        Rectangle {
+        BoxItem {
             y: Theme.faceDrop
             width: parent.width
             height: parent.height
             radius: root.cornerRadius
-            color: "transparent"
-            border.width: Theme.hairline(Screen.devicePixelRatio)
-            border.color: Theme.faceShade
+            borderWidth: Theme.thinBorder
+            borderColor: Theme.faceShade
             visible: root.enabled && !root.down
         }
 
-        Rectangle {
+        BoxItem {
             objectName: "face"
             anchors.fill: parent
             radius: root.cornerRadius
             color: !root.enabled ? Theme.faceDisabled : root.down ? Theme.facePressed : root.hovered ? Theme.faceHover : Theme.face
-            border.width: Theme.hairline(Screen.devicePixelRatio)
-            border.color: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
+            borderWidth: Theme.thinBorder
+            borderColor: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
 
             Behavior on color {
                 enabled: !root.down

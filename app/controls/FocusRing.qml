@@ -4,7 +4,7 @@ import QtQuick
 import Tarvolt
 
 // Goes around what has the keyboard focus.
-Rectangle {
+BoxItem {
     id: root
 
     required property real innerRadius
@@ -13,7 +13,6 @@ Rectangle {
     anchors.fill: parent
     anchors.margins: -gap - Theme.focusWidth
     radius: innerRadius + gap + Theme.focusWidth
-    color: "transparent"
-    border.width: Theme.focusWidth
-    border.color: Theme.orange
+    borderWidth: Theme.focusWidth
+    borderColor: Theme.orange
 }

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// A thin horizontal line.
-Rectangle {
+// A thin line, horizontal unless it is told otherwise.
+BoxItem {
     id: root
 
     implicitHeight: Theme.hairline(Screen.devicePixelRatio)

@@ -24,7 +24,7 @@ PressButton {
         ink: root.ink
     }
 
-    background: Rectangle {
+    background: BoxItem {
         objectName: "face"
         radius: root.cornerRadius
         color: !root.enabled ? Theme.prominentDisabled : root.down ? Theme.prominentPressed : root.hovered ? Theme.prominentHover : Theme.prominent

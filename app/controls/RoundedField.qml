@@ -24,12 +24,12 @@ T.TextField {
         owner: root
     }
 
-    background: Rectangle {
+    background: BoxItem {
         objectName: "frame"
         radius: Theme.fieldRadius
         color: Theme.base
-        border.width: root.activeFocus ? Theme.focusWidth : Theme.hairline(Screen.devicePixelRatio)
-        border.color: root.activeFocus ? Theme.orange : root.hovered ? Theme.fieldBorderHover : Theme.fieldBorder
+        borderWidth: root.activeFocus ? Theme.focusWidth : Theme.thinBorder
+        borderColor: root.activeFocus ? Theme.orange : root.hovered ? Theme.fieldBorderHover : Theme.fieldBorder
     }
 
     TextLabel {

@@ -15,7 +15,7 @@ T.ScrollBar {
     hoverEnabled: true
     Accessible.ignored: true
 
-    contentItem: Rectangle {
+    contentItem: BoxItem {
         implicitWidth: Theme.thumbWidth
         radius: width / 2
         color: root.pressed ? Theme.thumbPressed : root.hovered ? Theme.thumbHover : Theme.thumb

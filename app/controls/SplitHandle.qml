@@ -20,7 +20,7 @@ Item {
     Keys.onLeftPressed: root.moved(-Theme.splitStep)
     Keys.onRightPressed: root.moved(Theme.splitStep)
 
-    Rectangle {
+    BoxItem {
         objectName: "splitLine"
         anchors.horizontalCenter: parent.horizontalCenter
         width: root.strong || hover.hovered ? Theme.splitStrongWidth : root.width

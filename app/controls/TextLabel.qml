@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// A text as it stands, never taken for markup. Read out unless it is part of something that speaks for it.
+// A text as it stands, never taken for markup, on the left in whatever script it is. Read out unless it is part of something that speaks for it.
 Text {
     id: root
 
@@ -12,6 +12,7 @@ Text {
     font: Theme.body
     color: Theme.primary
     textFormat: Text.PlainText
+    horizontalAlignment: Text.AlignLeft
     renderType: Text.NativeRendering
     Accessible.role: Accessible.StaticText
     Accessible.name: text

@@ -78,7 +78,7 @@ Item {
                 implicitWidth: Math.ceil(badgeText.implicitWidth) + 2 * Theme.badgeSidePadding
                 implicitHeight: badgeText.implicitHeight + 2 * Theme.badgePadding
 
-                Rectangle {
+                BoxItem {
                     objectName: "badgeFill"
                     anchors.fill: parent
                     radius: Theme.badgeRadius

@@ -17,7 +17,7 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: sentence
 
-    Rectangle {
+    BoxItem {
         id: dot
         objectName: "logDot"
         x: Theme.logSidePadding
@@ -25,7 +25,6 @@ Item {
         width: Theme.logDot
         height: Theme.logDot
         radius: width / 2
-        antialiasing: true
         color: root.isError ? Theme.red : Theme.greenSixTenths
         opacity: root.isError ? 1 : Theme.tintedOpacity
     }

@@ -41,7 +41,7 @@ ColumnLayout {
         Layout.minimumHeight: 0
         Layout.maximumHeight: implicitHeight
 
-        Rectangle {
+        BoxItem {
             objectName: "previewFill"
             anchors.fill: parent
             radius: Theme.previewRadius

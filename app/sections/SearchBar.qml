@@ -13,7 +13,7 @@ Item {
     objectName: "searchBar"
     implicitHeight: Math.max(symbol.implicitHeight, field.implicitHeight) + 2 * Theme.searchPadding
 
-    Rectangle {
+    BoxItem {
         objectName: "searchFill"
         anchors.fill: parent
         radius: Theme.searchRadius
@@ -75,13 +75,12 @@ Item {
         cursorShape: Qt.IBeamCursor
     }
 
-    Rectangle {
+    BoxItem {
         objectName: "searchFocus"
         anchors.fill: parent
         radius: Theme.searchRadius
-        color: "transparent"
-        border.width: Theme.focusWidth
-        border.color: Theme.orange
+        borderWidth: Theme.focusWidth
+        borderColor: Theme.orange
         visible: field.activeFocus
     }
 }

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/bridge/snapped_item.h"
+
+#include <QColor>
+#include <QtQmlIntegration/qqmlintegration.h>
+
+namespace tarvolt {
+
+/// A filled rectangle, rounded and bordered if it is to be, whose edges are equally sharp everywhere. The border goes
+/// around the fill, inside the item, and is a whole number of device pixels wide, at least one. The base is named in
+/// full because the type registrar of Qt 6.4 looks it up by exactly these words.
+class BoxItem : public tarvolt::SnappedItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QColor color MEMBER color_ NOTIFY looksChanged)
+    Q_PROPERTY(double radius MEMBER radius_ NOTIFY looksChanged)
+    Q_PROPERTY(double borderWidth MEMBER borderWidth_ NOTIFY looksChanged)
+    Q_PROPERTY(QColor borderColor MEMBER borderColor_ NOTIFY looksChanged)
+
+public:
+    explicit BoxItem(QQuickItem* parent = nullptr);
+
+signals:
+    void looksChanged();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
+    void redraw() override;
+
+private:
+    QImage picture(QSize pixels) const;
+
+    QColor color_ = Qt::transparent;
+    double radius_ = 0;
+    double borderWidth_ = 0;
+    QColor borderColor_ = Qt::transparent;
+    bool drawn_ = false; ///< the picture in the scene is up to date
+};
+
+} // namespace tarvolt
