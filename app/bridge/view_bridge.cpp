@@ -223,7 +223,9 @@ void ViewBridge::awaitRescan(int attempt) {
 }
 
 void ViewBridge::followRescan() {
-    if (rescanBegun_ && scanEnded_ && !view_->scanner->isScanning.get()) {
+    // What stands over the list keeps the focus until it closes.
+    const bool listIsOnTop = !sheetOpen_ && !alertOpen_;
+    if (listIsOnTop && rescanBegun_ && scanEnded_ && !view_->scanner->isScanning.get()) {
         rescanBegun_ = false;
         emit renamedProjectListed(projects_.rowOf(awaitedName_));
     }

@@ -116,7 +116,8 @@ signals:
     void alertOpenChanged();
     void alertMessageChanged();
 
-    /// The scan after a rename has ended: `row` shows the new name, or -1 where it is not listed.
+    /// The scan after a rename has ended, and nothing stands over the list any more: `row` shows the new name, or -1
+    /// where it is not listed.
     void renamedProjectListed(int row);
 
 private:

@@ -40,8 +40,7 @@ FocusScope {
         target: root.view
 
         function onRenamedProjectListed(row: int): void {
-            if (!root.view.sheetOpen && !root.view.alertOpen)
-                list.focusRow(row);
+            list.focusRow(row);
         }
     }
 }
