@@ -13,6 +13,10 @@ ColumnLayout {
     objectName: "emptyStateView"
     spacing: Theme.emptySpacing
 
+    function takeFocus(): void {
+        button.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     Item {
         objectName: "emptyTopGap"
         Layout.fillHeight: true
@@ -46,6 +50,7 @@ ColumnLayout {
     }
 
     BorderedButton {
+        id: button
         objectName: "chooseDifferentFolderButton"
         Layout.alignment: Qt.AlignHCenter
         Layout.topMargin: Theme.emptyButtonTop

@@ -19,7 +19,8 @@ ListView {
     model: view.projects
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
-    activeFocusOnTab: count > 0
+    // While it has the focus it must stay where Tab can be.
+    activeFocusOnTab: count > 0 || activeFocus
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
     onActiveFocusChanged: {
@@ -37,6 +38,8 @@ ListView {
         y: root.y
         height: root.height
     }
+
+    onCountChanged: Qt.callLater(root.handOnFocus) // qmllint disable
 
     delegate: ProjectRow {
         id: row
@@ -87,6 +90,12 @@ ListView {
             return false;
         root.focusRow(row);
         return true;
+    }
+
+    // Rows that come while the list has the focus show that it is there.
+    function handOnFocus(): void {
+        if (root.activeFocus && root.currentItem)
+            root.focusRow(root.currentIndex);
     }
 
     // Row -1 is the list itself.
