@@ -1,6 +1,7 @@
 """What the window tests have in common: a desktop, a folder of projects and the program, new for each test.
 
-The program's path comes from the environment (TARVOLT), the test's name from the command line.
+The program's path comes from the environment (TARVOLT), as the folder for pictures does (TARVOLT_PICTURES), the test's
+name from the command line.
 """
 
 import os
@@ -15,12 +16,19 @@ from driver import Program
 
 class WindowTest(unittest.TestCase):
     characters = ""
+    screen = (1280, 900)
+    # Words in front of the program's path on its command line.
+    before = ()
 
     def setUp(self):
-        self.desktop = self.enterContext(Desktop(characters=self.characters))
+        self.desktop = self.enterContext(Desktop(size=self.screen, characters=self.characters))
+        self.errors = self.desktop.folder / "errors"
         self.folder = self.desktop.home / "Projects"
         sample.make(self.folder)
         self.program = self.start()
+
+    def tearDown(self):
+        self.assertEqual(self.errors.read_text(), "", "on standard error")
 
     def enterContext(self, context):
         # unittest has this itself from Python 3.11 on, like this.
@@ -29,7 +37,15 @@ class WindowTest(unittest.TestCase):
         return value
 
     def start(self):
-        return self.enterContext(Program(self.desktop, os.environ["TARVOLT"]))
+        first, *others = *self.before, os.environ["TARVOLT"]
+        with self.errors.open("ab") as errors:
+            return self.enterContext(Program(self.desktop, first, others, errorOutput=errors))
+
+    def picture(self, name, still=0.3):
+        """Takes a picture of the window, as Program.picture does, and keeps it among the products of the build."""
+        picture = self.program.picture(still=still)
+        picture.save(Path(os.environ["TARVOLT_PICTURES"]) / f"{name}.png")
+        return picture
 
     def choose(self, folder, button="Select Folder"):
         """Chooses a folder in the panel that `button` opens."""
@@ -47,6 +63,11 @@ class WindowTest(unittest.TestCase):
     def logged(self, message):
         """Waits for a line of the log; read out, it ends with its time."""
         return self.program.find("list item", re.compile(f"^{re.escape(message)}, "))
+
+    def scans(self, count):
+        """Waits until so many scans have ended."""
+        lines = re.compile("^Scan complete: ")
+        self.program.waitFor(lambda: len(self.program.elements("list item", lines)) >= count, f"{count} scans")
 
     def rows(self):
         """The names of the projects listed, in the order on the screen."""

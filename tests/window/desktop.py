@@ -40,6 +40,8 @@ class Desktop:
             "KDE_SESSION_VERSION": "5",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
             "QT_QPA_PLATFORM": "xcb",
+            # It complains on standard error of whoever asks for something that has just vanished.
+            "QT_LOGGING_RULES": "qt.accessibility.atspi=false",
             **(environment or {}),
         }
         if "TZ" in os.environ:

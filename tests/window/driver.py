@@ -72,13 +72,14 @@ class Program:
             raise TimeoutError(f"{error}\n{self.dump()}") from None
 
     def focused(self):
-        """The element that has the keyboard focus, or None. Others say so, too: what only holds it, but could not take
-        it, and, from Qt 6.8 on, the current item of a closed list."""
+        """The element that has the keyboard focus, or None. Others say so, too: what it stands in, and, from Qt 6.8 on, the
+        current item of a closed list."""
 
         def hasFocus(element):
             return element.has("focused") and element.has("focusable") and not element.has("transient")
 
-        return next(filter(hasFocus, Element(self.tree, self).descendants()), None)
+        focused = list(filter(hasFocus, Element(self.tree, self).descendants()))
+        return focused[-1] if focused else None
 
     def key(self, *names):
         """Presses keys as xdotool names them, one after the other: "Return", "ctrl+a"."""
@@ -172,6 +173,9 @@ class Element:
         children = (_ask(lambda index=index: self.accessible.get_child_at_index(index), None) for index in range(count))
         return [Element(child, self.program) for child in children if child is not None]
 
+    def parent(self):
+        return Element(self.accessible.get_parent(), self.program)
+
     def walk(self, depth=0):
         """Everything in it and how deep, in the order of the tree."""
         for child in self.children():
@@ -191,13 +195,16 @@ class Element:
         x, y, width, height = self.box
         self.program.desktop.input("mousemove", x + width // 2, y + height // 2)
 
+    def actions(self):
+        """The names of what assistive technology can do with it."""
+        return [Atspi.Action.get_action_name(self.accessible, i) for i in range(Atspi.Action.get_n_actions(self.accessible))]
+
     def press(self):
         """The press action that assistive technology calls."""
-        actions = self.accessible.get_action_iface()
-        names = [actions.get_action_name(index) for index in range(actions.get_n_actions())]
+        names = self.actions()
         if "Press" not in names:
             raise LookupError(f"{self.role} {self.name!r} has no press action but {names}")
-        actions.do_action(names.index("Press"))
+        Atspi.Action.do_action(self.accessible, names.index("Press"))
 
 
 def _connect(desktop):
