@@ -1,0 +1,98 @@
+"""However the program is ended, and whatever it is doing then: at once, without a word, and with nothing half done."""
+
+import signal
+import subprocess
+
+import case
+import hold
+
+
+class Ends(case.WindowTest):
+    before = hold.before
+
+    def close(self):
+        self.program.key("alt+F4")
+
+    def terminate(self):
+        self.program.process.send_signal(signal.SIGTERM)
+
+    def ended(self):
+        """How the program ended, which has to be soon."""
+        return self.program.process.wait(5)
+
+    def renameBlueHour(self):
+        """Returns once the rename is on disk, well before the scan that follows it."""
+        self.openSheet("Blue Hour")
+        self.program.type("Azure Hour")
+        self.program.key("Return")
+        self.program.waitFor(lambda: not (self.folder / "Blue Hour.xpj").exists(), "the rename")
+
+    def assertRenamed(self):
+        names = {path.name for path in self.folder.iterdir() if "Hour" in path.name}
+        self.assertEqual(names, {"Azure Hour.xpj", "Azure Hour_[ProjectData]"})
+        self.assertIn("Azure Hour_[ProjectData]/mix.wav", (self.folder / "Azure Hour.xpj").read_text())
+
+    def testAtOnceWhenClosedDuringAScanThatHangs(self):
+        held = hold.Hold(self.folder, "listing")
+        self.choose(self.folder)
+        self.program.waitFor(held.reached, "the held listing")
+        self.close()
+        self.assertEqual(self.ended(), 0)
+
+    def testAtOnceWhenTerminatedDuringAScanThatHangs(self):
+        held = hold.Hold(self.folder, "listing")
+        self.choose(self.folder)
+        self.program.waitFor(held.reached, "the held listing")
+        self.terminate()
+        self.assertEqual(self.ended(), 0)
+
+    def testWhenClosedBeforeTheScanThatFollowsARename(self):
+        self.choose(self.folder)
+        held = hold.Hold(self.folder, "listing")
+        self.renameBlueHour()
+        self.close()
+        self.assertEqual(self.ended(), 0)
+        self.assertFalse(held.reached())
+        self.assertRenamed()
+
+    def testWhenClosedWhileARenamedProjectIsStillHighlighted(self):
+        self.choose(self.folder)
+        self.renameBlueHour()
+        self.program.find("button", "Rename Azure Hour")
+        self.close()
+        self.assertEqual(self.ended(), 0)
+        self.assertRenamed()
+
+    def testWhenTerminatedWithTheFolderPanelOpen(self):
+        self.program.find("button", "Select Folder").click()
+        self.program.find("dialog")
+        self.terminate()
+        self.assertEqual(self.ended(), 0)
+
+    def testWhenTerminatedWithTheSheetAndTheAlertOpen(self):
+        self.choose(self.folder)
+        self.openSheet("Blue Hour")
+        self.program.key("Return")
+        self.program.find("button", "OK")
+        self.terminate()
+        self.assertEqual(self.ended(), 0)
+
+    def testFinishesTheRunningRenameFirst(self):
+        self.choose(self.folder)
+        self.openSheet("Blue Hour")
+        self.program.type("Azure Hour")
+        held = hold.Hold(self.folder, "fsync")
+        self.program.key("Return")
+        self.program.waitFor(held.reached, "the held rename")
+        self.terminate()
+        self.close()
+        with self.assertRaises(subprocess.TimeoutExpired):
+            self.program.process.wait(0.5)
+        self.assertTrue((self.folder / "Blue Hour.xpj").exists())
+        held.release()
+        self.assertEqual(self.ended(), 0)
+        self.assertRenamed()
+
+
+if __name__ == "__main__":
+    case.main()
