@@ -1,0 +1,54 @@
+"""The window's frame and how its two panes share it."""
+
+import itertools
+
+import case
+
+
+class Size(case.WindowTest):
+    screen = (3200, 900)
+
+    def panes(self):
+        """The widths of the list's and the log's pane."""
+        left, _, width, _ = self.program.find("frame").box
+        dividerLeft, _, dividerWidth, _ = self.program.find("split pane", "Width of the log").box
+        return dividerLeft - left, left + width - dividerLeft - dividerWidth
+
+    def drag(self, distance, log):
+        """Drags the divider, with a hand that is never quite still, until the log is so wide; leaves it there."""
+        left, top, width, height = self.program.find("split pane", "Width of the log").box
+        x, y = left + width // 2, top + height // 2
+        self.desktop.input("mousemove", x, y, "mousedown", "1")
+        tremble = itertools.cycle((0, 1))
+
+        def there():
+            self.desktop.input("mousemove", x + distance, y + next(tremble))
+            return self.panes()[1] == log
+
+        self.program.waitFor(there, f"a log {log} wide")
+        self.desktop.input("mouseup", "1")
+
+    def testKeepsThePanesInTheirLimits(self):
+        self.choose(self.folder)
+        window = self.program.activeWindow()
+        frame = self.program.find("frame")
+        self.program.waitFor(lambda: self.panes()[1] == 240, "a log 240 wide")
+        for width in (700, 1600, 3000):
+            self.desktop.input("windowsize", window, width, 600)
+            self.program.waitFor(lambda: frame.box[2] == width, f"a window {width} wide")
+            for distance, log in ((-30, 270), (-300, 280), (40, 240), (300, 220), (-20, 240)):
+                self.drag(distance, log)
+                # The list's pane has the rest, but for a thin line.
+                self.assertEqual(self.panes(), (width - 1 - log, log))
+                self.assertGreaterEqual(self.panes()[0], 400)
+        self.picture("wide-window")
+
+    def testHasTheProgramsNameForATitleAndNoMenus(self):
+        self.assertEqual(self.desktop.input("getwindowname", self.program.activeWindow()).strip(), "Tarvolt")
+        self.choose(self.folder)
+        self.assertEqual([element.role for element in self.program.elements() if "menu" in element.role], [])
+        self.assertEqual(self.desktop.input("getwindowname", self.program.activeWindow()).strip(), "Tarvolt")
+
+
+if __name__ == "__main__":
+    case.main()
