@@ -1,0 +1,198 @@
+"""The window as assistive technology has it: what it hears, and the whole flow without a key or the mouse."""
+
+import re
+import time
+
+from gi.repository import Atspi, GLib
+
+import case
+import hold
+from driver import Element
+
+
+class Reader(case.WindowTest):
+    def hear(self, *kinds):
+        """Keeps from now on what the program tells of these kinds; returns the list, which `told` fills."""
+        events = []
+
+        def keep(event):
+            if event.source.get_process_id() == self.program.process.pid:
+                events.append((event.type, event.detail1, Element(event.source, self.program)))
+
+        self.listener = Atspi.EventListener.new(keep)
+        for kind in kinds:
+            self.listener.register(kind)
+            self.addCleanup(self.listener.deregister, kind)
+        return events
+
+    def told(self, condition, what):
+        """Waits until the events that have come meet the condition."""
+
+        def met():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return condition()
+
+        return self.program.waitFor(met, what)
+
+    def shown(self):
+        """Role and name of all that shows, in the order of the tree, but for the rows and the log's lines."""
+        everything = Element(self.program.tree, self.program).walk()
+        return [(each.role, each.name) for each, _ in everything if each.showing and each.role != "list item"]
+
+    def assertUsable(self):
+        """Whatever a person can use says what it is, that it can be used, and how."""
+        for role in ("button", "text", "list", "split pane"):
+            for element in self.program.elements(role):
+                self.assertNotEqual(element.name, "", role)
+                self.assertTrue(all(map(element.has, ("enabled", "sensitive", "focusable"))), element.name)
+        for button in self.program.elements("button"):
+            self.assertIn("Press", button.actions(), button.name)
+        for field in self.program.elements("text"):
+            self.assertTrue(field.has("editable"), field.name)
+
+    def pressIn(self, window, name):
+        """Presses the button of that name in the window; returns at once, whatever it opens."""
+        start = time.monotonic()
+        next(each for each in window.descendants() if (each.role, each.name) == ("button", name)).press()
+        self.assertLess(time.monotonic() - start, 2)
+
+    def chooseByPresses(self, folder, button="Select Folder"):
+        self.pressIn(self.program.find("frame"), button)
+        panel = self.program.find("dialog", "Select the folder containing your MPC projects")
+        field = next(each for each in panel.descendants() if each.role == "text")
+        self.program.waitFor(lambda: field.has("focused"), "the focus on the panel's field")
+        field.setText(str(folder))
+        self.program.waitFor(lambda: field.text == str(folder), "the folder's path")
+        self.pressIn(panel, "Select Folder")
+        self.program.waitUntilGone("dialog")
+
+    header = [("frame", "Tarvolt"), ("label", "Tarvolt")]
+
+    def testSpeaksOfEverythingButDecoration(self):
+        self.assertEqual(
+            self.shown(),
+            self.header
+            + [
+                ("label", "Select Your MPC Projects Folder"),
+                ("label", "Choose the folder that contains your .xpj files\nand their _[ProjectData] folders"),
+                ("button", "Select Folder"),
+                ("label", "Everything runs locally. No files are uploaded anywhere."),
+            ],
+        )
+        self.assertUsable()
+        self.chooseByPresses(self.folder)
+        self.scans(1)
+        window = self.header + [
+            ("label", str(self.folder)),
+            ("label", "8 projects"),
+            ("button", "Rescan"),
+            ("button", "Change Folder"),
+            ("text", "Search projects..."),
+            ("list", "Projects"),
+            *(("button", f"Rename {name}") for name in case.names),
+            ("split pane", "Width of the log"),
+            ("label", "ACTIVITY LOG"),
+            ("list", "ACTIVITY LOG"),
+        ]
+        self.assertEqual(self.shown(), window)
+        self.assertUsable()
+        sentences = [row.name for row in self.program.elements("list item")]
+        self.assertIn("Cold Storage, 212 files, 1.07 GB", sentences)
+        self.assertRegex(sentences[4], "^Sketch 014, 0 files, [0-9]+ KB, No data folder$")
+        self.assertRegex(sentences[8], r"^Scan complete: 8 project\(s\), [0-9]+:[0-9]{2}:[0-9]{2} [AP]M$")
+        self.assertEqual(len(sentences), 10)
+
+        self.program.find("button", "Rename Sketch 014").press()
+        self.sheetField("Sketch 014").setText("Blue Hour")
+        # The toolkit puts a layer of its own around the sheet.
+        sheet = [
+            ("dialog", ""),
+            ("dialog", "Rename Project"),
+            ("label", "Rename Project"),
+            ("label", "Current: Sketch 014"),
+            ("text", "New name"),
+            ("label", "PREVIEW"),
+            ("label", "Sketch 014.xpj"),
+            ("label", "Blue Hour.xpj"),
+            ("label", "+ Updates file paths inside .xpj"),
+            ("button", "Cancel"),
+            ("button", "Rename"),
+        ]
+        self.program.find("label", "PREVIEW")
+        self.assertEqual(self.shown(), window + sheet)
+        self.assertUsable()
+
+    def testHearsOfAFailureAndOfTheEndOfARename(self):
+        self.chooseByPresses(self.folder)
+        self.scans(1)
+        self.program.find("text", "Search projects...").setText("sketch")
+        self.program.waitFor(lambda: self.rows() == ["Sketch 014"], "one row")
+        focus = "object:state-changed:focused"
+        events = self.hear(focus)
+        self.program.find("button", "Rename Sketch 014").press()
+        field = self.sheetField("Sketch 014")
+        self.told(lambda: (focus, 1, "New name") in self.named(events), "the focus on the field")
+        field.setText("Blue Hour")
+        self.program.find("button", "Rename").press()
+        self.told(lambda: (focus, 1, "OK") in self.named(events), "the focus on the alert's button")
+        button = next(element for _, _, element in events if element.name == "OK")
+        alert = button.parent()
+        self.assertEqual((alert.role, alert.name), ("alert", "Rename Failed"))
+        self.assertEqual(alert.description, 'A project named "Blue Hour" already exists.')
+        self.program.find("label", 'A project named "Blue Hour" already exists.')
+
+        events.clear()
+        button.press()
+        self.program.waitUntilGone("alert")
+        self.told(lambda: (focus, 1, "New name") in self.named(events), "the focus on the field again")
+        field = self.sheetField("Blue Hour")
+        field.setText("Sketch 015")
+        self.program.waitFor(lambda: field.text == "Sketch 015", "the new name")
+        self.program.find("button", "Rename").press()
+        self.told(lambda: (focus, 1, "Rename Sketch 015") in self.named(events), "the focus on the renamed row")
+        self.logged('Renamed "Sketch 014" → "Sketch 015"')
+        self.assertTrue((self.folder / "Sketch 015.xpj").is_file())
+
+    def named(self, events):
+        return [(kind, detail, element.name) for kind, detail, element in events]
+
+    def testCancelsAndRefusesPressesOfWhatIsBehindOrHasNothingToDo(self):
+        before = self.disk()
+        self.chooseByPresses(self.folder)
+        self.scans(1)
+        self.program.find("button", "Rename Blue Hour").press()
+        self.sheetField("Blue Hour")
+        for name in ("Rename", "Rename Cold Storage", "Rescan", "Change Folder"):
+            self.program.find("button", name).press()
+        self.program.find("button", "Cancel").press()
+        self.program.waitUntilGone("button", "Cancel")
+        self.assertEqual(self.program.elements("dialog"), [])
+        self.program.find("button", "Rescan").press()
+        self.scans(2)
+        self.assertEqual(len(self.program.elements("list item", re.compile("^Scan complete"))), 2)
+        self.assertEqual(self.disk(), before)
+
+
+class ReaderDuringAScan(Reader):
+    before = hold.before
+
+    def testHasAnIndicatorAndNoSecondScan(self):
+        held = hold.Hold(self.folder, "listing")
+        self.chooseByPresses(self.folder)
+        self.program.waitFor(held.reached, "the held listing")
+        self.program.find("progress bar", "Scanning...")
+        self.program.find("label", "No activity yet")
+        self.program.find("label", "0 projects")
+        self.program.find("button", "Rescan").press()
+        held.release()
+        self.program.waitFor(lambda: self.rows() == case.names, "the projects")
+        self.program.waitUntilGone("progress bar")
+        self.scans(1)
+        self.program.find("button", "Rescan").press()
+        self.scans(2)
+        self.assertEqual(len(self.program.elements("list item", re.compile("^Found "))), 2)
+
+
+if __name__ == "__main__":
+    case.main()
