@@ -7,7 +7,7 @@ import case
 
 class Private(case.WindowTest):
     # The desktop's folder is above the one that its programs start in.
-    before = ("strace", "-D", "-f", "-qq", "-s", "300", "-e", "trace=%network", "-o", "../network")
+    before = ("strace", "-D", "-f", "--seccomp-bpf", "-qq", "-s", "300", "-e", "trace=%network", "-o", "../network")
 
     def testTalksToTheDisplayAndTheTwoBusesAlone(self):
         self.choose(self.folder)
