@@ -28,7 +28,9 @@ class WindowTest(unittest.TestCase):
         self.program = self.start()
 
     def tearDown(self):
-        self.assertEqual(self.errors.read_text(), "", "on standard error")
+        # The toolkit's own folder panel says this when assistive technology walks its table while rows come or go.
+        ofThePanel = re.compile(r"^QAccessibleTable::child: Invalid index at: .*\n", re.MULTILINE)
+        self.assertEqual(ofThePanel.sub("", self.errors.read_text()), "", "on standard error")
 
     def enterContext(self, context):
         # unittest has this itself from Python 3.11 on, like this.
