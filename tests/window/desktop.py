@@ -1,5 +1,6 @@
 """A desktop of its own for a program: virtual display, window manager, session and accessibility bus, home folder."""
 
+import ctypes
 import os
 import re
 import shutil
@@ -10,6 +11,8 @@ import time
 from pathlib import Path
 
 from picture import Screen
+
+_libc = ctypes.CDLL(None)
 
 # What the platform's theme is told: window, base (lists and fields), text, selection.
 palettes = {
@@ -65,11 +68,18 @@ class Desktop:
         self.close()
 
     def start(self, command, **options):
-        """Starts a program on this desktop; it is ended with the desktop at the latest."""
+        """Starts a program on this desktop; it is ended with the desktop at the latest, also where this process is
+        killed."""
         options.setdefault("stdout", subprocess.DEVNULL)
         options.setdefault("stderr", subprocess.DEVNULL)
         process = subprocess.Popen(
-            command, env=self.environment, cwd=self.home, stdin=subprocess.DEVNULL, start_new_session=True, **options
+            command,
+            env=self.environment,
+            cwd=self.home,
+            stdin=subprocess.DEVNULL,
+            start_new_session=True,
+            preexec_fn=_endWithParent,
+            **options,
         )
         self.started.append(process)
         return process
@@ -164,6 +174,11 @@ class Desktop:
             return self.input("get_num_desktops").strip() != ""
         except subprocess.CalledProcessError:
             return False
+
+
+def _endWithParent():
+    parentDeathSignal = 1
+    _libc.prctl(parentDeathSignal, signal.SIGTERM)
 
 
 def waitFor(condition, what, timeout=15.0, pause=0.02):
