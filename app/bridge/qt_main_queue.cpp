@@ -1,6 +1,7 @@
 #include "app/bridge/qt_main_queue.h"
 
-#include <QMetaObject>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
 
 #include <utility>
@@ -25,7 +26,25 @@ void runAt(Clock::time_point deadline, QObject* receiver, Task task) {
 
 } // namespace
 
-QtMainQueue::QtMainQueue() : receiver_(std::make_unique<QObject>()) {}
+/// Gets one event for each task that waits. The tasks themselves go by way of the queue's own lock and not inside the
+/// events, so that what hands them from thread to thread can be checked.
+class QtMainQueue::Receiver final : public QObject {
+public:
+    explicit Receiver(QtMainQueue& queue) : queue_(queue) {}
+
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::User) {
+            return QObject::event(event);
+        }
+        queue_.runNext();
+        return true;
+    }
+
+private:
+    QtMainQueue& queue_;
+};
+
+QtMainQueue::QtMainQueue() : receiver_(std::make_unique<Receiver>(*this)) {}
 
 QtMainQueue::~QtMainQueue() = default;
 
@@ -41,16 +60,33 @@ void QtMainQueue::asyncAfter(std::chrono::milliseconds delay, Task task) {
 }
 
 void QtMainQueue::stop() {
+    // Let go after the lock: what a task holds may post on its way out.
     std::unique_ptr<QObject> receiver;
+    std::deque<Task> dropped;
     const std::lock_guard lock(mutex_);
     receiver.swap(receiver_);
+    dropped.swap(waiting_);
 }
 
 void QtMainQueue::post(Task task) {
     const std::lock_guard lock(mutex_);
     if (receiver_) {
-        QMetaObject::invokeMethod(receiver_.get(), std::move(task), Qt::QueuedConnection);
+        waiting_.push_back(std::move(task));
+        QCoreApplication::postEvent(receiver_.get(), new QEvent(QEvent::User));
     }
+}
+
+void QtMainQueue::runNext() {
+    Task task;
+    {
+        const std::lock_guard lock(mutex_);
+        if (waiting_.empty()) {
+            return;
+        }
+        task = std::move(waiting_.front());
+        waiting_.pop_front();
+    }
+    task();
 }
 
 } // namespace tarvolt

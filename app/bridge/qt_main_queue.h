@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include <deque>
 #include <memory>
 #include <mutex>
 
@@ -23,9 +24,13 @@ public:
     void stop();
 
 private:
+    class Receiver;
+
     void post(Task task);
+    void runNext();
 
     std::mutex mutex_;
+    std::deque<Task> waiting_;
     std::unique_ptr<QObject> receiver_; ///< lives on the main thread; none after `stop`
 };
 
