@@ -95,6 +95,12 @@ class WindowTest(unittest.TestCase):
             for path in self.folder.rglob("*")
         }
 
+    def assertDisk(self, expected):
+        """Compares with what disk() said or should say; the texts are too long to be shown."""
+        found = self.disk()
+        paths = found.keys() | expected.keys()
+        self.assertEqual(sorted(path for path in paths if found.get(path, 0) != expected.get(path, 0)), [])
+
 
 def main():
     unittest.main(verbosity=2)

@@ -171,7 +171,7 @@ class Reader(case.WindowTest):
         self.program.find("button", "Rescan").press()
         self.scans(2)
         self.assertEqual(len(self.program.elements("list item", re.compile("^Scan complete"))), 2)
-        self.assertEqual(self.disk(), before)
+        self.assertDisk(before)
 
 
 class ReaderDuringAScan(Reader):

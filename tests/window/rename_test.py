@@ -36,7 +36,7 @@ class Rename(case.WindowTest):
 
         self.program.waitUntilGone("button", "Cancel")
         self.logged('Renamed "Midnight Ferry" → "Übung é → 2 & so"')
-        self.assertEqual(self.disk(), self.renamed(before, "Midnight Ferry", "Übung é → 2 & so"))
+        self.assertDisk(self.renamed(before, "Midnight Ferry", "Übung é → 2 & so"))
         expected = [name for name in case.names if name != "Midnight Ferry"]
         self.program.waitFor(lambda: self.rows() == expected[:6] + ["Übung é → 2 & so"] + expected[6:], "the new name in its place")
 
@@ -69,7 +69,7 @@ class Rename(case.WindowTest):
         self.program.key("Return")
         self.program.find("label", "Rename Failed")
         self.program.find("label", 'A project named "Blue Hour" already exists.')
-        self.assertEqual(self.disk(), before)
+        self.assertDisk(before)
 
         self.program.key("Escape")
         self.program.waitUntilGone("label", "Rename Failed")
@@ -78,7 +78,7 @@ class Rename(case.WindowTest):
         self.program.type(" 2")
         self.program.key("Return")
         self.program.find("button", "Rename Blue Hour 2")
-        self.assertEqual(self.disk(), self.renamed(before, "Sketch 014", "Blue Hour 2"))
+        self.assertDisk(self.renamed(before, "Sketch 014", "Blue Hour 2"))
 
     def testChangesNothingWhenTheSheetIsCancelled(self):
         before = self.disk()
@@ -90,7 +90,7 @@ class Rename(case.WindowTest):
         self.openSheet("Warehouse Loop")
         self.program.find("button", "Cancel").click()
         self.program.waitUntilGone("button", "Cancel")
-        self.assertEqual(self.disk(), before)
+        self.assertDisk(before)
         self.assertEqual(self.rows(), case.names)
 
     def testRenamesOnceWhenReturnIsHeldOrPressedTwice(self):
