@@ -52,12 +52,11 @@ protected:
 };
 
 TEST_F(AccessibilityTest, TheFolderPickerIsReadWithoutItsDecoration) {
-    EXPECT_EQ(
-        heard(),
-        (QStringList{"Window: Tarvolt", "StaticText: Tarvolt", "StaticText: Select Your MPC Projects Folder",
-                     "StaticText: Choose the folder that contains your .xpj files\nand their "
-                     "_[ProjectData] folders",
-                     "Button: Select Folder", "StaticText: Everything runs locally. No files are uploaded anywhere."}));
+    const char* const explanation =
+        "StaticText: Choose the folder that contains your .xpj files\nand their _[ProjectData] folders";
+    EXPECT_EQ(heard(), (QStringList{"Window: Tarvolt", "StaticText: Tarvolt",
+                                    "StaticText: Select Your MPC Projects Folder", explanation, "Button: Select Folder",
+                                    "StaticText: Everything runs locally. No files are uploaded anywhere."}));
 }
 
 TEST_F(AccessibilityTest, RowsAreOneSentenceEachWithAButtonOfTheProjectsName) {
