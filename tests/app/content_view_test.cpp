@@ -272,6 +272,19 @@ TEST_F(RenameFlow, ClosesTheSheetAndMarksTheRowOnSuccess) {
                                   "/p/Other.xpj=o"}));
 }
 
+TEST_F(RenameFlow, MarksTheRowBeforeItClosesTheSheet) {
+    view->beginRename(song);
+    view->newName.set("Beat");
+    Lines changes;
+    const auto a = view->successProject.observe([&] { changes.push_back("successProject"); });
+    const auto b = view->renamingProject.observe([&] { changes.push_back("renamingProject"); });
+    const auto c = view->newName.observe([&] { changes.push_back("newName"); });
+    const auto d = view->errorMessage.observe([&] { changes.push_back("errorMessage"); });
+    const auto e = view->showError.observe([&] { changes.push_back("showError"); });
+    view->performRename(song);
+    EXPECT_EQ(changes, (Lines{"successProject", "renamingProject"}));
+}
+
 TEST_F(RenameFlow, TrimsTheNameOfBlanksButNotOfLineBreaks) {
     renameTo(" \t\u00a0Beat\n ");
     EXPECT_TRUE(disk.fileExists("/p/Beat\n.xpj"));

@@ -1,10 +1,17 @@
 #include "foundation/dispatch_queue.h"
+#include "tests/support/call_faults.h"
 
 #include <gtest/gtest.h>
 
+#include <sys/syscall.h>
+
+#include <cerrno>
 #include <chrono>
 #include <future>
+#include <memory>
+#include <system_error>
 #include <thread>
+#include <utility>
 
 namespace tarvolt {
 namespace {
@@ -47,12 +54,39 @@ TEST(BackgroundQueue, CountsATaskUntilWhatItHoldsIsLetGo) {
     const auto queue = makeBackgroundQueue();
     std::promise<void> finish;
     const int before = runningBackgroundTasks();
-    queue->async([&finish] { finish.get_future().wait(); });
+    int countWhenLetGo = 0;
+    std::shared_ptr<void> held(nullptr, [&countWhenLetGo](void*) { countWhenLetGo = runningBackgroundTasks(); });
+    queue->async([&finish, held = std::move(held)] { finish.get_future().wait(); });
     EXPECT_EQ(runningBackgroundTasks(), before + 1);
     finish.set_value();
     while (runningBackgroundTasks() != before) {
         std::this_thread::yield();
     }
+    EXPECT_EQ(countWhenLetGo, before + 1);
+}
+
+TEST(BackgroundQueue, DropsATaskForWhichThereIsNoThreadAndSaysSo) {
+    const auto queue = makeBackgroundQueue();
+    const int before = runningBackgroundTasks();
+    bool ran = false;
+    std::error_code error;
+    std::weak_ptr<int> held;
+    const auto reason = testing::withCallsAnswered({SYS_clone, SYS_clone3}, testing::refuseWith(EAGAIN), [&] {
+        const auto holding = std::make_shared<int>();
+        held = holding;
+        try {
+            queue->async([&ran, holding] { ran = true; });
+        } catch (const std::system_error& refusal) {
+            error = refusal.code();
+        }
+    });
+    if (reason) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(error, std::errc::resource_unavailable_try_again);
+    EXPECT_TRUE(held.expired());
+    EXPECT_FALSE(ran);
+    EXPECT_EQ(runningBackgroundTasks(), before);
 }
 
 } // namespace

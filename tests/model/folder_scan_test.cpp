@@ -166,6 +166,12 @@ TEST_F(FolderScan, ListsAFolderNamedLikeAProjectFile) {
     EXPECT_EQ(odd.totalSize, 0);
 }
 
+TEST_F(FolderScan, CountsAFolderNamedLikeBothAsBoth) {
+    disk.addFolder("/p/Odd_[ProjectData].xpj");
+    EXPECT_EQ(names(scan()), (Lines{"Odd_[ProjectData]"}));
+    EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 1 data folder(s)");
+}
+
 TEST_F(FolderScan, TakesALinkNamedLikeADataFolderForNone) {
     disk.addFile("/p/Song.xpj", 5);
     disk.addFolder("/elsewhere");

@@ -41,6 +41,7 @@ struct Row {
     bool scannerKept = true;
     std::function<void(FakeFileManager&)> onFake = [](FakeFileManager&) {};
     std::function<void(const TemporaryFolder&)> onDisk = [](const TemporaryFolder&) {};
+    std::string closed = {}; ///< the folder on the real disk that nobody may open while the scan runs
     Circumstances during = [](const std::function<void()>& scan) {
         scan();
         return std::optional<std::string>();
@@ -98,7 +99,7 @@ const Row rows[] = {
     {.fact = "WhenTheScannerIsGoneBeforeTheBackgroundStepNothingHappens", .scannerKept = false},
     {.fact = "AFolderThatCannotBeReadIsAnErrorLineAndThenNoProjects",
      .onFake = [](FakeFileManager& disk) { disk.fail("list", EACCES); },
-     .onDisk = [](const TemporaryFolder& folder) { ::chmod((folder / "p").c_str(), 0); },
+     .closed = "p",
      .during = asOrdinaryUser,
      .log = {none, "! Scan error: The folder \"p\" could not be read: Permission denied"},
      .traffic = {listedIt}},
@@ -138,7 +139,7 @@ const Row rows[] = {
      .projects = {"Song, no data folder, 0 entries, 5 bytes"}},
     {.fact = "AProjectWhoseDataFolderCannotBeListedIsKeptWithItsOwnSize",
      .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Song_[ProjectData]").listError = EACCES; },
-     .onDisk = [](const TemporaryFolder& folder) { ::chmod((folder / "p/Song_[ProjectData]").c_str(), 0); },
+     .closed = "p/Song_[ProjectData]",
      .during = asOrdinaryUser,
      .log = {one, foundBoth},
      .traffic = {listedIt, listedData},
@@ -198,7 +199,7 @@ class ScanFailureInMemory : public ::testing::TestWithParam<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Table, ScanFailureInMemory, ::testing::ValuesIn(rows), nameOf);
 
-TEST_P(ScanFailureInMemory, HasItsLogItsOrderOfOperationsAndItsProjects) {
+TEST_P(ScanFailureInMemory, HasItsLogItsOrderOfOperationsAndItsProjectsAndChangesNothing) {
     const auto& row = GetParam();
     const testing::Scene scene;
     scene.disk->addFolder("/");
@@ -208,26 +209,33 @@ TEST_P(ScanFailureInMemory, HasItsLogItsOrderOfOperationsAndItsProjects) {
     scene.disk->addFile("/p/Song_[ProjectData]/a.wav", 10);
     scene.disk->addFile("/p/Song_[ProjectData]/b.wav", 100);
     row.onFake(*scene.disk);
-    const auto before = static_cast<std::ptrdiff_t>(scene.disk->traffic().size());
+    const auto before = scene.disk->disk();
+    const auto callsBefore = static_cast<std::ptrdiff_t>(scene.disk->traffic().size());
 
     scan(row, scene, scene.services(), "/p");
 
     auto traffic = scene.disk->traffic();
-    traffic.erase(traffic.begin(), traffic.begin() + before);
+    traffic.erase(traffic.begin(), traffic.begin() + callsBefore);
     EXPECT_EQ(traffic, row.traffic);
+    EXPECT_EQ(scene.disk->disk(), before);
 }
 
 class ScanFailureOnDisk : public ::testing::TestWithParam<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Table, ScanFailureOnDisk, ::testing::ValuesIn(rows), nameOf);
 
-TEST_P(ScanFailureOnDisk, HasItsLogItsOrderOfOperationsAndItsProjects) {
+TEST_P(ScanFailureOnDisk, HasItsLogItsOrderOfOperationsAndItsProjectsAndChangesNothing) {
     const auto& row = GetParam();
     const TemporaryFolder folder;
     folder.write("p/Song.xpj", "12345");
     folder.write("p/Song_[ProjectData]/a.wav", std::string(10, 'x'));
     folder.write("p/Song_[ProjectData]/b.wav", std::string(100, 'x'));
     row.onDisk(folder);
+    const auto before = folder.tree();
+    const auto setMode = [&](mode_t mode) {
+        return row.closed.empty() ? 0 : ::chmod((folder / row.closed).c_str(), mode);
+    };
+    ASSERT_EQ(setMode(0), 0);
     const auto disk = std::make_shared<testing::RecordingFileManager>(makePosixFileManager());
     const testing::Scene scene;
 
@@ -236,6 +244,8 @@ TEST_P(ScanFailureOnDisk, HasItsLogItsOrderOfOperationsAndItsProjects) {
     }
 
     EXPECT_EQ(without(folder.path().native(), disk->traffic()), row.traffic);
+    ASSERT_EQ(setMode(0700), 0);
+    EXPECT_EQ(folder.tree(), before);
 }
 
 } // namespace
