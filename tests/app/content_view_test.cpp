@@ -348,9 +348,10 @@ TEST_F(RenameFlow, ShowsTheReasonAndKeepsSheetAndNameOnFailure) {
     EXPECT_EQ(view->renamingProject.get(), song);
     EXPECT_EQ(scene.mainQueue->pending(), 0U) << "no rescan, no log line";
     EXPECT_EQ(messages(*view->scanner), log);
+    changes.clear();
     view->dismissAlert();
+    EXPECT_EQ(changes, (Lines{"showError"}));
     EXPECT_FALSE(view->showError.get());
-    EXPECT_EQ(view->renamingProject.get(), song);
 }
 
 TEST_F(RenameFlow, FailsForTheCurrentNameAlsoWithABlankAfterIt) {
@@ -401,7 +402,9 @@ TEST_F(RenameFlow, ActsOnTheSameStateWhenTheViewIsLetGoBeforeTheDelaysEnd) {
     scene.mainQueue->advance(500ms);
     scene.settle();
     EXPECT_EQ(names(scanner->projects.get()), (Lines{"Beat", "Other"}));
-    scene.mainQueue->advance(1500ms);
+    scene.mainQueue->advance(1499ms);
+    EXPECT_FALSE(weak.expired());
+    scene.mainQueue->advance(1ms);
     EXPECT_TRUE(weak.expired());
 }
 

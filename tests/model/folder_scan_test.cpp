@@ -6,10 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <limits>
+#include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace tarvolt {
@@ -246,6 +250,36 @@ TEST_F(FolderScan, KeepsTheScannerFromItsBackgroundStepToItsEnd) {
     EXPECT_FALSE(weak.expired());
     scene.settle();
     EXPECT_TRUE(weak.expired());
+}
+
+/// A main thread that is quicker than the one that posts to it.
+class QuickQueue final : public DispatchQueue {
+public:
+    void async(Task task) override {
+        task();
+        task = nullptr;
+        if (afterTask) {
+            afterTask();
+        }
+    }
+    void asyncAfter(std::chrono::milliseconds, Task task) override { async(std::move(task)); }
+
+    std::function<void()> afterTask;
+};
+
+TEST_F(FolderScan, LetsTheMainThreadBeTheLastToHoldTheScanner) {
+    const auto quick = std::make_shared<QuickQueue>();
+    auto services = scene.services();
+    services.mainQueue = quick;
+    scanner = MPCScanner::create(std::move(services));
+    const std::weak_ptr<MPCScanner> weak = scanner;
+    scanner->folderURL.set("/p");
+    scanner->scan();
+    disk.onCall = [&](const std::string&) { scanner.reset(); };
+    bool ended = false;
+    quick->afterTask = [&] { ended = weak.expired(); };
+    scene.background->drain();
+    EXPECT_TRUE(ended);
 }
 
 /// A queue for which the system has no thread left.

@@ -72,6 +72,14 @@ TEST_F(Meddling, KeepsAnOldFileThatWasSavedAgainAfterItWasRead) {
                                          "/p/Song.xpj=saved again"));
 }
 
+TEST_F(Meddling, KeepsAnOldFileThatWasSavedWhileItWasRead) {
+    // It cannot be told which of the two was read, so both are kept.
+    EXPECT_EQ(rename("read", [&] { disk.addFile("/p/Song.xpj", "saved again"); }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(disk.disk(),
+                ElementsAre("/p/", "/p/Beat.xpj=saved again", "/p/Beat_[ProjectData]/", "/p/Song.xpj=saved again"));
+}
+
 TEST_F(Meddling, KeepsAnotherFileThatTakesTheOldOnesNameAtTheLastMoment) {
     EXPECT_EQ(rename("remove", [&] { disk.addFile("/p/Song.xpj", "foreign"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");

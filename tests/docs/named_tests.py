@@ -1,0 +1,33 @@
+"""That docs/window.md names only tests that there are.
+
+    named_tests.py ROOT      fails and prints what it names in vain
+
+In the last column of its tables, … stands for any number of letters, and a name that begins with it belongs to the
+suite that is named before it.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+root = Path(sys.argv[1])
+
+
+def namesIn(files, pattern, written):
+    texts = (path.read_text(encoding="utf-8") for path in sorted((root / "tests").rglob(files)))
+    return {written(match) for text in texts for match in re.finditer(pattern, text)}
+
+
+there = namesIn("*.cpp", r"\bTEST(?:_F|_P)?\((\w+),\s*(\w+)\)", lambda match: f"{match[1]}.{match[2]}")
+there |= namesIn("*_test.py", r"\bdef test(\w+)", lambda match: f"window.Class.{match[1]}")
+there |= namesIn("*.cmake", r"\bNAME (texts\.\w+)", lambda match: match[1])
+
+named = []
+for line in (root / "docs/window.md").read_text(encoding="utf-8").splitlines():
+    for name in re.findall("`([^`]+)`", line.split("|")[-2]) if line.startswith("|") else ():
+        named.append(named[-1].split(".")[0] + "." + name[1:] if name.startswith("…") else name)
+
+patterns = {name: re.escape(name).replace("…", r"[\w.]*") for name in named}
+inVain = [name for name in named if not any(re.fullmatch(patterns[name], test) for test in there)]
+print(*inVain, f"{len(named)} tests named, {len(inVain)} of them not there", sep="\n")
+sys.exit(1 if inVain or not named else 0)
