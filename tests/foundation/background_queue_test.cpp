@@ -18,6 +18,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// A task goes on for a moment after what a test waits for, also one of the test before.
+void waitUntilNoTaskRuns() {
+    while (runningBackgroundTasks() != 0) {
+        std::this_thread::yield();
+    }
+}
+
 TEST(BackgroundQueue, RunsATaskOnAnotherThread) {
     const auto queue = makeBackgroundQueue();
     std::promise<std::thread::id> ran;
@@ -53,21 +60,19 @@ TEST(BackgroundQueue, IsNeverEarlyWithADelayedTask) {
 TEST(BackgroundQueue, CountsATaskUntilWhatItHoldsIsLetGo) {
     const auto queue = makeBackgroundQueue();
     std::promise<void> finish;
-    const int before = runningBackgroundTasks();
+    waitUntilNoTaskRuns();
     int countWhenLetGo = 0;
     std::shared_ptr<void> held(nullptr, [&countWhenLetGo](void*) { countWhenLetGo = runningBackgroundTasks(); });
     queue->async([&finish, held = std::move(held)] { finish.get_future().wait(); });
-    EXPECT_EQ(runningBackgroundTasks(), before + 1);
+    EXPECT_EQ(runningBackgroundTasks(), 1);
     finish.set_value();
-    while (runningBackgroundTasks() != before) {
-        std::this_thread::yield();
-    }
-    EXPECT_EQ(countWhenLetGo, before + 1);
+    waitUntilNoTaskRuns();
+    EXPECT_EQ(countWhenLetGo, 1);
 }
 
 TEST(BackgroundQueue, DropsATaskForWhichThereIsNoThreadAndSaysSo) {
     const auto queue = makeBackgroundQueue();
-    const int before = runningBackgroundTasks();
+    waitUntilNoTaskRuns();
     bool ran = false;
     std::error_code error;
     std::weak_ptr<int> held;
@@ -86,7 +91,7 @@ TEST(BackgroundQueue, DropsATaskForWhichThereIsNoThreadAndSaysSo) {
     EXPECT_EQ(error, std::errc::resource_unavailable_try_again);
     EXPECT_TRUE(held.expired());
     EXPECT_FALSE(ran);
-    EXPECT_EQ(runningBackgroundTasks(), before);
+    EXPECT_EQ(runningBackgroundTasks(), 0);
 }
 
 } // namespace
