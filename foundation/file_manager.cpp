@@ -8,7 +8,7 @@ namespace tarvolt {
 
 std::filesystem::path appending(const std::filesystem::path& folder, std::string_view component) {
     std::string bytes = folder.native();
-    if (bytes.empty() || bytes.back() != '/') {
+    if (!bytes.empty() && bytes.back() != '/') {
         bytes += '/';
     }
     return bytes.append(component);

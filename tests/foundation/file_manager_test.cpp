@@ -14,6 +14,10 @@ TEST(Appending, PutsOneStopBetweenFolderAndName) {
     EXPECT_EQ(appending("/", "Song.xpj"), "/Song.xpj");
 }
 
+TEST(Appending, LeadsNoNameFromNowhereToTheRoot) {
+    EXPECT_EQ(appending("", "Song.xpj"), "Song.xpj");
+}
+
 TEST(Appending, KeepsTheBytesOfTheName) {
     for (const std::string& name : {std::string(".."), std::string("caf\xe9"), std::string("Be\0at", 5)}) {
         EXPECT_EQ(appending("/p", name).native(), "/p/" + name);
