@@ -20,7 +20,6 @@ class Descriptor {
 public:
     Descriptor() = default;
     explicit Descriptor(int number) : number_(number) {}
-    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     Descriptor& operator=(Descriptor&& other) noexcept {
         std::swap(number_, other.number_);
         return *this;

@@ -122,6 +122,13 @@ TEST(ThemeColoursTest, CanBeReadInLightDarkSoftAndMidGreyPalettes) {
     expectReadable({Colour{0x2A, 0x2E, 0x32}, Colour{0x1B, 0x1E, 0x20}, Colour{0xFC, 0xFC, 0xFC}}, "bluish dark");
 }
 
+TEST(ThemeColoursTest, EndTheirSearchForAnInkWhereNoneCanBeRead) {
+    // A dark palette, whose ink is moved towards white, with fields so bright that white cannot be told from them.
+    const ThemeColours theme = makeThemeColours({grey(0), grey(0xA0), grey(0xFF)});
+    EXPECT_TRUE(theme.dark);
+    EXPECT_LT(contrastRatio(theme.fieldBorder, theme.base), 3);
+}
+
 TEST(ThemeColoursTest, MeasureContrastAsUsual) {
     EXPECT_DOUBLE_EQ(contrastRatio(grey(0), grey(255)), 21);
     EXPECT_DOUBLE_EQ(contrastRatio(grey(255), grey(0)), 21);

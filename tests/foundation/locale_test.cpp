@@ -98,7 +98,7 @@ TEST(UserLocale, TakesALanguageAloneAndAnyCase) {
 
 TEST(UserLocale, TakesWhatIsNoLocalesNameForNone) {
     for (const char* name : {"en_US_POSIX", "turkish", "/usr/share/locale/x", "x", "en-US", "d3_DE", "de_D", "de_1A3",
-                             ".UTF-8", "_DE", "@latin", " de"}) {
+                             ".UTF-8", "_DE", "@latin", " de", "d{", "d[", "de_D1", "de_-11"}) {
         EXPECT_EQ(searchLocale(name), "") << name;
         EXPECT_EQ(localeFrom({{"LANG", name}}).time, "en_US") << name;
     }

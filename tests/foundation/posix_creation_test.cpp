@@ -443,6 +443,81 @@ TEST(PosixCreationByName, KnowsTheFileByItsNameWhereAFileSystemNumbersNamesInste
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
+TEST(PosixCreationByName, TakesTheFileForAnotherWhenAnythingElseOfItDiffersToo) {
+    using Change = void (*)(struct stat&);
+    const Change changes[] = {
+        [](struct stat& named) { ++named.st_dev; },
+        [](struct stat& named) { ++named.st_size; },
+        [](struct stat& named) { ++named.st_mtim.tv_sec; },
+        [](struct stat& named) { ++named.st_mtim.tv_nsec; },
+    };
+    const TemporaryFolder folder;
+    const auto disk = makePosixFileManager();
+    for (const Change change : changes) {
+        const auto path = folder / ("New " + std::to_string(folder.tree().size()) + ".xpj");
+        const auto another = [&](const SystemCall& call) -> std::optional<long> {
+            const long result =
+                ::syscall(SYS_newfstatat, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3]);
+            if (result == 0 && !call.text(1).empty()) {
+                auto& named = *reinterpret_cast<struct stat*>(call.arguments[2]); // NOLINT(performance-no-int-to-ptr)
+                ++named.st_ino;
+                change(named);
+            }
+            return result == 0 ? result : -errno;
+        };
+        std::optional<FileIdentity> created;
+        if (const auto reason = testing::withCallsAnswered({SYS_newfstatat}, another,
+                                                           [&] { created = disk->createFile(path, "text"); })) {
+            GTEST_SKIP() << *reason;
+        }
+        EXPECT_EQ(created, disk->state(path)->identity) << path;
+    }
+}
+
+TEST(PosixCreationByName, KnowsTheFileAlsoWhereItCannotBeLookedAtByItsName) {
+    const TemporaryFolder folder;
+    const auto disk = makePosixFileManager();
+    const auto blind = [](const SystemCall& call) {
+        return call.text(1).empty() ? std::nullopt : std::optional<long>(-EIO);
+    };
+    std::optional<FileIdentity> created;
+    if (const auto reason = testing::withCallsAnswered(
+            {SYS_newfstatat}, blind, [&] { created = disk->createFile(folder / "New.xpj", "text"); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(created, disk->state(folder / "New.xpj")->identity);
+}
+
+TEST(PosixCreationByName, FailsAndLeavesNothingWhenTheWrittenFileCannotBeHeldOrLookedAt) {
+    const TemporaryFolder folder;
+    const auto disk = makePosixFileManager();
+    const auto failing = [](const SystemCall& call) {
+        const bool isOfTheFile = call.number == SYS_fcntl || call.text(1).empty();
+        return isOfTheFile ? std::optional<long>(-EMFILE) : std::nullopt;
+    };
+    for (const int call : {SYS_fcntl, SYS_newfstatat}) {
+        if (const auto reason = testing::withCallsAnswered(
+                {call}, failing, [&] { EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text")); })) {
+            GTEST_SKIP() << *reason;
+        }
+        EXPECT_THAT(folder.tree(), IsEmpty()) << call;
+    }
+}
+
+TEST(PosixCreationByName, LosesNothingWhenASignalBreaksTheClosingOff) {
+    const TemporaryFolder folder;
+    const auto disk = makePosixFileManager();
+    const auto interrupted = [](const SystemCall& call) -> std::optional<long> {
+        ::syscall(SYS_close, call.arguments[0]);
+        return -EINTR;
+    };
+    if (const auto reason = testing::withCallsAnswered(
+            {SYS_close}, interrupted, [&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
+}
+
 TEST(PosixCreationByName, TriesOnceMoreToRemoveTheHiddenName) {
     const TemporaryFolder folder;
     int removals = 0;
@@ -484,6 +559,15 @@ TEST_F(PosixCreationFails, UnderANameWithANulByteInsteadOfCuttingIt) {
 TEST_F(PosixCreationFails, UnderNoNameAtAll) {
     EXPECT_FALSE(disk->createFile(folder / "", "text"));
     EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST_F(PosixCreationFails, NotUnderANameInTheCurrentFolder) {
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    const auto created = disk->createFile("New.xpj", "text");
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(created);
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
 }
 
 TEST_F(PosixCreationFails, InAFolderThatMustNotBeWritten) {

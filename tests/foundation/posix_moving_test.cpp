@@ -176,6 +176,18 @@ TEST_F(PosixMovingCalls, AreTakenForDoneWhenOnlyTheirAnswerIsLost) {
     EXPECT_THAT(folder.tree(), ElementsAre("to=1"));
 }
 
+TEST_F(PosixMovingCalls, FallBackForEachErrorThatMeansTheFlagIsUnknown) {
+    for (const int error : {EINVAL, ENOSYS, EOPNOTSUPP}) {
+        const auto from = folder.write("from", "1");
+        const auto to = folder / std::to_string(error);
+        if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, testing::refuseWith(error),
+                                                           [&] { EXPECT_NO_THROW(disk->moveItem(from, to)); })) {
+            GTEST_SKIP() << *reason;
+        }
+        EXPECT_EQ(testing::readFile(to), "1") << error;
+    }
+}
+
 TEST_F(PosixMovingCalls, DoNotFallBackWhenTheMoveFailsForAnotherReason) {
     folder.write("from", "1");
     int error = 0;

@@ -1,14 +1,19 @@
 #include "foundation/uuid.h"
+#include "tests/support/call_faults.h"
 
 #include <gtest/gtest.h>
 
+#include <sys/syscall.h>
+
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstddef>
 #include <functional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <unordered_set>
 
 namespace tarvolt {
@@ -58,6 +63,26 @@ TEST(UUID, IsRandomInEveryBitButSix) {
     for (std::size_t index = 0; index < everSet.size(); ++index) {
         const int fixed = index == 6 ? 0xF0 : index == 8 ? 0xC0 : 0;
         EXPECT_EQ(everSet[index] & everClear[index], 0xFF & ~fixed) << index;
+    }
+}
+
+TEST(UUID, IsAskedForAgainWhenASignalBreaksTheWaitOff) {
+    int calls = 0;
+    const auto interrupting = [&](const testing::SystemCall&) {
+        return ++calls < 3 ? std::optional<long>(-EINTR) : std::nullopt;
+    };
+    UUID id;
+    if (const auto reason = testing::withCallsAnswered({SYS_getrandom}, interrupting, [&] { id = UUID::random(); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(calls, 3);
+    EXPECT_NE(id, UUID());
+}
+
+TEST(UUID, IsRefusedWhereThereIsNothingRandom) {
+    if (const auto reason = testing::withCallsAnswered({SYS_getrandom}, testing::refuseWith(ENOSYS),
+                                                       [] { EXPECT_THROW(UUID::random(), std::system_error); })) {
+        GTEST_SKIP() << *reason;
     }
 }
 

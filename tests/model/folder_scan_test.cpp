@@ -1,9 +1,12 @@
 #include "model/folder_scan.h"
 
 #include "model/mpc_scanner.h"
+#include "tests/support/call_faults.h"
 #include "tests/support/scene.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/syscall.h>
 
 #include <cerrno>
 #include <chrono>
@@ -299,22 +302,48 @@ TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoThreadForIt) {
               (Lines{"Scan complete: 0 project(s)", "! Scan error: Resource temporarily unavailable"}));
 }
 
-TEST_F(FolderScan, MeasuresManyProjectsOnSeveralThreadsAsOnOne) {
-    constexpr int many = 300;
-    for (int i = 0; i < many; ++i) {
-        const auto name = "/p/" + std::to_string(1000 + i);
-        disk.addFile(name + ".xpj", i);
-        disk.addFolder(name + "_[ProjectData]");
-        disk.addFile(name + "_[ProjectData]/a.wav", std::int64_t{1000} * i);
+class FolderScanOfMany : public FolderScan {
+protected:
+    FolderScanOfMany() {
+        for (int i = 0; i < many; ++i) {
+            const auto name = "/p/" + std::to_string(1000 + i);
+            disk.addFile(name + ".xpj", i);
+            disk.addFolder(name + "_[ProjectData]");
+            disk.addFile(name + "_[ProjectData]/a.wav", std::int64_t{1000} * i);
+        }
     }
-    const auto& projects = scan();
-    ASSERT_EQ(projects.size(), static_cast<std::size_t>(many));
-    for (int i = 0; i < many; ++i) {
-        const auto& project = projects[static_cast<std::size_t>(i)];
-        EXPECT_EQ(project.baseName, std::to_string(1000 + i));
-        EXPECT_EQ(project.fileCount, 1);
-        EXPECT_EQ(project.totalSize, 1001 * i);
+
+    static void expectAll(const std::vector<MPCProject>& projects) {
+        ASSERT_EQ(projects.size(), static_cast<std::size_t>(many));
+        for (int i = 0; i < many; ++i) {
+            const auto& project = projects[static_cast<std::size_t>(i)];
+            EXPECT_EQ(project.baseName, std::to_string(1000 + i));
+            EXPECT_EQ(project.fileCount, 1);
+            EXPECT_EQ(project.totalSize, 1001 * i);
+        }
     }
+
+    static constexpr int many = 300;
+};
+
+TEST_F(FolderScanOfMany, MeasuresOnSeveralThreadsAsOnOne) {
+    expectAll(scan());
+}
+
+TEST_F(FolderScanOfMany, MeasuresAllOnOneThreadWhereThereAreNoMore) {
+    if (const auto reason = testing::withCallsAnswered({SYS_clone3, SYS_clone}, testing::refuseWith(EAGAIN),
+                                                       [&] { expectAll(scan()); })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
+TEST_F(FolderScan, NamesAFolderWithoutANameOfItsOwnByItsPath) {
+    disk.fail("list", EIO);
+    scanner->folderURL.set("/");
+    scanner->scan();
+    scene.settle();
+    EXPECT_EQ(testing::messages(*scanner).back(),
+              "! Scan error: The folder \"/\" could not be read: Input/output error");
 }
 
 using FolderScanDeathTest = FolderScan;

@@ -1,5 +1,6 @@
 #include "rename/rename_error.h"
 #include "tests/support/renaming.h"
+#include "tests/support/sanitizers.h"
 #include "tests/support/scene.h"
 
 #include <gmock/gmock.h>
@@ -178,6 +179,21 @@ TEST_F(ProjectRename, CannotEncodeALoneSurrogateAlsoWhereTheTextHasNoReference) 
     EXPECT_EQ(rename("Beat\xed\xb0\x80"), "Failed to write file: Could not encode updated XML");
     EXPECT_EQ(scene.disk->disk(), before);
 }
+
+#if !TARVOLT_UNDER_SANITIZER
+TEST_F(ProjectRename, CannotEncodeWhatNoMemoryCanHold) {
+    // Three million references to a name of 64 MB would be more than a process can address.
+    std::string text;
+    for (int i = 0; i < 3'000'000; ++i) {
+        text += "S_[ProjectData]";
+    }
+    scene.disk->addFile("/p/S.xpj", text);
+    const auto before = scene.disk->disk();
+    EXPECT_EQ(errorOfRename(*scanner, projectIn("/p", "S"), std::string(64U << 20U, 'n')),
+              "Failed to write file: Could not encode updated XML");
+    EXPECT_TRUE(scene.disk->disk() == before);
+}
+#endif
 
 TEST_F(ProjectRename, FailsToReadBeforeItFailsToEncode) {
     scene.disk->fail("read", EIO);

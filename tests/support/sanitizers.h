@@ -1,0 +1,14 @@
+#pragma once
+
+// TARVOLT_UNDER_SANITIZER is 1 where the tests run under a sanitizer that looks after memory or threads, else 0. An
+// allocation that no memory can hold ends the process there instead of throwing.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define TARVOLT_UNDER_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define TARVOLT_UNDER_SANITIZER 1
+#endif
+#endif
+#ifndef TARVOLT_UNDER_SANITIZER
+#define TARVOLT_UNDER_SANITIZER 0
+#endif
