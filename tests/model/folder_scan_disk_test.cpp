@@ -134,20 +134,23 @@ TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatBecomesALinkAfterTheListing)
     EXPECT_EQ(measureProjects(*files, folder.path(), listing, UUID::random).front().totalSize, 1);
 }
 
-TEST_F(FolderScanOnDisk, ListsAHundredThousandEntries) {
+TEST_F(FolderScanOnDisk, ListsAHundredThousandEntriesBesideAndInADataFolder) {
     constexpr int entries = 100000;
     fs::create_directory(folder / "Big_[ProjectData]");
     folder.write("Big.xpj", "x");
-    folder.write("even", "12345");
-    folder.write("odd", "12345");
-    for (int i = 0; i < entries; ++i) {
-        // Names of few files are quicker to make than as many files; a file takes some 65,000 names.
-        fs::create_hard_link(folder / (i % 2 == 0 ? "even" : "odd"),
-                             folder / ("Big_[ProjectData]/" + std::to_string(i)));
+    for (const char* at : {"", "Big_[ProjectData]/"}) {
+        folder.write("even", "12345");
+        folder.write("odd", "12345");
+        for (int i = 0; i < entries; ++i) {
+            // Names of few files are quicker to make than as many files; a file takes some 65,000 names.
+            fs::create_hard_link(folder / (i % 2 == 0 ? "even" : "odd"), folder / (at + std::to_string(i)));
+        }
+        fs::remove(folder / "even");
+        fs::remove(folder / "odd");
     }
-    const auto& big = scan().front();
-    EXPECT_EQ(big.fileCount, entries);
-    EXPECT_EQ(big.totalSize, 1 + 5 * static_cast<std::int64_t>(entries));
+    ASSERT_EQ(scan().size(), 1U);
+    EXPECT_EQ(scanner->projects.get().front().fileCount, entries);
+    EXPECT_EQ(scanner->projects.get().front().totalSize, 1 + 5 * static_cast<std::int64_t>(entries));
 }
 
 TEST_F(FolderScanOnDisk, EndsWhileEntriesComeGoAndGrow) {
