@@ -2,12 +2,15 @@
 #include "tests/support/random_text.h"
 #include "tests/support/reference_table.h"
 #include "tests/support/slow_text.h"
+#include "tests/support/utf8_of.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <string>
 #include <string_view>
+
+#include <unicode/uchar.h>
 
 namespace tarvolt {
 namespace {
@@ -115,6 +118,30 @@ TEST(LocalizedCaseInsensitiveContains, SearchesNamesThatAreNotUtf8AsTheyAreShown
     EXPECT_TRUE(contains("Caf\xE9 Song", "song"));
     EXPECT_TRUE(contains("Caf\xE9 Song", "\uFFFD s"));
     EXPECT_FALSE(contains("Caf\xE9 Song", "caf\u00e9"));
+}
+
+class EveryCodePoint : public ::testing::TestWithParam<bool> {};
+
+INSTANTIATE_TEST_SUITE_P(Of, EveryCodePoint, ::testing::Values(false, true),
+                         [](const auto& test) { return test.param ? "Turkish" : "English"; });
+
+TEST_P(EveryCodePoint, IsFoundAsByAnObviousSearch) {
+    const bool turkic = GetParam();
+    int found = 0;
+    for (char32_t character = 0; character <= 0x10FFFF; ++character) {
+        if (character == 0xD800) {
+            character = 0xE000; // surrogates have no well-formed bytes
+        }
+        const auto code = static_cast<UChar32>(character);
+        const UChar32 other = u_tolower(code) != code ? u_tolower(code) : u_toupper(code);
+        const std::string text = "a" + testing::utf8Of(character) + "b";
+        const std::string search = testing::utf8Of(static_cast<char32_t>(other));
+        const bool expected = testing::slowContains(text, search, turkic);
+        ASSERT_EQ(contains(text, search, turkic ? "tr_TR" : "en_US"), expected)
+            << std::hex << static_cast<unsigned>(character);
+        found += expected ? 1 : 0;
+    }
+    EXPECT_GT(found, 1'000'000);
 }
 
 TEST(LocalizedCaseInsensitiveContains, AnswersAsAnObviousSearchForRandomTexts) {

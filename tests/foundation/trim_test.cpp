@@ -1,16 +1,46 @@
 #include "foundation/text.h"
+#include "tests/support/random_text.h"
 #include "tests/support/reference_table.h"
+#include "tests/support/slow_text.h"
 #include "tests/support/utf8_of.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <random>
 #include <set>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tarvolt {
 namespace {
 
 using namespace std::string_literals;
+
+std::set<char32_t> whitespaceCharacters() {
+    std::set<char32_t> characters;
+    for (const testing::ReferenceRow& row : testing::readReferenceTable("whitespace.tsv", 18, 1)) {
+        characters.insert(static_cast<char32_t>(std::stoul(row.line, nullptr, 16)));
+    }
+    return characters;
+}
+
+/// A well-formed text trimmed in the most obvious way.
+std::string slowTrim(std::string_view text, const std::set<char32_t>& whitespace) {
+    std::vector<char32_t> characters = testing::slowDecode(text);
+    while (!characters.empty() && whitespace.contains(characters.front())) {
+        characters.erase(characters.begin());
+    }
+    while (!characters.empty() && whitespace.contains(characters.back())) {
+        characters.pop_back();
+    }
+    std::string trimmed;
+    for (const char32_t character : characters) {
+        trimmed += testing::utf8Of(character);
+    }
+    return trimmed;
+}
 
 TEST(TrimWhitespace, AnswersAsTheReferenceTable) {
     for (const testing::ReferenceRow& row : testing::readReferenceTable("trim.tsv", 16, 2)) {
@@ -19,10 +49,7 @@ TEST(TrimWhitespace, AnswersAsTheReferenceTable) {
 }
 
 TEST(TrimWhitespace, TakesAwayTheEighteenWhitespaceCharactersAndNoOther) {
-    std::set<char32_t> whitespace;
-    for (const testing::ReferenceRow& row : testing::readReferenceTable("whitespace.tsv", 18, 1)) {
-        whitespace.insert(static_cast<char32_t>(std::stoul(row.line, nullptr, 16)));
-    }
+    const std::set<char32_t> whitespace = whitespaceCharacters();
     ASSERT_EQ(whitespace.size(), 18U);
     for (char32_t character = 0; character <= 0x10FFFF; ++character) {
         const std::string text = testing::utf8Of(character);
@@ -31,6 +58,20 @@ TEST(TrimWhitespace, TakesAwayTheEighteenWhitespaceCharactersAndNoOther) {
         ASSERT_EQ(trimWhitespace(surrounded), whitespace.contains(character) ? name : surrounded)
             << std::hex << std::uint32_t{character};
         ASSERT_EQ(trimWhitespace(text).empty(), whitespace.contains(character)) << std::hex << std::uint32_t{character};
+    }
+}
+
+TEST(TrimWhitespace, AnswersAsAnObviousTrimForRandomTexts) {
+    // What is trimmed, what looks like it and is not, and characters whose bytes begin or end as those of blanks do.
+    constexpr std::array<std::string_view, 24> pieces{
+        " ",      "\t",     "\u00a0", "\u1680", "\u2000", "\u2007", "\u200a",     "\u202f",
+        "\u205f", "\u3000", "\n",     "\r",     "\u0085", "\u2028", "\u200b",     "\u180e",
+        "\ufeff", "\u3001", "\u20a0", "\u00e0", "a",      "\u0301", "\U00012000", "\U0001F3B5"};
+    const std::set<char32_t> whitespace = whitespaceCharacters();
+    std::mt19937 random(7);
+    for (int round = 0; round < 100000; ++round) {
+        const std::string text = testing::randomText(random, pieces, 6);
+        ASSERT_EQ(trimWhitespace(text), slowTrim(text, whitespace)) << text;
     }
 }
 

@@ -1,10 +1,15 @@
 #include "rename/name_validation.h"
+#include "tests/support/random_text.h"
+#include "tests/support/slow_text.h"
+#include "tests/support/utf8_of.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <random>
 #include <string>
+#include <string_view>
 
 namespace tarvolt {
 namespace {
@@ -23,23 +28,20 @@ std::string refusal(std::string_view name) {
     return error->payload();
 }
 
-std::string utf8(char32_t code) {
-    const auto byte = [](char32_t bits) { return static_cast<char>(bits); };
-    if (code < 0x80) {
-        return {byte(code)};
-    }
-    if (code < 0x800) {
-        return {byte(0xC0 | code >> 6), byte(0x80 | (code & 0x3F))};
-    }
-    if (code < 0x10000) {
-        return {byte(0xE0 | code >> 12), byte(0x80 | (code >> 6 & 0x3F)), byte(0x80 | (code & 0x3F))};
-    }
-    return {byte(0xF0 | code >> 18), byte(0x80 | (code >> 12 & 0x3F)), byte(0x80 | (code >> 6 & 0x3F)),
-            byte(0x80 | (code & 0x3F))};
-}
-
 constexpr std::array<char32_t, 18> whiteSpace{0x9,    0x20,   0xA0,   0x1680, 0x2000, 0x2001, 0x2002, 0x2003, 0x2004,
                                               0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A, 0x202F, 0x205F, 0x3000};
+
+/// The refusal of a well-formed name, found in the most obvious way.
+std::string slowRefusal(std::string_view name) {
+    bool isBlank = true;
+    for (const char32_t character : testing::slowDecode(name)) {
+        if (std::u32string_view(U"/<>:\"|?*\\").find(character) != std::u32string_view::npos) {
+            return refusedCharacters;
+        }
+        isBlank = isBlank && std::find(whiteSpace.begin(), whiteSpace.end(), character) != whiteSpace.end();
+    }
+    return isBlank ? refusedEmptiness : "";
+}
 
 TEST(NameValidation, NamesTheNineRefusedCharactersInFortySixCharacters) {
     EXPECT_EQ(refusedCharacters.size(), 46U);
@@ -52,7 +54,7 @@ TEST(NameValidation, DecidesForEveryCodePointAloneAndBetweenLetters) {
         const bool isRefused = refused.find(code) != std::u32string::npos;
         const bool isBlank = std::find(whiteSpace.begin(), whiteSpace.end(), code) != whiteSpace.end();
         // Surrogates have no well-formed bytes; theirs are acceptable here and fail later, when they are to be written.
-        const auto character = utf8(code);
+        const auto character = testing::utf8Of(code);
         ASSERT_EQ(refusal(character), isRefused ? refusedCharacters
                                       : isBlank ? refusedEmptiness
                                                 : "")
@@ -60,6 +62,22 @@ TEST(NameValidation, DecidesForEveryCodePointAloneAndBetweenLetters) {
         ASSERT_EQ(refusal("a" + character + "b"), isRefused ? refusedCharacters : "")
             << std::hex << static_cast<unsigned>(code);
     }
+}
+
+TEST(NameValidation, DecidesAsAnObviousRuleForRandomNames) {
+    constexpr std::array<std::string_view, 22> pieces{
+        " ",      "\t",     "\u00a0", "\u3000", "\u2003", " ",          " ", "\n", "\u2028", "\u200b", "a",
+        "\u00e9", "\u2215", "\uff0f", "\u203a", "\u00b7", "\U0001F3B5", "/", ":",  "\"",     "\\",     "."};
+    std::mt19937 random(11);
+    int refused = 0;
+    for (int round = 0; round < 100000; ++round) {
+        const std::string name = testing::randomText(random, pieces, 5);
+        const std::string expected = slowRefusal(name);
+        ASSERT_EQ(refusal(name), expected) << name;
+        refused += expected.empty() ? 0 : 1;
+    }
+    EXPECT_GT(refused, 10000);
+    EXPECT_LT(refused, 90000);
 }
 
 TEST(NameValidation, RefusesASolidusBetweenTwoLetters) {
@@ -76,7 +94,7 @@ TEST(NameValidation, RefusesTheEmptyNameAndOneOfSpacesAndTabsOnly) {
     EXPECT_EQ(refusal(" \t  \t"), refusedEmptiness);
     std::string all;
     for (const char32_t blank : whiteSpace) {
-        all += utf8(blank);
+        all += testing::utf8Of(blank);
     }
     EXPECT_EQ(refusal(all), refusedEmptiness);
 }
