@@ -3,12 +3,19 @@
 import concurrent.futures
 import os
 import re
+import signal
 import subprocess
 import sys
 
-from rename_case import NEW, OLD, Folder, clean_state, tree
+from rename_case import DATA, NEW, OLD, SAMPLES, Folder, clean_state, tree
 
 SKIPPED = 77
+# What may be there at any time; clean_state says which of it must be there at which.
+KNOWN = {"projects", "projects/Bystander.xpj"}.union(
+    *({f"projects/{name}.xpj", f"projects/{name}{DATA}", f"projects/{name}{DATA}/deep",
+       *(f"projects/{name}{DATA}/{sample}" for sample in SAMPLES)} for name in (OLD, NEW)))
+
+A_HANG = 60  # seconds; a rename takes a tenth of one
 
 # The file systems that the rename is tried on: the one below, and those that the shim makes of it by refusing calls, as
 # FAT sticks, network drives and file systems in user space do. No such file system needs to be here for that.
@@ -36,13 +43,19 @@ def traced(programs, shim, *options):
     """One rename in a folder of its own, traced with these options; its outcome."""
     with Folder() as folder:
         environment = ["-E", f"LD_PRELOAD={programs}/libtarvolt_call_shim.so", "-E", f"TARVOLT_SHIM={shim}"]
-        done = subprocess.run(["strace", "-qq", *options, *environment, f"{programs}/tarvolt_rename_once",
-                               folder.projects, OLD, NEW], capture_output=True, check=False)
-        message = done.stdout.decode().partition("begin\n")[2].strip()
-        leftovers = [name for name in tree(folder.path) if os.path.basename(name).startswith(".")]
+        process = subprocess.Popen(["strace", "-qq", *options, *environment, f"{programs}/tarvolt_rename_once",
+                                    folder.projects, OLD, NEW], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.DEVNULL, start_new_session=True)
+        try:
+            output, _ = process.communicate(timeout=A_HANG)
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, signal.SIGKILL)  # the tracer alone would leave the rename behind
+            raise
+        message = output.decode().partition("begin\n")[2].strip()
+        leftovers = sorted(set(tree(folder.path)) - KNOWN)
         if tree(folder.projects).get("Bystander.xpj") != b"not ours":
             leftovers.append("the bystander was changed")
-        return Outcome(message, clean_state(folder.projects), leftovers, done.returncode)
+        return Outcome(message, clean_state(folder.projects), leftovers, process.returncode)
 
 
 def calls_of(programs, shim):
