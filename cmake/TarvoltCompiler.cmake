@@ -6,6 +6,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 option(TARVOLT_WERROR "Treat warnings as errors" ON)
+option(TARVOLT_COVERAGE "Count which conditions come out which way (needs Clang)" OFF)
 set(TARVOLT_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
 # GCC 12 takes the joining of two strings for an overlapping copy when it optimises; GCC 13 no longer does.
@@ -34,6 +35,12 @@ if(TARVOLT_SANITIZE)
   target_compile_options(tarvolt_options INTERFACE -fsanitize=${TARVOLT_SANITIZE} -fno-sanitize=vptr
                                                    -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tarvolt_options INTERFACE -fsanitize=${TARVOLT_SANITIZE})
+endif()
+if(TARVOLT_COVERAGE)
+  # The relocation lets the counters be kept in their file, where a process that ends itself leaves them.
+  target_compile_options(tarvolt_options INTERFACE -fprofile-instr-generate -fcoverage-mapping
+                                                   "SHELL:-mllvm -runtime-counter-relocation")
+  target_link_options(tarvolt_options INTERFACE -fprofile-instr-generate)
 endif()
 
 # A layer is a folder: an object library of its sources whose headers are compiled one by one as well.
