@@ -5,7 +5,7 @@ the rename then answers, nothing foreign may be overwritten, removed or followed
 same is run first with planted faults, each of which must be found.
 
 One window is left, for no call removes a file only if it is a certain one: between the last look and the removal of the
-old file. What gets in there is counted apart.
+old file, or of the new one in a roll-back. What gets in there is counted apart.
 """
 
 import os
@@ -25,6 +25,10 @@ def replace_new_file(folder):
     if os.path.lexists(f"{folder.projects}/{NEW}.xpj"):
         write(f"{folder.path}/draft", FOREIGN)
         os.replace(f"{folder.path}/draft", f"{folder.projects}/{NEW}.xpj")
+
+
+def replace_new_file_before_the_roll_back(folder):
+    replace_new_file(folder)
 
 
 def make_new_folder(folder):
@@ -65,8 +69,12 @@ def swap_projects_for_a_link(folder):
     os.symlink(f"{folder.path}/outside", folder.projects)
 
 
-ACTS = [make_new_file, replace_new_file, make_new_folder, make_new_folder_with_content, remove_old_file,
-        replace_old_file, swap_data_folder_for_a_link, swap_old_file_for_a_link, swap_projects_for_a_link]
+ACTS = [make_new_file, replace_new_file, replace_new_file_before_the_roll_back, make_new_folder,
+        make_new_folder_with_content, remove_old_file, replace_old_file, swap_data_folder_for_a_link,
+        swap_old_file_for_a_link, swap_projects_for_a_link]
+
+# What is done before the rename begins, so that it fails and is rolled back.
+BEFORE = {replace_new_file_before_the_roll_back: make_new_folder_with_content}
 
 
 def foreign_items(folder):
@@ -97,6 +105,8 @@ def is_whole(folder):
 
 def is_last_window(act, calls):
     """Whether the program, stopped before the last of `calls`, has looked for the last time and not yet removed."""
+    if act is replace_new_file_before_the_roll_back:
+        return calls[-1] == f"unlinkat {NEW}.xpj"
     if any(call == f"unlinkat {OLD}.xpj" for call in calls[:-1]):
         return False
     look = {replace_new_file: f"/{NEW}.xpj", replace_old_file: f"fstatat {OLD}.xpj"}.get(act)
@@ -110,6 +120,8 @@ def one_race(programs, plant, act, at):
         folder.data_inode = os.stat(f"{folder.projects}/{OLD}{DATA}").st_ino
         write(f"{folder.path}/outside/victim.xpj", FOREIGN)
         write(f"{folder.path}/outside/{OLD}{DATA}/victim.wav", FOREIGN)
+        if act in BEFORE:
+            BEFORE[act](folder)
         run = Run(programs, folder.projects, f"stop,{plant}" if plant else "stop")
         call = None
         for _ in range(at):
@@ -146,9 +158,11 @@ def races(programs, plant=None, acts=None):
 
 if __name__ == "__main__":
     PROGRAMS = sys.argv[1]
-    for PLANT, ACT in (("replacing-move", make_new_folder), ("blind-identity", replace_new_file)):
+    for PLANT, ACT in (("replacing-move", make_new_folder), ("blind-identity", replace_new_file),
+                      ("blind-identity", replace_new_file_before_the_roll_back)):
         if not races(PROGRAMS, PLANT, [ACT])[0]:
             sys.exit(f"the planted fault {PLANT} went unnoticed: this check finds nothing")
     FAULTS, COUNT = races(PROGRAMS)
     LAST = FAULTS.count("last window")
-    verdict([fault for fault in FAULTS if fault != "last window"], f"{COUNT} races, {LAST} of them won in the last window")
+    verdict([fault for fault in FAULTS if fault != "last window"],
+            f"{COUNT} races, {LAST} of them won in the last window")
