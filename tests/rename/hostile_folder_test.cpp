@@ -83,7 +83,7 @@ const OddThing danglingThing{"ALinkToNowhere",
 const OddThing loopThing{"ALinkToItself",
                          [](const fs::path& path, const fs::path&) { return linkTo(path.filename(), path); }};
 const OddThing linkToFileThing{"ALinkToAFileOutside", [](const fs::path& path, const fs::path& outside) {
-                                   return linkTo(outside / "text", path);
+                                   return linkTo(outside / "more/big.wav", path);
                                }};
 const OddThing linkToFolderThing{"ALinkToAFolderOutside",
                                  [](const fs::path& path, const fs::path& outside) { return linkTo(outside, path); }};
