@@ -10,7 +10,7 @@ Item {
 
     required property ViewBridge view
 
-    implicitHeight: Math.max(Math.ceil(titleMetrics.height + Theme.headerTitleSpacing + pathMetrics.height), Theme.buttonHeight) + 2 * Theme.edge
+    implicitHeight: Math.max(Math.ceil(titleMetrics.height) + Theme.headerTitleSpacing + Math.ceil(pathMetrics.height), Theme.buttonHeight) + 2 * Theme.edge
 
     FontMetrics {
         id: titleMetrics

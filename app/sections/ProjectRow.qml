@@ -79,27 +79,14 @@ FocusScope {
                 silent: true
             }
 
-            Row {
+            DetailLine {
                 objectName: "rowDetails"
                 Layout.leftMargin: Theme.detailShift
-                spacing: Theme.detailSpacing
-
-                DetailLabel {
-                    symbol: "doc"
-                    text: root.fileCountText
-                }
-
-                DetailLabel {
-                    symbol: "internaldrive"
-                    text: root.sizeText
-                }
-
-                DetailLabel {
-                    visible: !root.hasDataFolder
-                    symbol: "exclamationmark.triangle"
-                    text: qsTr("No data folder")
-                    colour: Theme.yellow
-                }
+                Layout.fillWidth: true
+                Layout.minimumWidth: 0
+                fileCountText: root.fileCountText
+                sizeText: root.sizeText
+                warningText: root.hasDataFolder ? "" : qsTr("No data folder")
             }
         }
 
