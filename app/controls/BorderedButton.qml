@@ -27,6 +27,7 @@ PressButton {
 
     background: Item {
         BoxItem {
+            objectName: "shade"
             y: Theme.faceDrop
             width: parent.width
             height: parent.height
@@ -45,7 +46,8 @@ PressButton {
             borderColor: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
 
             Behavior on color {
-                enabled: !root.down
+                // Known before the colour changes: a press shows at once.
+                enabled: !root.pressed
                 ColorAnimation {
                     duration: Theme.hoverFade
                 }

@@ -21,6 +21,7 @@ Item {
         spacing: Theme.largeButtonSpacing
 
         Symbol {
+            objectName: "buttonSymbol"
             anchors.verticalCenter: parent.verticalCenter
             visible: root.symbol !== ""
             symbol: root.symbol

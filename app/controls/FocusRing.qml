@@ -10,6 +10,7 @@ BoxItem {
     required property real innerRadius
     property int gap: Theme.focusGap
 
+    objectName: "focusRing"
     anchors.fill: parent
     anchors.margins: -gap - Theme.focusWidth
     radius: innerRadius + gap + Theme.focusWidth

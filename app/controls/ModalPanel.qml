@@ -20,6 +20,7 @@ T.Popup {
     closePolicy: T.Popup.NoAutoClose
 
     T.Overlay.modal: Rectangle {
+        objectName: "scrim"
         color: root.scrim // qmllint disable unqualified
 
         Behavior on opacity {

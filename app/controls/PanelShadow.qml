@@ -9,6 +9,7 @@ ShadowItem {
 
     required property int drop
 
+    objectName: "panelShadow"
     anchors.fill: parent
     anchors.margins: -reach
     anchors.topMargin: drop - reach

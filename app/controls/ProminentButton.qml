@@ -30,7 +30,8 @@ PressButton {
         color: !root.enabled ? Theme.prominentDisabled : root.down ? Theme.prominentPressed : root.hovered ? Theme.prominentHover : Theme.prominent
 
         Behavior on color {
-            enabled: !root.down
+            // Known before the colour changes: a press shows at once.
+            enabled: !root.pressed
             ColorAnimation {
                 duration: Theme.hoverFade
             }

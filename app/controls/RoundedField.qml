@@ -33,6 +33,7 @@ T.TextField {
     }
 
     TextLabel {
+        objectName: "placeholder"
         anchors.verticalCenter: parent.verticalCenter
         x: root.leftPadding
         width: root.width - root.leftPadding - root.rightPadding

@@ -7,6 +7,7 @@ import Tarvolt
 SpinnerItem {
     id: root
 
+    objectName: "spinner"
     implicitWidth: Theme.spinnerSize
     implicitHeight: Theme.spinnerSize
     thickness: Theme.spinnerThickness

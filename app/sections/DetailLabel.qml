@@ -15,6 +15,7 @@ Row {
     spacing: Theme.detailSymbolSpacing
 
     Symbol {
+        objectName: "detailSymbol"
         anchors.verticalCenter: parent.verticalCenter
         symbol: root.symbol
         size: Theme.captionSymbol
@@ -22,6 +23,7 @@ Row {
     }
 
     TextLabel {
+        objectName: "detailText"
         anchors.verticalCenter: parent.verticalCenter
         text: root.text
         font: Theme.caption

@@ -59,6 +59,7 @@ Item {
         }
 
         TextLabel {
+            objectName: "placeholder"
             anchors.verticalCenter: parent.verticalCenter
             visible: field.length === 0 && field.preeditText === ""
             text: field.placeholderText

@@ -280,6 +280,18 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheListWhereTheNewNameIsNotListed
     EXPECT_EQ(focusedName(), "Rename Song 1");
 }
 
+TEST_F(KeyboardTest, WhatIsTypedWhileTheSheetFadesIsLost) {
+    choose(2);
+    openSheet(0);
+    w.press(Qt::Key_Escape);
+    w.type("late");
+    w.press(Qt::Key_Return);
+    w.settle();
+    EXPECT_EQ(renames(), 0);
+    openSheet(0);
+    EXPECT_EQ(w.find("newNameField")->property("text").toString(), "Song 0");
+}
+
 TEST_F(KeyboardTest, TheRescanLeavesAnOpenSheetAlone) {
     choose(8);
     openSheet(0);

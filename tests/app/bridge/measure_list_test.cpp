@@ -6,6 +6,7 @@ namespace tarvolt {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::expectColour;
 using testing::Measures;
 using testing::SceneWindow;
 
@@ -20,106 +21,6 @@ protected:
     SceneWindow w;
     Measures m{w};
 };
-
-TEST_F(MeasureListTest, ThePanesKeepTheirWidthsHoweverWindowAndDividerAreMoved) {
-    w.addProjects(2);
-    w.choose();
-    for (const int width : {700, 701, 800, 1024, 1600, 3000}) {
-        w.window->resize(width, 600);
-        for (const double wanted : {-500.0, 0.0, 219.0, 220.0, 240.0, 280.0, 281.0, 5000.0}) {
-            w.find("splitArea")->setProperty("wantedLogWidth", wanted);
-            QCoreApplication::processEvents();
-            const double list = w.box("projectListView").width();
-            const double log = w.box("logView").width();
-            EXPECT_GE(list, 400) << width << ' ' << wanted;
-            EXPECT_GE(log, 220) << width << ' ' << wanted;
-            EXPECT_LE(log, 280) << width << ' ' << wanted;
-            EXPECT_EQ(list + log + 1, width);
-            EXPECT_EQ(w.box("logView").bottomRight(), QPointF(width, 600));
-        }
-    }
-}
-
-TEST_F(MeasureListTest, TheDividerIsDraggedWithinItsLimits) {
-    w.addProjects(2);
-    w.choose();
-    EXPECT_EQ(w.box("logView").width(), 240);
-    EXPECT_EQ(w.box("splitHitArea").width(), 9);
-    const QPoint from = w.box("splitHandle").center().toPoint();
-    const auto drag = [&](int by) {
-        const QPoint start = w.box("splitHandle").center().toPoint();
-        QTest::mousePress(w.window, Qt::LeftButton, {}, start);
-        QTest::mouseMove(w.window, start + QPoint(by / 2, 0));
-        QTest::mouseMove(w.window, start + QPoint(by, 0));
-        QTest::mouseRelease(w.window, Qt::LeftButton, {}, start + QPoint(by, 0));
-        QCoreApplication::processEvents();
-    };
-    drag(-20);
-    EXPECT_NEAR(w.box("logView").width(), 260, 1);
-    drag(-300);
-    EXPECT_EQ(w.box("logView").width(), 280);
-    drag(500);
-    EXPECT_EQ(w.box("logView").width(), 220);
-    EXPECT_NE(w.box("splitHandle").center().toPoint(), from);
-}
-
-TEST_F(MeasureListTest, TheSearchBarHasItsMarginsPaddingAndFill) {
-    w.addProjects(6);
-    w.choose();
-    const QRectF pane = w.box("projectListView");
-    const QRectF bar = w.box("searchBar");
-    EXPECT_EQ(bar.left() - pane.left(), 12);
-    EXPECT_EQ(pane.right() - bar.right(), 12);
-    EXPECT_EQ(bar.top() - pane.top(), 12);
-    EXPECT_EQ(w.box("listCard").top() - bar.bottom(), 4 + 8) << "the bar's own margin and the card's";
-    EXPECT_EQ(w.box("searchSymbol").left() - bar.left(), 8);
-    EXPECT_EQ(bar.right() - w.box("searchField").right(), 8);
-    EXPECT_EQ(bar.height(), 16 + std::max(w.box("searchSymbol").height(), w.box("searchField").height()));
-    EXPECT_EQ(m.across("searchSymbol", "searchField"), 8);
-    EXPECT_EQ(m.property("searchFill", "radius").toDouble(), 8);
-    EXPECT_DOUBLE_EQ(m.opacity("searchFill"), 0.5);
-    EXPECT_EQ(m.property("searchSymbol", "symbol").toString(), "magnifyingglass");
-    EXPECT_EQ(m.colour("searchSymbol", "colour"), QColor("#606060"));
-    EXPECT_EQ(m.property("searchField", "placeholderText").toString(), "Search projects...");
-}
-
-TEST_F(MeasureListTest, TheSearchBarComesWithTheSixthProject) {
-    w.addProjects(5);
-    w.choose();
-    EXPECT_TRUE(w.findAll("searchBar").empty());
-    EXPECT_EQ(w.box("listCard").top() - w.box("projectListView").top(), 12);
-    w.addProject("one more");
-    w.bridge->rescan();
-    w.settle();
-    EXPECT_EQ(w.findAll("searchBar").size(), 1U);
-    w.find("searchField")->forceActiveFocus();
-    w.type("one");
-    w.settle();
-    EXPECT_EQ(w.findAll("projectRow").size(), 1U);
-    EXPECT_EQ(m.text("badgeText"), "6 projects");
-    w.scene.disk->removeItem("/p/one more.xpj", std::nullopt);
-    w.bridge->rescan();
-    w.settle();
-    EXPECT_TRUE(w.findAll("searchBar").empty());
-    EXPECT_TRUE(w.findAll("projectRow").empty()) << "the hidden text goes on filtering";
-    EXPECT_TRUE(w.findAll("listCard").empty());
-}
-
-TEST_F(MeasureListTest, TheScanIndicatorStandsAboveAnEmptyList) {
-    w.addProjects(6);
-    w.choose();
-    w.bridge->rescan();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(m.text("scanLabel"), "Scanning...");
-    EXPECT_TRUE(w.findAll("searchBar").empty());
-    EXPECT_TRUE(w.findAll("projectRow").empty());
-    EXPECT_TRUE(w.findAll("emptyStateView").empty());
-    EXPECT_FALSE(w.findAll("logView").empty());
-    EXPECT_NEAR(m.middle("scanLabel"), m.middle("projectListView"), 0.5);
-    w.settle();
-    EXPECT_TRUE(w.findAll("scanIndicator").empty());
-    EXPECT_EQ(w.findAll("projectRow").size(), 6U);
-}
 
 TEST_F(MeasureListTest, ARowHasItsPaddingSpacingsAndFrame) {
     w.addProject("Blue Hour");
@@ -160,12 +61,32 @@ TEST_F(MeasureListTest, ARowHasItsFontsColoursAndTexts) {
     EXPECT_EQ(details[0]->property("symbol").toString(), "doc");
     EXPECT_EQ(details[0]->property("text").toString(), "0 files");
     EXPECT_EQ(details[1]->property("symbol").toString(), "internaldrive");
+    EXPECT_EQ(details[1]->property("text").toString(), "1 byte");
     EXPECT_EQ(details[1]->property("colour").value<QColor>(), QColor("#606060"));
     EXPECT_EQ(details[4]->property("symbol").toString(), "exclamationmark.triangle");
     EXPECT_EQ(details[4]->property("text").toString(), "No data folder");
     EXPECT_EQ(details[4]->property("colour").value<QColor>(), QColor("#875F00"));
     EXPECT_EQ(m.text("rowButton"), "Rename");
     EXPECT_TRUE(m.property("rowButton", "small").toBool());
+    for (QQuickItem* detail : details) {
+        QQuickItem* text = SceneWindow::part(detail, "detailText");
+        QQuickItem* symbol = SceneWindow::part(detail, "detailSymbol");
+        const char* colour = detail == details[4] ? "#875F00" : "#606060";
+        EXPECT_NEAR(text->property("font").value<QFont>().pointSizeF(), 10 * testing::caption, 0.1);
+        expectColour(text->property("color").value<QColor>(), colour);
+        expectColour(symbol->property("colour").value<QColor>(), colour);
+        EXPECT_EQ(symbol->width(), 14);
+        EXPECT_EQ(text->x() - symbol->width(), 4);
+        EXPECT_NEAR(SceneWindow::boxOf(text).center().y(), SceneWindow::boxOf(symbol).center().y(), 0.5);
+    }
+    const QRectF line = w.box("rowLine");
+    EXPECT_EQ(w.findAll("rowLine").size(), 1U) << "between the two rows";
+    EXPECT_EQ(line.left(), w.box("rowTexts").left());
+    EXPECT_EQ(line.right(), w.box("rowButton").right());
+    EXPECT_EQ(line.bottom(), w.box("projectRow").bottom());
+    expectColour(m.colour("rowLine"), "#000000", 0.09);
+    expectColour(m.colour("listCard"), "#FFFFFF");
+    expectColour(m.property("listCard", "border").value<QObject*>()->property("color").value<QColor>(), "#000000", 0.1);
 }
 
 TEST_F(MeasureListTest, ALongNameIsCutAtItsEndAndTheButtonStays) {
@@ -175,7 +96,21 @@ TEST_F(MeasureListTest, ALongNameIsCutAtItsEndAndTheButtonStays) {
     const QQuickItem* name = inRow(1, "rowName");
     EXPECT_EQ(name->property("elide").toInt(), Qt::ElideRight);
     EXPECT_TRUE(name->property("truncated").toBool());
+    EXPECT_EQ(name->property("lineCount").toInt(), 1);
     EXPECT_EQ(SceneWindow::boxOf(inRow(0, "rowButton")).x(), SceneWindow::boxOf(inRow(1, "rowButton")).x());
+}
+
+TEST_F(MeasureListTest, AClickBesideTheButtonDoesNothing) {
+    w.addProjects(2);
+    w.choose();
+    const QQuickItem* focus = w.window->activeFocusItem();
+    for (const char* place : {"rowName", "rowSymbol", "rowDetails", "listCard"}) {
+        w.click(place);
+        w.settle();
+        EXPECT_FALSE(w.bridge->sheetOpen()) << place;
+        EXPECT_EQ(w.window->activeFocusItem(), focus) << place;
+        EXPECT_EQ(m.property("projectList", "currentIndex").toInt(), -1) << place;
+    }
 }
 
 TEST_F(MeasureListTest, TheRenamedRowTurnsGreenAndBack) {

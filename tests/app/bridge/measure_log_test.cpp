@@ -5,6 +5,7 @@
 namespace tarvolt {
 namespace {
 
+using testing::expectColour;
 using testing::Measures;
 using testing::SceneWindow;
 
@@ -25,8 +26,11 @@ TEST_F(MeasureLogTest, TheTitleHasItsPaddingAndTheLineFollows) {
     EXPECT_EQ(w.box("logLine").width(), panel.width());
     EXPECT_EQ(w.box("logFill"), panel);
     EXPECT_DOUBLE_EQ(m.opacity("logFill"), 0.3);
+    expectColour(m.colour("logFill"), "#000000", 0.11);
+    expectColour(m.colour("logLine"), "#000000", 0.13);
     EXPECT_EQ(m.text("logTitle"), "ACTIVITY LOG");
     EXPECT_EQ(m.font("logTitle").weight(), QFont::DemiBold);
+    EXPECT_NEAR(m.font("logTitle").letterSpacing(), 0.3, 0.01);
     EXPECT_NEAR(m.textRatio("logTitle"), testing::caption, 0.01);
     EXPECT_EQ(m.colour("logTitle"), QColor("#606060"));
 }
@@ -81,6 +85,7 @@ TEST_F(MeasureLogTest, RowsHaveTheirFontsAndColours) {
     EXPECT_EQ(dots[1]->property("color").value<QColor>(), QColor("#00521C"));
     EXPECT_DOUBLE_EQ(dots[1]->opacity(), 0.6);
     EXPECT_NEAR(m.textRatio("logMessage"), testing::caption, 0.01);
+    EXPECT_DOUBLE_EQ(m.property("logMessage", "lineHeight").toDouble(), 1.1);
     EXPECT_NEAR(m.textRatio("logTime"), testing::caption2, 0.01);
     EXPECT_EQ(m.font("logTime").family(), QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
     EXPECT_EQ(m.colour("logTime"), QColor("#363636"));

@@ -6,6 +6,7 @@ namespace tarvolt {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::expectColour;
 using testing::Measures;
 using testing::SceneWindow;
 
@@ -51,6 +52,7 @@ TEST_F(MeasureSheetTest, ThePreviewBoxHasItsPaddingSpacingsAndFill) {
     EXPECT_THAT(m.padding("previewBox", "previewLines"), ElementsAre(12, 12, 12, 12));
     EXPECT_EQ(m.property("previewFill", "radius").toDouble(), 8);
     EXPECT_DOUBLE_EQ(m.opacity("previewFill"), 0.5);
+    expectColour(m.colour("previewFill"), "#000000", 0.11);
     EXPECT_EQ(m.down("previewFileRow", "previewFolderRow"), 6);
     EXPECT_EQ(m.down("previewFolderRow", "previewNote"), 6);
     EXPECT_EQ(m.across("previewOldName", "previewArrow"), 8);
@@ -61,18 +63,29 @@ TEST_F(MeasureSheetTest, ThePreviewBoxHasItsPaddingSpacingsAndFill) {
 TEST_F(MeasureSheetTest, ThePreviewHasItsTextsFontsAndColours) {
     open(0, "Red Hour");
     EXPECT_EQ(m.text("previewTitle"), "PREVIEW");
+    EXPECT_EQ(m.font("previewTitle"), m.font("sheetFieldLabel"));
+    expectColour(m.colour("previewTitle"), "#606060");
     EXPECT_EQ(m.text("previewOldName"), "Blue Hour.xpj");
     EXPECT_EQ(m.text("previewNewName"), "Red Hour.xpj");
     EXPECT_TRUE(m.font("previewOldName").strikeOut());
     EXPECT_NEAR(m.textRatio("previewOldName"), testing::caption, 0.01);
     EXPECT_EQ(m.colour("previewOldName"), QColor("#C01C28"));
     EXPECT_DOUBLE_EQ(m.opacity("previewOldName"), 0.7);
+    EXPECT_TRUE(m.isMonospaced("previewOldName"));
     EXPECT_FALSE(m.font("previewNewName").strikeOut());
+    EXPECT_NEAR(m.textRatio("previewNewName"), testing::caption, 0.01);
+    EXPECT_TRUE(m.isMonospaced("previewNewName"));
     EXPECT_EQ(m.colour("previewNewName"), QColor("#1A7533"));
+    EXPECT_EQ(m.property("previewArrow", "symbol").toString(), "arrow.right");
+    EXPECT_EQ(m.property("previewArrow", "size").toInt(), 14);
     EXPECT_EQ(m.colour("previewArrow", "colour"), QColor("#606060"));
     EXPECT_EQ(w.findAll("previewOldName").size(), 2U);
     EXPECT_EQ(w.findAll("previewOldName")[1]->property("text").toString(), "Blue Hour_[ProjectData]");
+    EXPECT_EQ(w.findAll("previewNewName")[1]->property("text").toString(), "Red Hour_[ProjectData]");
     EXPECT_EQ(m.text("previewNote"), "+ Updates file paths inside .xpj");
+    EXPECT_NEAR(m.textRatio("previewNote"), testing::caption, 0.01);
+    EXPECT_FALSE(m.isMonospaced("previewNote"));
+    expectColour(m.colour("previewNote"), "#606060");
 }
 
 TEST_F(MeasureSheetTest, ThePreviewOfAProjectWithoutDataFolderHasOneLineAndTheNote) {
@@ -87,14 +100,19 @@ TEST_F(MeasureSheetTest, TheTitlesFieldAndButtonsHaveTheirFontsColoursAndTexts) 
     EXPECT_EQ(m.text("sheetTitle"), "Rename Project");
     EXPECT_NEAR(m.textRatio("sheetTitle"), testing::title2, 0.01);
     EXPECT_EQ(m.font("sheetTitle").weight(), QFont::Bold);
+    expectColour(m.colour("sheetTitle"), "#161616");
     EXPECT_EQ(m.text("sheetCurrentName"), "Current: Blue Hour");
     EXPECT_EQ(m.colour("sheetCurrentName"), QColor("#606060"));
+    EXPECT_NEAR(m.textRatio("sheetCurrentName"), testing::body, 0.01);
+    EXPECT_TRUE(m.isMonospaced("sheetCurrentName"));
+    EXPECT_EQ(m.property("sheetCurrentName", "elide").toInt(), Qt::ElideMiddle);
     EXPECT_EQ(m.text("sheetFieldLabel"), "NEW NAME");
     EXPECT_EQ(m.font("sheetFieldLabel").weight(), QFont::DemiBold);
     EXPECT_NEAR(m.textRatio("sheetFieldLabel"), testing::caption, 0.01);
-    EXPECT_EQ(m.property("newNameField", "placeholderText").toString(), "Enter new project name");
+    EXPECT_NEAR(m.font("sheetFieldLabel").letterSpacing(), 0.3, 0.01);
+    expectColour(m.colour("sheetFieldLabel"), "#606060");
     EXPECT_NEAR(m.textRatio("newNameField"), testing::body, 0.01);
-    EXPECT_EQ(m.font("newNameField").family(), QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    EXPECT_TRUE(m.isMonospaced("newNameField"));
     EXPECT_EQ(m.text("cancelButton"), "Cancel");
     EXPECT_EQ(m.text("renameButton"), "Rename");
 }
@@ -138,6 +156,14 @@ TEST_F(MeasureSheetTest, TheAlertHasItsSizesAndTexts) {
     EXPECT_NEAR(alert.center().y(), 300, 0.5);
     EXPECT_EQ(m.text("alertTitle"), "Rename Failed");
     EXPECT_EQ(m.text("alertMessage"), "A project named \"Sketch\" already exists.");
+    EXPECT_NEAR(m.textRatio("alertTitle"), testing::body, 0.01);
+    EXPECT_EQ(m.font("alertTitle").weight(), QFont::Bold);
+    EXPECT_NEAR(m.textRatio("alertMessage"), testing::body, 0.01);
+    EXPECT_DOUBLE_EQ(m.property("alertMessage", "lineHeight").toDouble(), 1.1);
+    for (const char* text : {"alertTitle", "alertMessage"}) {
+        EXPECT_EQ(m.property(text, "horizontalAlignment").toInt(), Qt::AlignHCenter) << text;
+        expectColour(m.colour(text), "#161616");
+    }
     EXPECT_EQ(w.box("alertTitle").top() - alert.top(), 20);
     EXPECT_EQ(m.down("alertTitle", "alertMessage"), 6);
     EXPECT_NEAR(m.down("alertMessage", "alertButton"), 18, 0.5);

@@ -41,6 +41,11 @@ public:
     }
     double opacity(const QString& item) const { return window_.find(item)->opacity(); }
 
+    int lines(const QString& item) const { return property(item, "lineCount").toInt(); }
+    bool isMonospaced(const QString& item) const {
+        return font(item).family() == QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    }
+
     /// The item's text style as its ratio to the system font.
     double textRatio(const QString& item) const {
         return font(item).pointSizeF() / QGuiApplication::font().pointSizeF();
@@ -49,6 +54,11 @@ public:
 private:
     const SceneWindow& window_;
 };
+
+inline void expectColour(const QColor& colour, const char* rgb, double alpha = 1) {
+    EXPECT_EQ(colour.rgb() | 0xFF000000U, QColor(rgb).rgb()) << colour.name().toStdString() << ", not " << rgb;
+    EXPECT_NEAR(colour.alphaF(), alpha, 0.005) << rgb;
+}
 
 /// The ratios of the text styles.
 inline constexpr double title2 = 17.0 / 13;

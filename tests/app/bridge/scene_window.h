@@ -24,6 +24,7 @@ namespace tarvolt::testing {
 class SceneWindow {
 public:
     SceneWindow() {
+        previousHandler = qInstallMessageHandler(fail);
         scene.disk->addFolder("/p");
         view = ContentView::create(scene.services());
         bridge = std::make_unique<ViewBridge>(view, scene.services());
@@ -41,6 +42,10 @@ public:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
         settle();
     }
+
+    SceneWindow(const SceneWindow&) = delete;
+    SceneWindow& operator=(const SceneWindow&) = delete;
+    ~SceneWindow() { qInstallMessageHandler(previousHandler); }
 
     void addProject(const std::string& name, bool withDataFolder = true) {
         scene.disk->addFile("/p/" + name + ".xpj", "x");
@@ -91,6 +96,16 @@ public:
         return found;
     }
 
+    /// What is called `name` inside an item, seen or not.
+    static QQuickItem* part(QQuickItem* item, const QString& name) {
+        for (QQuickItem* child : item->childItems()) {
+            if (QQuickItem* found = child->objectName() == name ? child : part(child, name)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+
     QRectF box(const QString& name) const { return boxOf(find(name)); }
 
     static QRectF boxOf(QQuickItem* item) { return item->mapRectToScene(QRectF(0, 0, item->width(), item->height())); }
@@ -122,6 +137,11 @@ public:
     QQuickWindow* window = nullptr;
 
 private:
+    /// The toolkit complains of nothing.
+    static void fail(QtMsgType, const QMessageLogContext&, const QString& message) {
+        ADD_FAILURE() << "the toolkit says: " << message.toStdString();
+    }
+
     static void collect(QQuickItem* item, const QString& name, std::vector<QQuickItem*>& found) {
         if (!item->isVisible()) {
             return;
@@ -133,6 +153,8 @@ private:
             collect(child, name, found);
         }
     }
+
+    QtMessageHandler previousHandler = nullptr;
 };
 
 } // namespace tarvolt::testing

@@ -1,0 +1,186 @@
+#include "tests/app/bridge/measures.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvolt {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::expectColour;
+using testing::Measures;
+using testing::SceneWindow;
+
+class MeasureControlsTest : public ::testing::Test {
+protected:
+    MeasureControlsTest() {
+        w.addProject("Blue Hour");
+        w.addProject("Sketch");
+    }
+
+    void openSheet() {
+        w.choose();
+        w.bridge->beginRename(0);
+        w.settle();
+    }
+
+    QQuickItem* part(const QString& control, const QString& name) const { return w.part(w.find(control), name); }
+
+    QColor face(const QString& button) const { return part(button, "face")->property("color").value<QColor>(); }
+    QColor ink(const QString& button) const { return part(button, "buttonText")->property("color").value<QColor>(); }
+
+    void expectLabel(const QString& button, double ratio, QFont::Weight weight) const {
+        const QFont font = part(button, "buttonText")->property("font").value<QFont>();
+        EXPECT_NEAR(font.pointSizeF() / QGuiApplication::font().pointSizeF(), ratio, 0.01) << button.toStdString();
+        EXPECT_EQ(font.weight(), weight) << button.toStdString();
+    }
+
+    void expectBox(const QString& button, double height, double padding, double radius) const {
+        EXPECT_EQ(w.box(button).height(), height) << button.toStdString();
+        EXPECT_EQ(m.property(button, "leftPadding").toDouble(), padding) << button.toStdString();
+        EXPECT_EQ(m.property(button, "rightPadding").toDouble(), padding) << button.toStdString();
+        EXPECT_EQ(part(button, "face")->property("radius").toDouble(), radius) << button.toStdString();
+        EXPECT_EQ(SceneWindow::boxOf(part(button, "face")), w.box(button)) << button.toStdString();
+    }
+
+    /// The face's colours as the mouse comes, presses and goes.
+    void expectFaces(const QString& button, const char* usual, const char* hovered, const char* pressed) const {
+        const QPoint inside = w.box(button).center().toPoint();
+        expectColour(face(button), usual);
+        QTest::mouseMove(w.window, inside);
+        QTest::qWait(SceneWindow::movement);
+        expectColour(face(button), hovered);
+        QTest::mousePress(w.window, Qt::LeftButton, {}, inside);
+        expectColour(face(button), pressed);
+        QTest::mouseMove(w.window, QPoint(2, 2));
+        QTest::mouseRelease(w.window, Qt::LeftButton, {}, QPoint(2, 2));
+        QTest::qWait(SceneWindow::movement);
+        expectColour(face(button), usual);
+    }
+
+    SceneWindow w;
+    Measures m{w};
+};
+
+TEST_F(MeasureControlsTest, BorderedButtonsHaveTheirSizesAndColours) {
+    w.choose();
+    expectBox("changeFolderButton", 28, 12, 7);
+    expectBox("rescanButton", 28, 0, 7);
+    EXPECT_EQ(w.box("rescanButton").width(), 32);
+    EXPECT_EQ(part("rescanButton", "buttonSymbol")->width(), 18);
+    expectBox("rowButton", 24, 10, 6);
+    expectLabel("changeFolderButton", testing::body, QFont::Normal);
+    expectLabel("rowButton", testing::caption, QFont::Normal);
+    for (const char* button : {"changeFolderButton", "rescanButton", "rowButton"}) {
+        EXPECT_EQ(part(button, "face")->property("borderWidth").toDouble(), 1) << button;
+        expectColour(part(button, "face")->property("borderColor").value<QColor>(), "#000000", 0.15);
+        expectColour(part(button, "shade")->property("borderColor").value<QColor>(), "#000000", 0.1);
+        EXPECT_EQ(part(button, "shade")->y(), 1) << button;
+        expectColour(ink(button), "#161616");
+        expectFaces(button, "#FFFFFF", "#F2F2F2", "#E8E8E8");
+    }
+}
+
+TEST_F(MeasureControlsTest, ADisabledBorderedButtonIsPale) {
+    w.choose();
+    w.bridge->rescan();
+    QTest::qWait(SceneWindow::movement);
+    expectColour(face("rescanButton"), "#FFFFFF", 0.45);
+    expectColour(part("rescanButton", "face")->property("borderColor").value<QColor>(), "#000000", 0.08);
+    EXPECT_NEAR(part("rescanButton", "buttonSymbol")->opacity(), 0.36, 0.01);
+    EXPECT_FALSE(part("rescanButton", "shade")->isVisible());
+    w.settle();
+    EXPECT_EQ(part("rescanButton", "buttonSymbol")->opacity(), 1);
+    EXPECT_TRUE(part("rescanButton", "shade")->isVisible());
+}
+
+TEST_F(MeasureControlsTest, ProminentButtonsHaveTheirSizesAndColours) {
+    expectLabel("selectFolderButton", testing::body, QFont::DemiBold);
+    EXPECT_EQ(part("selectFolderButton", "face")->property("radius").toDouble(), 9);
+    expectColour(ink("selectFolderButton"), "#FFFFFF");
+    expectFaces("selectFolderButton", "#C94E00", "#B94800", "#A54000");
+    const QQuickItem* symbol = part("selectFolderButton", "buttonSymbol");
+    EXPECT_EQ(symbol->width(), 18);
+    expectColour(symbol->property("colour").value<QColor>(), "#FFFFFF");
+    EXPECT_EQ(part("selectFolderButton", "buttonText")->x() - symbol->x() - symbol->width(), 7);
+    openSheet();
+    expectBox("renameButton", 28, 12, 7);
+    expectLabel("renameButton", testing::body, QFont::DemiBold);
+    expectColour(face("renameButton"), "#000000", 0.08);
+    expectColour(ink("renameButton"), "#000000", 0.36);
+    w.bridge->setNewName("Red Hour");
+    w.settle();
+    expectColour(ink("renameButton"), "#FFFFFF");
+    expectFaces("renameButton", "#C94E00", "#B94800", "#A54000");
+    expectBox("cancelButton", 28, 12, 7);
+}
+
+TEST_F(MeasureControlsTest, TheFieldHasItsSizesAndColours) {
+    openSheet();
+    QQuickItem* frame = part("newNameField", "frame");
+    EXPECT_EQ(w.box("newNameField").height(), 30);
+    EXPECT_EQ(m.property("newNameField", "leftPadding").toDouble(), 9);
+    EXPECT_EQ(m.property("newNameField", "rightPadding").toDouble(), 9);
+    EXPECT_EQ(frame->property("radius").toDouble(), 7);
+    expectColour(frame->property("color").value<QColor>(), "#FFFFFF");
+    expectColour(m.colour("newNameField"), "#161616");
+    expectColour(m.colour("newNameField", "selectedTextColor"), "#161616");
+    expectColour(m.colour("newNameField", "selectionColor"), "#D75600", 0.26);
+    EXPECT_EQ(frame->property("borderWidth").toDouble(), 2);
+    expectColour(frame->property("borderColor").value<QColor>(), "#D75600");
+    w.press(Qt::Key_Tab);
+    EXPECT_EQ(frame->property("borderWidth").toDouble(), 1);
+    expectColour(frame->property("borderColor").value<QColor>(), "#939393");
+    QTest::mouseMove(w.window, w.box("newNameField").center().toPoint());
+    expectColour(frame->property("borderColor").value<QColor>(), "#000000", 0.62);
+    w.bridge->setNewName({});
+    w.settle();
+    const QQuickItem* placeholder = part("newNameField", "placeholder");
+    EXPECT_TRUE(placeholder->isVisible());
+    EXPECT_EQ(placeholder->property("text").toString(), "Enter new project name");
+    EXPECT_EQ(placeholder->property("font").value<QFont>(), m.font("newNameField"));
+    expectColour(placeholder->property("color").value<QColor>(), "#606060");
+}
+
+TEST_F(MeasureControlsTest, TheFocusGoesAroundInOrange) {
+    w.choose();
+    w.press(Qt::Key_Tab);
+    const QQuickItem* ring = part("rescanButton", "focusRing");
+    EXPECT_TRUE(ring->isVisible());
+    EXPECT_EQ(ring->property("borderWidth").toDouble(), 2);
+    EXPECT_EQ(ring->property("radius").toDouble(), 7 + 4);
+    expectColour(ring->property("borderColor").value<QColor>(), "#D75600");
+    EXPECT_EQ(SceneWindow::boxOf(part("rescanButton", "focusRing")), w.box("rescanButton").adjusted(-4, -4, 4, 4));
+    w.press(Qt::Key_Tab);
+    EXPECT_FALSE(ring->isVisible());
+}
+
+TEST_F(MeasureControlsTest, SheetAndAlertStandOverTheWindow) {
+    openSheet();
+    w.bridge->submitNewName();
+    w.settle();
+    const auto faces = w.findAll("panelFace");
+    ASSERT_EQ(faces.size(), 2U);
+    for (QQuickItem* panel : faces) {
+        EXPECT_EQ(panel->property("radius").toDouble(), 14);
+        expectColour(panel->property("color").value<QColor>(), "#F8F8F8");
+        QObject* border = panel->property("border").value<QObject*>();
+        EXPECT_EQ(border->property("width").toDouble(), 1);
+        expectColour(border->property("color").value<QColor>(), "#000000", 0.1);
+    }
+    const auto scrims = w.findAll("scrim");
+    ASSERT_EQ(scrims.size(), 2U);
+    for (QQuickItem* scrim : scrims) {
+        EXPECT_EQ(SceneWindow::boxOf(scrim), QRectF(0, 0, 800, 600));
+        EXPECT_EQ(scrim->opacity(), 1);
+    }
+    expectColour(scrims[0]->property("color").value<QColor>(), "#000000", 0.26);
+    expectColour(scrims[1]->property("color").value<QColor>(), "#000000", 0.2);
+    const auto shadows = w.findAll("panelShadow");
+    ASSERT_EQ(shadows.size(), 4U);
+    // Twice two sigmas around the panel, moved down by the drop.
+    EXPECT_EQ(SceneWindow::boxOf(shadows[0]), SceneWindow::boxOf(faces[0]).adjusted(-44, 16 - 44, 44, 16 + 44));
+    expectColour(shadows[0]->property("colour").value<QColor>(), "#000000", 0.34);
+}
+
+} // namespace
+} // namespace tarvolt
