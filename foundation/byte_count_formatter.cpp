@@ -27,27 +27,24 @@ constexpr std::array<Unit, 6> units{{{"KB", 1'000, 1},
 
 /// The number format of a locale. Making one is slow and lists ask for the same again and again, so each thread keeps
 /// its last one ready.
-const icu::number::LocalizedNumberFormatter& numberFormat(std::string_view locale, UNumberGroupingStrategy grouping) {
+const icu::number::LocalizedNumberFormatter& numberFormat(std::string_view locale) {
     struct Last {
         std::optional<std::string> locale;
-        UNumberGroupingStrategy grouping = UNUM_GROUPING_OFF;
         icu::number::LocalizedNumberFormatter format;
     };
     thread_local Last last;
-    if (last.locale != locale || last.grouping != grouping) {
-        last.format = icu::number::NumberFormatter::withLocale(icuLocale(locale))
-                          .grouping(grouping)
-                          .precision(icu::number::Precision::unlimited());
+    if (last.locale != locale) {
+        last.format =
+            icu::number::NumberFormatter::withLocale(icuLocale(locale)).precision(icu::number::Precision::unlimited());
         last.locale = locale;
-        last.grouping = grouping;
     }
     return last.format;
 }
 
-std::string decimalText(const std::string& decimal, std::string_view locale, UNumberGroupingStrategy grouping) {
+std::string decimalText(const std::string& decimal, std::string_view locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::string text;
-    numberFormat(locale, grouping).formatDecimal(decimal, status).toString(status).toUTF8String(text);
+    numberFormat(locale).formatDecimal(decimal, status).toString(status).toUTF8String(text);
     throwIfFailed(status, "NumberFormatter::formatDecimal");
     return text;
 }
@@ -76,7 +73,7 @@ std::string byteCountText(std::int64_t byteCount, std::string_view locale) {
         return "Zero KB";
     }
     if (byteCount < 1'000) {
-        const std::string count = decimalText(std::to_string(byteCount), locale, UNUM_GROUPING_OFF);
+        const std::string count = decimalText(std::to_string(byteCount), locale);
         return count + (byteCount == 1 ? " byte" : " bytes");
     }
     // The unit is chosen by the rounded count: what rounds to 1,000 of a unit is 1 of the next.
@@ -86,11 +83,11 @@ std::string byteCountText(std::int64_t byteCount, std::string_view locale) {
         ++unit;
         steps = roundedSteps(byteCount, *unit);
     }
-    return decimalText(decimalOf(steps, *unit), locale, UNUM_GROUPING_OFF) + ' ' + unit->name;
+    return decimalText(decimalOf(steps, *unit), locale) + ' ' + unit->name;
 }
 
-std::string integerText(std::int64_t number, std::string_view locale, bool grouped) {
-    return decimalText(std::to_string(number), locale, grouped ? UNUM_GROUPING_AUTO : UNUM_GROUPING_OFF);
+std::string integerText(std::int64_t number, std::string_view locale) {
+    return decimalText(std::to_string(number), locale);
 }
 
 } // namespace tarvolt

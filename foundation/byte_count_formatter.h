@@ -12,7 +12,7 @@ namespace tarvolt {
 /// UserLocale). `byteCount` must not be negative.
 std::string byteCountText(std::int64_t byteCount, std::string_view locale);
 
-/// A whole number in the digits of `locale`, in groups as the locale writes them when `grouped`.
-std::string integerText(std::int64_t number, std::string_view locale, bool grouped);
+/// A whole number in the digits of `locale`, in groups as the locale writes them.
+std::string integerText(std::int64_t number, std::string_view locale);
 
 } // namespace tarvolt

@@ -9,7 +9,7 @@ std::string localizedCount(const char* context, const char* key, std::int64_t nu
     static constexpr std::string_view placeholder = "%lld";
     std::string text = localized(context, key);
     if (const auto at = text.find(placeholder); at != std::string::npos) {
-        text.replace(at, placeholder.size(), integerText(number, locale, true));
+        text.replace(at, placeholder.size(), integerText(number, locale));
     }
     return text;
 }

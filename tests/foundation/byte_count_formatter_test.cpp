@@ -137,28 +137,27 @@ TEST(ByteCountText, AnswersAsAnObviousFormatForRandomCountsAndAllBoundaries) {
     }
 }
 
-TEST(IntegerText, HasGroupsWhenAskedFor) {
-    EXPECT_EQ(integerText(1234567, "en_US", true), "1,234,567");
-    EXPECT_EQ(integerText(1234567, "en_US", false), "1234567");
-    EXPECT_EQ(integerText(1234567, "de_DE", true), "1.234.567");
-    EXPECT_EQ(integerText(1234567, "hi_IN", true), "12,34,567");
-    EXPECT_EQ(integerText(1234, "es_ES", true), "1234");
-    EXPECT_EQ(integerText(0, "en_US", true), "0");
+TEST(IntegerText, HasTheGroupsOfTheLocale) {
+    EXPECT_EQ(integerText(1234567, "en_US"), "1,234,567");
+    EXPECT_EQ(integerText(1234567, "de_DE"), "1.234.567");
+    EXPECT_EQ(integerText(1234567, "hi_IN"), "12,34,567");
+    EXPECT_EQ(integerText(1234, "es_ES"), "1234");
+    EXPECT_EQ(integerText(0, "en_US"), "0");
 }
 
 TEST(IntegerText, TakesTheDigitsFromTheLocale) {
-    EXPECT_EQ(integerText(12, "ar_EG", false), "\u0661\u0662");
-    EXPECT_EQ(integerText(1234, "fa_IR", false), "\u06f1\u06f2\u06f3\u06f4");
+    EXPECT_EQ(integerText(12, "ar_EG"), "\u0661\u0662");
+    EXPECT_EQ(integerText(1234, "fa_IR"), "\u06f1\u066c\u06f2\u06f3\u06f4");
 }
 
 TEST(IntegerText, ReachesBothEnds) {
-    EXPECT_EQ(integerText(std::numeric_limits<std::int64_t>::max(), "en_US", false), "9223372036854775807");
-    EXPECT_EQ(integerText(std::numeric_limits<std::int64_t>::min(), "en_US", false), "-9223372036854775808");
+    EXPECT_EQ(integerText(std::numeric_limits<std::int64_t>::max(), "en_US"), "9,223,372,036,854,775,807");
+    EXPECT_EQ(integerText(std::numeric_limits<std::int64_t>::min(), "en_US"), "-9,223,372,036,854,775,808");
 }
 
 TEST(IntegerText, IsEnglishWhereTheLocaleIsRootOrUnknown) {
     for (const char* locale : {"", "xx_YY"}) {
-        EXPECT_EQ(integerText(1234567, locale, true), "1,234,567") << locale;
+        EXPECT_EQ(integerText(1234567, locale), "1,234,567") << locale;
     }
 }
 
