@@ -11,7 +11,8 @@ std::filesystem::path appending(const std::filesystem::path& folder, std::string
     if (!bytes.empty() && bytes.back() != '/') {
         bytes += '/';
     }
-    return bytes.append(component);
+    bytes += component;
+    return bytes;
 }
 
 FileError::FileError(int errorNumber, std::string call, std::filesystem::path path)

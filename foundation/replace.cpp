@@ -121,7 +121,8 @@ std::string replaceAllBeforeTail(std::string_view text, std::string_view oldText
         result.append(text, copied, match.start - copied).append(newText).append(tail);
         copied = match.end;
     }
-    return result.append(text, copied);
+    result.append(text, copied);
+    return result;
 }
 
 } // namespace tarvolt
