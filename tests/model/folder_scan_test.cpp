@@ -155,14 +155,6 @@ TEST_F(FolderScan, LogsCountsWithoutGroupingInEveryLocale) {
               (Lines{"Scan complete: 1234 project(s)", "Found 1234 .xpj file(s) and 0 data folder(s)"}));
 }
 
-TEST_F(FolderScan, NamesTheWholePathOfAFolderThatHasNoLastName) {
-    scanner->folderURL.set("/gone/");
-    scanner->scan();
-    scene.settle();
-    EXPECT_EQ(messages(*scanner).back(),
-              "! Scan error: The folder \"/gone/\" could not be read: No such file or directory");
-}
-
 TEST_F(FolderScan, CountsNothingOfADataFolderWhoseListingBreaksOff) {
     disk.addFile("/p/Song.xpj", 5);
     auto& folder = disk.addFolder("/p/Song_[ProjectData]");
