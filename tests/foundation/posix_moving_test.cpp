@@ -188,6 +188,27 @@ TEST_F(PosixMovingCalls, FallBackForEachErrorThatMeansTheFlagIsUnknown) {
     }
 }
 
+TEST_F(PosixMovingCalls, DoNotFallBackWhereItCannotBeToldWhatIsThere) {
+    folder.write("from", "1");
+    folder.write("to", "2");
+    int error = 0;
+    const auto answer = [](const SystemCall& call) -> std::optional<long> {
+        return call.number == SYS_renameat2 ? call.arguments[4] != 0 ? std::optional<long>(-EINVAL) : std::nullopt
+                                            : std::optional<long>(-EIO);
+    };
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_newfstatat}, answer, [&] {
+            try {
+                disk->moveItem(folder / "from", folder / "to");
+            } catch (const FileError& failure) {
+                error = failure.code().value();
+            }
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(error, EIO);
+    EXPECT_THAT(folder.tree(), ElementsAre("from=1", "to=2"));
+}
+
 TEST_F(PosixMovingCalls, DoNotFallBackWhenTheMoveFailsForAnotherReason) {
     folder.write("from", "1");
     int error = 0;

@@ -73,6 +73,11 @@ TEST_F(PosixRemoval, SaysWhyItFailed) {
     EXPECT_TRUE(std::filesystem::exists(kept));
 }
 
+TEST_F(PosixRemoval, FindsAnItemOfTheRootFolder) {
+    // Found, and left alone because it is another than the one asked for.
+    EXPECT_EQ(errorOfRemoval("/proc", FileIdentity{}), EBUSY);
+}
+
 TEST_F(PosixRemoval, SynchronisesTheFolderAndTakesNoFailureOfItForOne) {
     folder.write("file", "text");
     int synchronised = 0;
