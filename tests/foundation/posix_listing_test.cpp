@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -132,23 +131,11 @@ TEST_F(PosixListing, VisitsAnEntryThatVanishesInBetweenWithoutASize) {
     }
 }
 
-/// The answer to getdents64 of a file system that does not say in its listing what an entry is.
-long listWithoutKinds(const testing::SystemCall& call) {
-    auto* buffer = reinterpret_cast<char*>(call.arguments[1]); // NOLINT(performance-no-int-to-ptr)
-    const long length = ::syscall(SYS_getdents64, call.arguments[0], buffer, call.arguments[2]);
-    for (long at = 0; at < length;) {
-        auto* item = reinterpret_cast<dirent64*>(buffer + at);
-        item->d_type = DT_UNKNOWN;
-        at += item->d_reclen;
-    }
-    return length;
-}
-
 TEST_F(PosixListing, LooksAtEveryEntryWhereTheListingDoesNotSayWhatItIs) {
     folder.write("a", "12345");
     folder.makeFolder("b");
     if (const auto reason = withCallsAnswered(
-            {SYS_getdents64}, [](const auto& call) { return std::optional<long>(listWithoutKinds(call)); },
+            {SYS_getdents64}, [](const auto& call) { return std::optional<long>(testing::listingWithoutKinds(call)); },
             [&] {
                 const auto found = list(folder.path());
                 EXPECT_EQ(found.at("a"), (Found{false, 5}));
@@ -163,7 +150,7 @@ TEST_F(PosixListing, CannotTellWhatAnEntryIsWhereNeitherTheListingNorAClosedFold
     folder.makeFolder("b");
     const auto withoutKinds = [](const testing::SystemCall& call) -> std::optional<long> {
         if (call.number == SYS_getdents64) {
-            return listWithoutKinds(call);
+            return testing::listingWithoutKinds(call);
         }
         return call.text(1).empty() ? std::nullopt : std::optional<long>(-EACCES);
     };

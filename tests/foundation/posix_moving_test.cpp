@@ -136,6 +136,15 @@ TEST_P(PosixMoving, DoesNotCopyToAnotherDevice) {
 
 class PosixMovingCalls : public ::testing::Test {
 protected:
+    int errorOfMove() const {
+        try {
+            disk->moveItem(folder / "from", folder / "to");
+        } catch (const FileError& failure) {
+            return failure.code().value();
+        }
+        return 0;
+    }
+
     const TemporaryFolder folder;
     const std::shared_ptr<FileManager> disk = makePosixFileManager();
 };
@@ -196,13 +205,8 @@ TEST_F(PosixMovingCalls, DoNotFallBackWhereItCannotBeToldWhatIsThere) {
         return call.number == SYS_renameat2 ? call.arguments[4] != 0 ? std::optional<long>(-EINVAL) : std::nullopt
                                             : std::optional<long>(-EIO);
     };
-    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_newfstatat}, answer, [&] {
-            try {
-                disk->moveItem(folder / "from", folder / "to");
-            } catch (const FileError& failure) {
-                error = failure.code().value();
-            }
-        })) {
+    if (const auto reason =
+            testing::withCallsAnswered({SYS_renameat2, SYS_newfstatat}, answer, [&] { error = errorOfMove(); })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_EQ(error, EIO);
@@ -212,13 +216,8 @@ TEST_F(PosixMovingCalls, DoNotFallBackWhereItCannotBeToldWhatIsThere) {
 TEST_F(PosixMovingCalls, DoNotFallBackWhenTheMoveFailsForAnotherReason) {
     folder.write("from", "1");
     int error = 0;
-    if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, testing::refuseWith(EIO), [&] {
-            try {
-                disk->moveItem(folder / "from", folder / "to");
-            } catch (const FileError& failure) {
-                error = failure.code().value();
-            }
-        })) {
+    if (const auto reason =
+            testing::withCallsAnswered({SYS_renameat2}, testing::refuseWith(EIO), [&] { error = errorOfMove(); })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_EQ(error, EIO);

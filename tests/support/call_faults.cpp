@@ -1,5 +1,6 @@
 #include "tests/support/call_faults.h"
 
+#include <dirent.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <poll.h>
@@ -139,6 +140,17 @@ std::optional<std::string> withCallsAnswered(const std::vector<int>& numbers, co
 
 CallAnswer refuseWith(int errorNumber) {
     return [errorNumber](const SystemCall&) { return std::optional<long>(-errorNumber); };
+}
+
+long listingWithoutKinds(const SystemCall& call) {
+    auto* buffer = reinterpret_cast<char*>(call.arguments[1]); // NOLINT(performance-no-int-to-ptr)
+    const long length = ::syscall(SYS_getdents64, call.arguments[0], buffer, call.arguments[2]);
+    for (long at = 0; at < length;) {
+        auto* item = reinterpret_cast<dirent64*>(buffer + at);
+        item->d_type = DT_UNKNOWN;
+        at += item->d_reclen;
+    }
+    return length;
 }
 
 } // namespace tarvolt::testing

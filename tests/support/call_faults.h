@@ -31,4 +31,7 @@ std::optional<std::string> withCallsAnswered(const std::vector<int>& numbers, co
 /// Answers every call with this error.
 CallAnswer refuseWith(int errorNumber);
 
+/// The answer to getdents64 of a file system that does not say in its listing what an entry is.
+long listingWithoutKinds(const SystemCall& call);
+
 } // namespace tarvolt::testing
