@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <string>
 
@@ -40,6 +41,18 @@ TEST_F(PosixState, ChangesWhenAFileIsWrittenToOrReplaced) {
     folder.write("b", "54321");
     std::filesystem::rename(folder / "b", file);
     EXPECT_NE(state("a")->identity, before->identity);
+}
+
+TEST_F(PosixState, TellsTwoWritesOfOneSecondApart) {
+    using std::chrono::nanoseconds;
+    const auto file = folder.write("a", "12345");
+    const std::filesystem::file_time_type second{};
+    std::filesystem::last_write_time(file, second);
+    const auto before = state("a");
+    std::filesystem::last_write_time(file, second + nanoseconds(1000));
+    const auto after = state("a");
+    EXPECT_EQ(after->modified - before->modified, 1000);
+    EXPECT_NE(before, after);
 }
 
 TEST_F(PosixState, LooksAtALinkItselfAndKeepsIdentityThroughAMove) {
