@@ -44,6 +44,13 @@ TEST(ProjectRowTexts, SayTheWholeRowInOneSentence) {
     EXPECT_EQ(projectRowSentence(project(false), false, "en_US"), "Slow Glass, 0 files, 48 KB, No data folder");
 }
 
+TEST(ProjectRowTexts, TellAnEmptyDataFolderFromNone) {
+    auto empty = project(true);
+    empty.fileCount = 0;
+    EXPECT_EQ(projectSymbol(empty), "music.note.list");
+    EXPECT_EQ(projectRowSentence(empty, false, "en_US"), "Slow Glass, 0 files, 3.2 MB");
+}
+
 TEST(ProjectRowTexts, NameTheProjectThatTheButtonRenames) {
     EXPECT_EQ(renameButtonSentence(project(true)), "Rename Slow Glass");
 }
