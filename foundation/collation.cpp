@@ -14,7 +14,7 @@ CaseInsensitiveOrder::CaseInsensitiveOrder(std::string_view locale) : rules_(std
     UErrorCode status = U_ZERO_ERROR;
     rules_->collator.reset(icu::Collator::createInstance(icuLocale(locale), status));
     throwIfFailed(status, "Collator::createInstance");
-    // Each of these is some locale's default the other way, so all are said.
+    // A locale's own rules may have each of these the other way, as Thai has the punctuation, so all are said.
     rules_->collator->setAttribute(UCOL_STRENGTH, UCOL_SECONDARY, status);
     rules_->collator->setAttribute(UCOL_CASE_LEVEL, UCOL_OFF, status);
     rules_->collator->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status);

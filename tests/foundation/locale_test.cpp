@@ -110,6 +110,15 @@ TEST(UserLocale, ReadsNoOtherVariable) {
     EXPECT_EQ(locale.time, "en_US");
 }
 
+// Before those that change the environment, for the process reads it once.
+TEST(CurrentLocale, IsThatOfTheEnvironment) {
+    const UserLocale expected = UserLocale::fromEnvironment();
+    EXPECT_EQ(currentLocale().collate, expected.collate);
+    EXPECT_EQ(currentLocale().characters, expected.characters);
+    EXPECT_EQ(currentLocale().time, expected.time);
+    EXPECT_EQ(currentLocale().numeric, expected.numeric);
+}
+
 class Environment : public ::testing::Test {
 protected:
     void SetUp() override {
