@@ -206,9 +206,9 @@ TEST_F(PosixListing, FailsWhereAnOpenedFolderCannotBeLookedAt) {
     const auto before = open();
     int error = 0;
     const auto blind = [](const testing::SystemCall& call) {
-        return call.text(1).empty() ? std::optional<long>(-EIO) : std::nullopt;
+        return testing::isStatusOfOpenFile(call) ? std::optional<long>(-EIO) : std::nullopt;
     };
-    if (const auto reason = withCallsAnswered({SYS_newfstatat}, blind, [&] {
+    if (const auto reason = withCallsAnswered({SYS_newfstatat, SYS_fstat}, blind, [&] {
             try {
                 disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, [](const DirectoryEntry&) {});
             } catch (const FileError& failure) {

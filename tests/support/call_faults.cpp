@@ -138,6 +138,10 @@ std::optional<std::string> withCallsAnswered(const std::vector<int>& numbers, co
     return std::nullopt;
 }
 
+bool isStatusOfOpenFile(const SystemCall& call) {
+    return call.number == SYS_fstat || (call.number == SYS_newfstatat && call.text(1).empty());
+}
+
 CallAnswer refuseWith(int errorNumber) {
     return [errorNumber](const SystemCall&) { return std::optional<long>(-errorNumber); };
 }

@@ -28,6 +28,9 @@ using CallAnswer = std::function<std::optional<long>(const SystemCall&)>;
 std::optional<std::string> withCallsAnswered(const std::vector<int>& numbers, const CallAnswer& answer,
                                              const std::function<void()>& body);
 
+/// Whether the call asks for the status of an open file, which C libraries do by SYS_fstat or by SYS_newfstatat.
+bool isStatusOfOpenFile(const SystemCall& call);
+
 /// Answers every call with this error.
 CallAnswer refuseWith(int errorNumber);
 
