@@ -2,9 +2,10 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// A panel that stands over the window and takes all its input until the program's state closes it. Its components are
-// not bound, because the toolkit makes the scrim in a context of its own, which bound components refuse.
-T.Popup {
+// A panel that stands over the window and takes all its input until the program's state closes it. Its title is what
+// assistive technology calls it. Its components are not bound, because the toolkit makes the scrim in a context of its
+// own, which bound components refuse.
+T.Dialog {
     id: root
 
     required property color scrim

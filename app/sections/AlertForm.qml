@@ -9,12 +9,13 @@ FocusScope {
     id: root
 
     required property ViewBridge view
+    readonly property alias title: titleLabel.text
 
     objectName: "alertForm"
     implicitHeight: column.implicitHeight
     focus: true
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: title.text
+    Accessible.name: title
     Accessible.description: message.text
     Keys.onEscapePressed: root.view.dismissAlert()
 
@@ -24,7 +25,7 @@ FocusScope {
         spacing: 0
 
         TextLabel {
-            id: title
+            id: titleLabel
             objectName: "alertTitle"
             Layout.fillWidth: true
             text: qsTr("Rename Failed")

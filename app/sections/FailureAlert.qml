@@ -10,6 +10,7 @@ ModalPanel {
     required property ViewBridge view
 
     objectName: "failureAlert"
+    title: (contentItem as AlertForm).title
     width: Theme.alertWidth
     padding: Theme.alertPadding
     visible: view.alertOpen

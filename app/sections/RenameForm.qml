@@ -9,11 +9,10 @@ FocusScope {
     id: root
 
     required property ViewBridge view
+    readonly property alias title: titleLabel.text
 
     objectName: "renameForm"
     focus: true
-    Accessible.role: Accessible.Dialog
-    Accessible.name: title.text
     Keys.onEscapePressed: root.view.cancelRename()
     // Return is the Rename button's wherever no control takes it.
     Keys.onReturnPressed: event => root.pressRename(event.isAutoRepeat)
@@ -42,7 +41,7 @@ FocusScope {
             spacing: Theme.sheetTitleSpacing
 
             TextLabel {
-                id: title
+                id: titleLabel
                 objectName: "sheetTitle"
                 text: qsTr("Rename Project")
                 font: Theme.title2

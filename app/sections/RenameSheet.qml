@@ -12,6 +12,7 @@ ModalPanel {
     readonly property RenameForm form: contentItem as RenameForm
 
     objectName: "renameSheet"
+    title: form.title
     width: Theme.sheetWidth
     height: Theme.sheetHeight
     padding: Theme.sheetPadding
