@@ -56,7 +56,8 @@ ColumnLayout {
             clip: contentHeight > height
             contentHeight: lines.implicitHeight + 2 * Theme.previewPadding
             boundsBehavior: Flickable.StopAtBounds
-            activeFocusOnTab: contentHeight > height
+            // While it has the focus it must stay where Tab can be.
+            activeFocusOnTab: contentHeight > height || activeFocus
             Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
             T.ScrollBar.vertical: ScrollThumb {

@@ -153,6 +153,27 @@ TEST_F(KeyboardTest, TabStaysInTheSheet) {
     }
 }
 
+TEST_F(KeyboardTest, ALongPreviewScrollsByKeysAndMayBecomeShortOrGoWhileItHasTheFocus) {
+    choose(2);
+    openSheet(0);
+    for (const QString& name : {QStringLiteral("short"), QStringLiteral("Song 0"), QString()}) {
+        w.bridge->setNewName(QString(240, u'x'));
+        w.settle();
+        w.find("newNameField")->forceActiveFocus();
+        w.press(Qt::Key_Tab);
+        EXPECT_EQ(w.focused(), "previewArea");
+        w.press(Qt::Key_End);
+        EXPECT_GT(w.find("previewArea")->property("contentY").toDouble(), 0);
+        w.bridge->setNewName(name);
+        w.settle();
+        w.press(Qt::Key_Tab);
+        EXPECT_EQ(focusedName(), "Cancel") << name.toStdString();
+    }
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_FALSE(w.bridge->sheetOpen());
+}
+
 TEST_F(KeyboardTest, ReturnAndKeypadEnterInTheFieldRenameOnce) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         SceneWindow window;
@@ -262,6 +283,25 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheRenamedRowJustInSight) {
     EXPECT_EQ(focusedName(), "Rename Zebra");
     EXPECT_TRUE(w.window->activeFocusItem()->property("visualFocus").toBool());
     EXPECT_TRUE(w.box("projectList").contains(SceneWindow::boxOf(w.window->activeFocusItem())));
+}
+
+TEST_F(KeyboardTest, TheRescanMayComeWhileTheSheetStillFades) {
+    choose(8);
+    w.bridge->setSearchText("Song 3");
+    w.settle();
+    QString name = "Song 3";
+    for (int wait = 0; wait <= 150; wait += 10) {
+        w.click("rowButton");
+        w.settle();
+        name += 'x';
+        w.find("newNameField")->setProperty("text", name);
+        w.press(Qt::Key_Return);
+        QTest::qWait(wait);
+        w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+        QTest::qWait(wait); // the list is empty
+        w.settle();
+        EXPECT_EQ(focusedName(), "Rename " + name) << wait;
+    }
 }
 
 TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheListWhereTheNewNameIsNotListed) {
