@@ -16,12 +16,17 @@ from driver import Program
 
 class WindowTest(unittest.TestCase):
     characters = ""
+    palette = "light"
+    fontSize = 10
+    # Further variables of the environment.
+    environment = {}
     screen = (1280, 900)
     # Words in front of the program's path on its command line.
     before = ()
 
     def setUp(self):
-        self.desktop = self.enterContext(Desktop(size=self.screen, characters=self.characters))
+        desktop = Desktop(self.palette, self.screen, self.fontSize, self.characters, self.environment)
+        self.desktop = self.enterContext(desktop)
         self.errors = self.desktop.folder / "errors"
         self.folder = self.desktop.home / "Projects"
         sample.make(self.folder)

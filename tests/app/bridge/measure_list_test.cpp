@@ -100,6 +100,23 @@ TEST_F(MeasureListTest, ALongNameIsCutAtItsEndAndTheButtonStays) {
     EXPECT_EQ(SceneWindow::boxOf(inRow(0, "rowButton")).x(), SceneWindow::boxOf(inRow(1, "rowButton")).x());
 }
 
+TEST_F(MeasureListTest, NamesOfEveryScriptAreOnTheLeftAndNeverMarkup) {
+    const std::string names[] = {"<b>bold</i> &amp;", "line\nbreak", "\u05E9\u05DC\u05D5\u05DD", "\u0645\u0634\u0631"};
+    for (const std::string& name : names) {
+        std::vector<MPCProject> projects(1);
+        projects[0].id = UUID::random();
+        projects[0].baseName = name;
+        w.view->scanner->folderURL.set("/p");
+        w.view->scanner->projects.set(projects);
+        w.settle();
+        EXPECT_EQ(m.property("rowName", "effectiveHorizontalAlignment").toInt(), Qt::AlignLeft) << name;
+        EXPECT_EQ(m.property("rowName", "textFormat").toInt(), Qt::PlainText) << name;
+        EXPECT_EQ(m.lines("rowName"), 1) << name;
+        QString shown = QString::fromStdString(name);
+        EXPECT_EQ(m.text("rowName"), shown.replace('\n', ' ')) << name;
+    }
+}
+
 TEST_F(MeasureListTest, AClickBesideTheButtonDoesNothing) {
     w.addProjects(2);
     w.choose();

@@ -1,0 +1,60 @@
+"""What the desktop sets: its colours, its fonts, the language of its numbers and times."""
+
+import case
+
+
+class DarkDesktop(case.WindowTest):
+    palette = "dark"
+
+    def testHasADarkWindow(self):
+        self.choose(self.folder)
+        self.scans(1)
+        frame = self.program.find("frame").box
+        picture = self.picture("dark-list")
+        row = self.program.find("button", "Rename Blue Hour").box
+        self.assertEqual(picture.pixel(2, 2), "#242424", "the window")
+        self.assertEqual(picture.pixel(row[0] - frame[0] - 4, row[1] - frame[1]), "#2e2e2e", "the card")
+        self.openSheet("Blue Hour")
+        self.program.type("Red Hour")
+        self.program.find("label", "Red Hour.xpj")
+        title = self.program.find("label", "Rename Project").box
+        sheet = self.picture("dark-sheet")
+        self.assertEqual(sheet.pixel(title[0] - frame[0] - 4, title[1] - frame[1]), "#2d2d2d", "the sheet")
+
+
+class LargeFontDesktop(case.WindowTest):
+    fontSize = 15
+
+    def testHasLargeTexts(self):
+        self.choose(self.folder)
+        self.scans(1)
+        self.picture("large-font-list")
+        # 15 points are 20 pixels, and a line is a fifth to a half higher.
+        self.assertIn(self.program.find("label", "Tarvolt").box[3], range(24, 31))
+        self.openSheet("Blue Hour")
+        self.program.type("Red Hour")
+        self.program.find("label", "Red Hour.xpj")
+        self.picture("large-font-sheet")
+        self.program.key("Return")
+        self.program.find("button", "Rename Red Hour")
+
+
+class ForeignDesktop(case.WindowTest):
+    environment = {"LC_NUMERIC": "de_DE.UTF-8", "LC_TIME": "ar_EG.UTF-8"}
+
+    def testWritesNumbersAndTimesInTheUsersOwnWay(self):
+        many = self.folder / "Sketch 014_[ProjectData]"
+        many.mkdir()
+        for index in range(1234):
+            (many / f"{index}.wav").touch()
+        self.choose(self.folder)
+        self.scans(1)
+        sentences = [row.name for row in self.program.elements("list item")]
+        self.assertIn("Cold Storage, 212 files, 1,07 GB", sentences)
+        self.assertRegex(sentences[4], "^Sketch 014, 1.234 files, [0-9]+ KB$")
+        self.assertRegex("\n".join(sentences[8:]), r"(?m)^Scan complete: 8 project\(s\), [٠-٩]{1,2}:[٠-٩]{2}:[٠-٩]{2} [صم]$")
+        self.picture("numbers-and-times")
+
+
+if __name__ == "__main__":
+    case.main()
