@@ -23,6 +23,18 @@ class Session(case.WindowTest):
         self.program.waitUntilGone("dialog")
         self.program.find("label", "Select Your MPC Projects Folder")
 
+    def testAsksForAFolderAndTakesNoFile(self):
+        self.program.find("button", "Select Folder").click()
+        panel = self.program.find("dialog", "Select the folder containing your MPC projects")
+        words = [(each.role, each.name) for each in panel.descendants() if each.showing]
+        self.assertIn(("label", "Select the folder containing your MPC projects"), words)
+        self.assertIn(("button", "Select Folder"), words)
+        self.typeFolder(self.folder / "Blue Hour.xpj")
+        # Had it been taken, there would be no panel left for the second key.
+        self.program.key("Return", "Escape")
+        self.program.waitUntilGone("dialog")
+        self.program.find("label", "Select Your MPC Projects Folder")
+
     def testShowsTheEmptyStateForAFolderWithoutProjectsAndLeavesIt(self):
         empty = self.desktop.home / "Empty"
         empty.mkdir()
