@@ -29,7 +29,7 @@ protected:
     QColor ink(const QString& button) const { return part(button, "buttonText")->property("color").value<QColor>(); }
 
     void expectLabel(const QString& button, double ratio, QFont::Weight weight) const {
-        const QFont font = part(button, "buttonText")->property("font").value<QFont>();
+        const auto font = part(button, "buttonText")->property("font").value<QFont>();
         EXPECT_NEAR(font.pointSizeF() / QGuiApplication::font().pointSizeF(), ratio, 0.01) << button.toStdString();
         EXPECT_EQ(font.weight(), weight) << button.toStdString();
     }
@@ -163,7 +163,7 @@ TEST_F(MeasureControlsTest, SheetAndAlertStandOverTheWindow) {
     for (QQuickItem* panel : faces) {
         EXPECT_EQ(panel->property("radius").toDouble(), 14);
         expectColour(panel->property("color").value<QColor>(), "#F8F8F8");
-        QObject* border = panel->property("border").value<QObject*>();
+        auto* border = panel->property("border").value<QObject*>();
         EXPECT_EQ(border->property("width").toDouble(), 1);
         expectColour(border->property("color").value<QColor>(), "#000000", 0.1);
     }

@@ -24,7 +24,7 @@ namespace tarvolt::testing {
 class SceneWindow {
 public:
     SceneWindow() {
-        previousHandler = qInstallMessageHandler(fail);
+        previousHandler_ = qInstallMessageHandler(fail);
         scene.disk->addFolder("/p");
         view = ContentView::create(scene.services());
         bridge = std::make_unique<ViewBridge>(view, scene.services());
@@ -45,7 +45,7 @@ public:
 
     SceneWindow(const SceneWindow&) = delete;
     SceneWindow& operator=(const SceneWindow&) = delete;
-    ~SceneWindow() { qInstallMessageHandler(previousHandler); }
+    ~SceneWindow() { qInstallMessageHandler(previousHandler_); }
 
     void addProject(const std::string& name, bool withDataFolder = true) {
         scene.disk->addFile("/p/" + name + ".xpj", "x");
@@ -154,7 +154,7 @@ private:
         }
     }
 
-    QtMessageHandler previousHandler = nullptr;
+    QtMessageHandler previousHandler_ = nullptr;
 };
 
 } // namespace tarvolt::testing
