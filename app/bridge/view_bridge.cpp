@@ -41,7 +41,6 @@ ViewBridge::ViewBridge(std::shared_ptr<ContentView> view, Services services, QOb
 }
 
 void ViewBridge::observe() {
-    const auto& scanner = *view_->scanner;
     const auto soon = [this] { refreshSoon(); };
     const auto listSoon = [this] {
         listDirty_ = true;
@@ -51,8 +50,10 @@ void ViewBridge::observe() {
     auto& scan = *state.scanner;
     subscriptions_.push_back(scan.projects.observe(listSoon));
     subscriptions_.push_back(scan.folderURL.observe(soon));
-    subscriptions_.push_back(scan.isScanning.observe([this, &scanner] {
-        scanEnded_ = scanEnded_ || scanner.isScanning.get();
+    subscriptions_.push_back(scan.isScanning.observe([this, &scan] {
+        if (scan.isScanning.get()) {
+            awaitedRescan_.scanEnded();
+        }
         refreshSoon();
     }));
     subscriptions_.push_back(scan.logEntries.observe(soon));
@@ -200,34 +201,25 @@ void ViewBridge::pressRename() {
 
 void ViewBridge::performRename() {
     // Scheduled before the rescan with the same delay, so it runs just before it.
-    const int attempt = ++attempts_;
-    services_.mainQueue->asyncAfter(rescanDelay, [self = QPointer(this), attempt] {
+    services_.mainQueue->asyncAfter(rescanDelay, [self = QPointer(this), number = awaitedRescan_.begin()] {
         if (ViewBridge* bridge = self.data()) {
-            bridge->awaitRescan(attempt);
+            bridge->awaitedRescan_.due(number);
         }
     });
     view_->performRename(*shownProject_);
     if (!view_->renamingProject.get()) {
-        awaitedName_ = trimWhitespace(view_->newName.get());
-        succeededAttempt_ = attempt;
-        rescanBegun_ = false;
+        awaitedRescan_.succeed(trimWhitespace(view_->newName.get()));
     }
     deriveState();
 }
 
-void ViewBridge::awaitRescan(int attempt) {
-    if (attempt == succeededAttempt_) {
-        rescanBegun_ = true;
-        scanEnded_ = false;
-    }
-}
-
 void ViewBridge::followRescan() {
     // What stands over the list keeps the focus until it closes.
-    const bool listIsOnTop = !sheetOpen_ && !alertOpen_;
-    if (listIsOnTop && rescanBegun_ && scanEnded_ && !view_->scanner->isScanning.get()) {
-        rescanBegun_ = false;
-        emit renamedProjectListed(projects_.rowOf(awaitedName_));
+    if (sheetOpen_ || alertOpen_ || view_->scanner->isScanning.get()) {
+        return;
+    }
+    if (const auto name = awaitedRescan_.take()) {
+        emit renamedProjectListed(projects_.rowOf(*name));
     }
 }
 

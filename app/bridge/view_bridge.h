@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/awaited_rescan.h"
 #include "app/bridge/log_model.h"
 #include "app/bridge/project_list_model.h"
 #include "app/content_view.h"
@@ -10,7 +11,6 @@
 
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 class QQuickItem;
@@ -147,7 +147,6 @@ private:
     void refreshSoon();
     void refresh();
     void deriveState();
-    void awaitRescan(int attempt);
     void followRescan();
     Header makeHeader() const;
     Sheet makeSheet(const MPCProject& project) const;
@@ -170,11 +169,7 @@ private:
     bool refreshPosted_ = false;
     bool listDirty_ = false;
 
-    int attempts_ = 0;
-    int succeededAttempt_ = 0; ///< the last rename that went well
-    std::string awaitedName_;  ///< what it made
-    bool rescanBegun_ = false; ///< the scan after it has begun
-    bool scanEnded_ = false;   ///< a scan has ended since
+    AwaitedRescan awaitedRescan_;
 
     std::vector<Subscription> subscriptions_;
 };
