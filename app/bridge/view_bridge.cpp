@@ -208,7 +208,7 @@ void ViewBridge::performRename() {
     });
     view_->performRename(*shownProject_);
     if (!view_->renamingProject.get()) {
-        awaitedRescan_.succeed(trimWhitespace(view_->newName.get()));
+        awaitedRescan_.succeed(std::string(trimWhitespace(view_->newName.get())));
     }
     deriveState();
 }
