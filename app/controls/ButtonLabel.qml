@@ -34,6 +34,7 @@ Item {
             id: label
             objectName: "buttonText"
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.ceil(implicitWidth) // With a fraction it would be centred a pixel too far to the right.
             visible: text !== ""
             text: root.text
             font: root.font

@@ -26,6 +26,8 @@ Item {
             id: label
             objectName: "scanLabel"
             anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.ceil(implicitWidth) // A fraction would be rounded once by the label and once by the column.
+            horizontalAlignment: Text.AlignHCenter
             text: qsTr("Scanning...")
             color: Theme.secondary
             silent: true
