@@ -15,6 +15,9 @@ KNOWN = {"projects", "projects/Bystander.xpj"}.union(
     *({f"projects/{name}.xpj", f"projects/{name}{DATA}", f"projects/{name}{DATA}/deep",
        *(f"projects/{name}{DATA}/{sample}" for sample in SAMPLES)} for name in (OLD, NEW)))
 
+# Between threads, and around the random numbers of newer C libraries: neither concerns the folder nor can it fail.
+THE_LIBRARYS_OWN = ("futex", "rt_sigprocmask")
+
 A_HANG = 60  # seconds; a rename takes a tenth of one
 
 # The file systems that the rename is tried on: the one below, and those that the shim makes of it by refusing calls, as
@@ -85,7 +88,7 @@ def calls_of(programs, shim):
         numbers[name] = numbers.get(name, 0) + 1
         if begun and name == "write" and line.startswith("write(1,"):
             break
-        if begun and name != "futex":
+        if begun and name not in THE_LIBRARYS_OWN:
             calls.append(Call(name, numbers[name], line))
         begun = begun or line.startswith('write(1, "begin')
     while calls[-1].name == "getrandom":
