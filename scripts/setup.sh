@@ -50,8 +50,8 @@ needPackages() {
     release=$(debianRelease)
     if [ -z "$release" ]; then
         names=$(packagesOf '' "$@" | tr '\n' ' ')
-        fail "this sets itself up on Debian 12 and 13 only; elsewhere, install what these Debian packages hold and build" \
-            "with CMake as README.md shows: $names"
+        fail "this sets itself up on Debian 12 and 13 only; elsewhere, install what these Debian packages hold and" \
+            "build with CMake as README.md shows: $names"
     fi
     missing=$(packagesOf "$release" "$@" | missingOf)
     [ -n "$missing" ] || return 0
@@ -68,9 +68,9 @@ needPackages() {
     "${asRoot[@]}" apt-get update </dev/null >"$log" 2>&1 || true
     "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
         -o DPkg::Lock::Timeout=120 "$@" </dev/null >>"$log" 2>&1 || {
-        grep '^E: ' "$log" | tail -n 5 >&2
-        fail "the packages could not be installed; read $log, mend what apt-get says there (mostly the network or" \
-            "/etc/apt/sources.list) and start again"
+        grep '^E: ' "$log" | tail -n 5 >&2 || tail -n 3 "$log" >&2
+        fail "the packages could not be installed; read $log, mend what it says there (mostly the network," \
+            "/etc/apt/sources.list or the right to use sudo) and start again"
     }
 }
 
@@ -97,7 +97,8 @@ build() {
     configure "$preset"
     [ $# -eq 0 ] || targets=(--target "$@")
     # The toolkit's compilers complain about any locale that is not UTF-8, once for each file.
-    LC_ALL=C.UTF-8 cmake --build --preset "$preset" "${targets[@]}" || fail "the build in build/$preset failed; its first error stands above"
+    LC_ALL=C.UTF-8 cmake --build --preset "$preset" "${targets[@]}" ||
+        fail "the build in build/$preset failed; its first error stands above"
 }
 
 # runTests PRESET [CTEST OPTION...]: runs the built tests and says last how many passed and failed. False when one

@@ -6,8 +6,10 @@ import subprocess
 import tempfile
 import unittest
 from pathlib import Path
+from shlex import quote
 
 project = Path(__file__).resolve().parents[2]
+library = quote(f"{project}/scripts/setup.sh")
 
 packageList = """\
 # A comment, and an empty line below.
@@ -58,7 +60,7 @@ class Setup(unittest.TestCase):
     def run_(self, script):
         """Runs `script` after the library, in a folder of its own; answers with status, output and calls."""
         result = subprocess.run(
-            ["/bin/bash", "-euo", "pipefail", "-c", f". {project}/scripts/setup.sh\n{script}", "./test"],
+            ["/bin/bash", "-euo", "pipefail", "-c", f". {library}\n{script}", "./test"],
             cwd=self.folder,
             env={"PATH": f"{self.commands}:{self.tools}", "packageList": "packages.txt", "osRelease": "os-release"},
             stdin=subprocess.DEVNULL,
@@ -75,8 +77,9 @@ class Setup(unittest.TestCase):
         self.assertEqual(self.run_("packagesOf trixie lint")[1], "shellcheck\n")
 
     def testReadsTheProjectsOwnListForBothReleases(self):
+        packages = quote(f"{project}/packaging/packages.txt")
         for release in ("bookworm", "trixie"):
-            _, output, _ = self.run_(f"packageList={project}/packaging/packages.txt packagesOf {release} build run drive test lint")
+            _, output, _ = self.run_(f"packageList={packages} packagesOf {release} build run drive test lint")
             names = output.split()
             self.assertIn("qt6-declarative-dev", names)
             self.assertEqual(len(names), len(set(names)), f"a package is named twice for {release}")
@@ -111,7 +114,8 @@ class Setup(unittest.TestCase):
         self.assertEqual((status, calls), (1, []))
         self.assertEqual(
             output,
-            "test: packages are missing and sudo is too; as root, run: apt-get install --no-install-recommends shellcheck\n",
+            "test: packages are missing and sudo is too; as root, run: "
+            "apt-get install --no-install-recommends shellcheck\n",
         )
 
     def testSaysWhatToDoWhenTheInstallationFails(self):
@@ -121,20 +125,30 @@ class Setup(unittest.TestCase):
         self.assertIn("E: Unable to locate package shellcheck\n", output)
         self.assertIn("test: the packages could not be installed; read build/packages.log", output)
 
+    def testSaysWhatToDoWhereSudoRefuses(self):
+        self.userIs(1000)
+        self.command("sudo", 'echo "mara is not in the sudoers file." >&2; exit 1')
+        status, output, _ = self.run_("needPackages lint")
+        self.assertEqual(status, 1)
+        self.assertIn("mara is not in the sudoers file.\n", output)
+        self.assertIn("test: the packages could not be installed; read build/packages.log", output)
+
     def testNamesThePackagesAndStopsOnAnotherDistribution(self):
         for name, codeName in (("fedora", ""), ("ubuntu", "noble"), ("debian", "bullseye")):
             with self.subTest(name=name):
                 self.system(name, codeName)
                 status, output, calls = self.run_("needPackages build run; echo went on")
                 self.assertEqual((status, calls), (1, []))
-                self.assertRegex(output, r"^test: this sets itself up on Debian 12 and 13 only; .*: cmake window-module \n$")
+                self.assertRegex(output, "^test: this sets itself up on Debian 12 and 13 only; ")
+                self.assertRegex(output, ": cmake window-module \n$")
 
     def testStopsWhereTheSystemDoesNotSayWhatItIs(self):
         (self.folder / "os-release").unlink()
         self.assertEqual(self.run_("needPackages build")[0], 1)
 
     def testConfiguresOnceAndAgainWhenThePresetsChangedOrTheFolderMoved(self):
-        self.command("cmake", 'mkdir -p build/dev; echo "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" >build/dev/CMakeCache.txt; : >build/dev/build.ninja')
+        home = 'echo "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" >build/dev/CMakeCache.txt'
+        self.command("cmake", f"mkdir -p build/dev; {home}; : >build/dev/build.ninja")
         presets = self.folder / "CMakePresets.json"
         presets.write_text("{}")
         os.utime(presets, (1, 1))
@@ -162,8 +176,8 @@ class Setup(unittest.TestCase):
         self.assertNotIn("went on", output)
 
     def counted(self, ctestStatus, *cases):
-        report = "<testsuite>" + "".join(f'\n<testcase name="x" status="{case}">\n{inner}</testcase>' for case, inner in cases)
-        (self.folder / "report").write_text(report + "\n</testsuite>\n")
+        report = "".join(f'<testcase name="x" status="{case}">\n{inner}</testcase>\n' for case, inner in cases)
+        (self.folder / "report").write_text(f"<testsuite>\n{report}</testsuite>\n")
         (self.folder / "build/dev").mkdir(parents=True, exist_ok=True)
         self.command("ctest", f'for a; do case $a in */tests.xml) cp report "$a" ;; esac; done; exit {ctestStatus}')
         status, output, _ = self.run_("runTests dev")
