@@ -57,7 +57,8 @@ def why_not(work):
 
 
 def copies_at_each_call(programs, work, shim):
-    """Runs one rename and copies the image before each call that writes, and at the end: [(call, copy)]."""
+    """Runs one rename and copies the image before each call that writes, and at the end: [(call, copy)]; and what the
+    rename said."""
     image = f"{work}/disk"
     make_image(image)
     copies = []
@@ -75,13 +76,14 @@ def copies_at_each_call(programs, work, shim):
         while (call := rename.next_call()) is not None:
             if call.split()[0] in ("write", "fsync", "linkat", "renameat2", "unlinkat"):
                 copy(call)
-        rename.result()
+        message = rename.result()
         copy("the end")
-    return copies
+    return copies, message
 
 
 def faults_of(programs, work, shim):
-    faults, states, copies = [], [], copies_at_each_call(programs, work, shim)
+    copies, message = copies_at_each_call(programs, work, shim)
+    faults, states = [] if message == "renamed" else [f"the rename does not go well of itself: {message}"], []
     for call, path in copies:
         with Image(path) as folder:
             state = clean_state(folder)
@@ -107,6 +109,8 @@ if __name__ == "__main__":
         if not faults_of(PROGRAMS, WORK, "stop,no-fsync")[0]:
             sys.exit("a rename that brings nothing to the disk itself went unnoticed: this check finds nothing")
         FAULTS, STATES = faults_of(PROGRAMS, WORK, "stop")
+        if list(dict.fromkeys(STATES)) != ["1", "2", "3", "4"]:
+            FAULTS.append("not every clean state came up, in their order")
         verdict(FAULTS, f"{len(STATES)} power cuts, clean states {' '.join(STATES)}")
     finally:
         shutil.rmtree(WORK)

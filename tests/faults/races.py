@@ -97,7 +97,7 @@ def lost(folder, before):
 def is_whole(folder):
     """The project's text and its samples are there, under the old or the new name, wherever they were put."""
     places = [folder.projects, f"{folder.path}/moved projects", folder.path]
-    texts = [read(path) for place in places for path in (f"{place}/{OLD}.xpj", f"{place}/{NEW}.xpj", f"{place}/kept.xpj")]
+    texts = [read(f"{place}/{name}.xpj") for place in places for name in (OLD, NEW, "kept")]
     data = [f"{folder.path}/moved away"] + [f"{place}/{name}{DATA}" for place in places for name in (OLD, NEW)]
     has_data = any(all(read(f"{at}/{sample}") == bytes_ for sample, bytes_ in SAMPLES.items()) for at in data)
     return has_data, TEXT in texts or NEW_TEXT in texts
@@ -146,6 +146,7 @@ def one_race(programs, plant, act, at):
 
 
 def races(programs, plant=None, acts=None):
+    """The faults, how many races there were, and how many of them were won in the last window."""
     faults, count = [], 0
     for act in acts or ACTS:
         at = 1
@@ -153,7 +154,7 @@ def races(programs, plant=None, acts=None):
             faults += found
             count += 1
             at += 1
-    return faults, count
+    return [fault for fault in faults if fault != "last window"], count, faults.count("last window")
 
 
 if __name__ == "__main__":
@@ -162,7 +163,5 @@ if __name__ == "__main__":
                       ("blind-identity", replace_new_file_before_the_roll_back)):
         if not races(PROGRAMS, PLANT, [ACT])[0]:
             sys.exit(f"the planted fault {PLANT} went unnoticed: this check finds nothing")
-    FAULTS, COUNT = races(PROGRAMS)
-    LAST = FAULTS.count("last window")
-    verdict([fault for fault in FAULTS if fault != "last window"],
-            f"{COUNT} races, {LAST} of them won in the last window")
+    FAULTS, COUNT, LAST = races(PROGRAMS)
+    verdict(FAULTS, f"{COUNT} races, {LAST} of them won in the last window")
