@@ -73,12 +73,16 @@ def clean_state(folder):
     return state or f"old file {old is not None}, new file {new is not None}, data {at_old} {at_new}"
 
 
+# Both as seen from the folder of the programs: the path of a library to preload can hold no blank.
+PROGRAM, SHIM = "./tarvolt_rename_once", "./libtarvolt_call_shim.so"
+
+
 class Run:
     """The rename program under the shim, in the mode `shim`; with "stop" it is driven from call to call."""
 
     def __init__(self, programs, folder, shim, new=NEW):
-        environment = dict(os.environ, LD_PRELOAD=f"{programs}/libtarvolt_call_shim.so", TARVOLT_SHIM=shim)
-        self.process = subprocess.Popen([f"{programs}/tarvolt_rename_once", folder, OLD, new], env=environment,
+        environment = dict(os.environ, LD_PRELOAD=SHIM, TARVOLT_SHIM=shim)
+        self.process = subprocess.Popen([PROGRAM, folder, OLD, new], cwd=programs, env=environment,
                                         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.calls = []
 

@@ -1,4 +1,4 @@
-"""The rename program under strace: which system calls it makes, and what comes of it when one of them is tampered with."""
+"""The rename program under strace: which system calls it makes, and what comes of it when one is tampered with."""
 
 import concurrent.futures
 import os
@@ -7,7 +7,7 @@ import signal
 import subprocess
 import sys
 
-from rename_case import DATA, NEW, OLD, SAMPLES, Folder, clean_state, tree
+from rename_case import DATA, NEW, OLD, PROGRAM, SAMPLES, SHIM, Folder, clean_state, tree
 
 SKIPPED = 77
 # What may be there at any time; clean_state says which of it must be there at which.
@@ -45,9 +45,9 @@ class Outcome:
 def traced(programs, shim, *options):
     """One rename in a folder of its own, traced with these options; its outcome."""
     with Folder() as folder:
-        environment = ["-E", f"LD_PRELOAD={programs}/libtarvolt_call_shim.so", "-E", f"TARVOLT_SHIM={shim}"]
-        process = subprocess.Popen(["strace", "-qq", *options, *environment, f"{programs}/tarvolt_rename_once",
-                                    folder.projects, OLD, NEW], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+        environment = ["-E", f"LD_PRELOAD={SHIM}", "-E", f"TARVOLT_SHIM={shim}"]
+        process = subprocess.Popen(["strace", "-qq", *options, *environment, PROGRAM, folder.projects, OLD, NEW],
+                                   cwd=programs, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                    stderr=subprocess.DEVNULL, start_new_session=True)
         try:
             output, _ = process.communicate(timeout=A_HANG)

@@ -1,7 +1,7 @@
 """What the window tests have in common: a desktop, a folder of projects and the program, new for each test.
 
-The program's path comes from the environment (TARVOLT), as the folder for pictures does (TARVOLT_PICTURES), the test's
-name from the command line.
+The program's path comes from the environment (TARVOLT), as the folder for pictures (TARVOLT_PICTURES) and the library
+of holding_shim.cpp (TARVOLT_SHIM) do, the test's name from the command line.
 """
 
 import os
@@ -23,13 +23,14 @@ class WindowTest(unittest.TestCase):
     screen = (1280, 900)
     # Words in front of the program's path on its command line.
     before = ()
-    # What the toolkit may say on standard error, a pattern of whole lines. Its own folder panel says this when assistive
-    # technology walks its rows while they come or go.
+    # What the toolkit may say on standard error, a pattern of whole lines. Its own folder panel says this when
+    # assistive technology walks its rows while they come or go.
     toolkitsWords = r"QAccessible(?:Table|Tree)::\w+: [Ii]nvalid index.*\n"
 
     def setUp(self):
         desktop = Desktop(self.palette, self.screen, self.fontSize, self.characters, self.environment)
         self.desktop = self.enterContext(desktop)
+        (self.desktop.folder / "holding_shim.so").symlink_to(os.environ["TARVOLT_SHIM"])
         self.errors = self.desktop.folder / "errors"
         self.folder = self.desktop.home / "Projects"
         sample.make(self.folder)

@@ -3,8 +3,9 @@
 import errno
 import os
 
-# The words in front of the program's path that put the library before it.
-before = ("env", f"LD_PRELOAD={os.environ.get('TARVOLT_SHIM', '')}")
+# The words in front of the program's path that put the library before it, by the link that case.py makes to it: the
+# path of a library to preload can hold no blank.
+before = ("env", "LD_PRELOAD=../holding_shim.so")
 
 
 class Hold:
