@@ -4,7 +4,8 @@ qt_standard_project_setup()
 
 file(GLOB bridge_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp")
 file(GLOB bridge_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.h")
-file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
+file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
+     "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
 set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
@@ -28,8 +29,8 @@ target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/b
 
 # The texts of the window. tarvolt_en.ts is the template for other languages: the target tarvolt_texts brings it up to
 # date, and a test tells when that has been forgotten. Each tarvolt_<language>.ts beside it is built in.
-file(GLOB text_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/sections/*.cpp"
-     "${PROJECT_SOURCE_DIR}/model/*.cpp")
+file(GLOB text_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp"
+     "${CMAKE_CURRENT_SOURCE_DIR}/sections/*.cpp" "${PROJECT_SOURCE_DIR}/model/*.cpp")
 list(TRANSFORM qml_files PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE text_qml)
 set(TARVOLT_LUPDATE
     Qt6::lupdate -silent -no-obsolete -locations none -source-language en -tr-function-alias translate+=localized

@@ -5,17 +5,19 @@ file(GLOB support CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/support/fake_*.
 list(FILTER support EXCLUDE REGEX "_test\\.cpp$")
 add_executable(tarvolt_window_tests ${bridge_tests} ${support})
 target_link_libraries(tarvolt_window_tests PRIVATE tarvolt_window tarvolt_windowplugin GTest::gmock Qt6::Test)
-gtest_discover_tests(tarvolt_window_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+gtest_discover_tests(tarvolt_window_tests DISCOVERY_TIMEOUT 60
+                     PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 
 add_subdirectory(window)
 
 # The template of the texts says what the program says.
 get_directory_property(lupdate DIRECTORY "${PROJECT_SOURCE_DIR}/app" DEFINITION TARVOLT_LUPDATE)
+set(template "${PROJECT_SOURCE_DIR}/app/translations/tarvolt_en.ts")
 set(texts "${CMAKE_CURRENT_BINARY_DIR}/tarvolt_en.ts")
-add_test(NAME texts.Copy COMMAND "${CMAKE_COMMAND}" -E copy "${PROJECT_SOURCE_DIR}/app/translations/tarvolt_en.ts" "${texts}")
+add_test(NAME texts.Copy COMMAND "${CMAKE_COMMAND}" -E copy "${template}" "${texts}")
 add_test(NAME texts.Update COMMAND ${lupdate} "${texts}")
 add_test(NAME texts.TheTemplateIsUpToDate
-         COMMAND "${CMAKE_COMMAND}" -E compare_files "${texts}" "${PROJECT_SOURCE_DIR}/app/translations/tarvolt_en.ts")
+         COMMAND "${CMAKE_COMMAND}" -E compare_files "${texts}" "${template}")
 set_tests_properties(texts.Copy PROPERTIES FIXTURES_SETUP texts_copied)
 set_tests_properties(texts.Update PROPERTIES FIXTURES_SETUP texts_updated FIXTURES_REQUIRED texts_copied)
 set_tests_properties(texts.TheTemplateIsUpToDate PROPERTIES FIXTURES_REQUIRED texts_updated)

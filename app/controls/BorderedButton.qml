@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// The platform's usual button: a raised face with a thin border. Small ones stand in rows; with a symbol it has no text.
+// The platform's usual button: a raised face with a thin border. Small ones stand in rows; with a symbol it has no
+// text.
 PressButton {
     id: root
 
@@ -41,7 +42,10 @@ PressButton {
             objectName: "face"
             anchors.fill: parent
             radius: root.cornerRadius
-            color: !root.enabled ? Theme.faceDisabled : root.down ? Theme.facePressed : root.hovered ? Theme.faceHover : Theme.face
+            color: !root.enabled ? Theme.faceDisabled
+                : root.down ? Theme.facePressed
+                : root.hovered ? Theme.faceHover
+                : Theme.face
             borderWidth: Theme.thinBorder
             borderColor: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
 

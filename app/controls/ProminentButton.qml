@@ -27,7 +27,10 @@ PressButton {
     background: BoxItem {
         objectName: "face"
         radius: root.cornerRadius
-        color: !root.enabled ? Theme.prominentDisabled : root.down ? Theme.prominentPressed : root.hovered ? Theme.prominentHover : Theme.prominent
+        color: !root.enabled ? Theme.prominentDisabled
+            : root.down ? Theme.prominentPressed
+            : root.hovered ? Theme.prominentHover
+            : Theme.prominent
 
         Behavior on color {
             // Known before the colour changes: a press shows at once.

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// A text as it stands, never taken for markup, on the left in whatever script it is. Read out unless it is part of something that speaks for it.
+// A text as it stands, never taken for markup, on the left in whatever script it is. Read out unless it is part of
+// something that speaks for it.
 Text {
     id: root
 

@@ -11,7 +11,8 @@ Item {
     required property string sizeText
     required property string warningText // empty for none
 
-    implicitWidth: Math.ceil(fileCount.width + Theme.detailSpacing + size.width + (warning.visible ? Theme.detailSpacing + warning.width : 0))
+    implicitWidth: Math.ceil(fileCount.width + Theme.detailSpacing + size.width
+        + (warning.visible ? Theme.detailSpacing + warning.width : 0))
     implicitHeight: (warning.visible ? warning.y : size.y) + fileCount.height
 
     DetailLabel {

@@ -10,7 +10,10 @@ Item {
 
     required property ViewBridge view
 
-    implicitHeight: Math.max(Math.ceil(titleMetrics.height) + Theme.headerTitleSpacing + Math.ceil(pathMetrics.height), Theme.buttonHeight) + 2 * Theme.edge
+    readonly property real titlesHeight: Math.ceil(titleMetrics.height) + Theme.headerTitleSpacing
+        + Math.ceil(pathMetrics.height)
+
+    implicitHeight: Math.max(titlesHeight, Theme.buttonHeight) + 2 * Theme.edge
 
     FontMetrics {
         id: titleMetrics

@@ -9,7 +9,7 @@ FocusScope {
 
     required property ViewBridge view
     readonly property real cardTop: {
-        const above = (searchBar.visible ? searchBar.y + searchBar.height + Theme.searchBottom : 0) + (indicator.visible ? indicator.height : 0);
+        const above = indicator.y + (indicator.visible ? indicator.height : 0);
         return above + (searchBar.visible ? Theme.listTop : Theme.edge);
     }
 

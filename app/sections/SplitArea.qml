@@ -26,7 +26,10 @@ FocusScope {
         x: parent.width - root.logWidth - width
         height: parent.height
         z: 1
-        onMoved: distance => root.wantedLogWidth = root.view.allowedLogWidth(root.logWidth - distance, root.width - divider.width)
+        onMoved: distance => {
+            const wanted = root.logWidth - distance;
+            root.wantedLogWidth = root.view.allowedLogWidth(wanted, root.width - divider.width);
+        }
     }
 
     LogView {

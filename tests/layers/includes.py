@@ -13,7 +13,9 @@ from pathlib import Path
 
 layers = ["foundation", "model", "rename", "app", "app/bridge", "app/main.cpp"]
 
-include = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE)
+include = re.compile(
+    r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE
+)
 standard = re.compile(r"[a-z_0-9]+")
 toolkit = re.compile(r"Q[A-Za-z0-9/_.]+")
 foundationOnly = re.compile(r"unicode/.+|[a-z_0-9/]+\.h")

@@ -126,7 +126,8 @@ class Desktop:
         ]
         sections.append(f"[Colors:Selection]\nBackgroundNormal={selection}\nForegroundNormal=255,255,255\n")
         sections.append("[KDE]\nCursorBlinkRate=0\n")
-        sections.append(f"[General]\nfont=Inter,{fontSize},-1,5,50,0,0,0,0,0\nfixed=JetBrains Mono,{fontSize},-1,5,50,0,0,0,0,0\n")
+        regular = f"{fontSize},-1,5,50,0,0,0,0,0"
+        sections.append(f"[General]\nfont=Inter,{regular}\nfixed=JetBrains Mono,{regular}\n")
         (config / "kdeglobals").write_text("\n".join(sections))
 
     def _startDisplay(self):

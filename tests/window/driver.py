@@ -72,8 +72,8 @@ class Program:
             raise TimeoutError(f"{error}\n{self.dump()}") from None
 
     def focused(self):
-        """The element that has the keyboard focus, or None. Others say so, too: what it stands in, and, from Qt 6.8 on, the
-        current item of a closed list."""
+        """The element that has the keyboard focus, or None. Others say so, too: what it stands in, and, from Qt 6.8 on,
+        the current item of a closed list."""
 
         def hasFocus(element):
             return element.has("focused") and element.has("focusable") and not element.has("transient")
@@ -86,7 +86,7 @@ class Program:
         self.desktop.input("key", "--delay", "20", *names)
 
     def type(self, text):
-        """Presses the keys of a text; those beyond ASCII must be among the characters that the desktop was made with."""
+        """Presses the keys of a text; those beyond ASCII must be among the characters the desktop was made with."""
         for character in text:
             if not character.isascii() and character not in self.desktop.characters:
                 raise ValueError(f"no key of this desktop has {character!r}")
@@ -105,8 +105,9 @@ class Program:
         """The active window without its frame, once nothing has moved for so many seconds."""
         if hideMouse:
             self.desktop.input("mousemove", *self.desktop.size)
-        window = self.waitFor(lambda: [each for each in Element(self.tree, self).children() if each.has("active")], "a window")
-        return self.desktop.stillPicture(still).cut(*window[-1].box)
+        windows = Element(self.tree, self).children
+        active = self.waitFor(lambda: [each for each in windows() if each.has("active")], "an active window")
+        return self.desktop.stillPicture(still).cut(*active[-1].box)
 
     def dump(self):
         """The accessibility tree as text, for failures."""
@@ -126,7 +127,7 @@ class Program:
 
 
 class Element:
-    """Something in the accessibility tree. What has vanished meanwhile has no name, no state, no size and no children."""
+    """Something in the accessibility tree. What has vanished meanwhile has no name, state, size or children."""
 
     def __init__(self, accessible, program):
         self.accessible, self.program = accessible, program
@@ -197,7 +198,8 @@ class Element:
 
     def actions(self):
         """The names of what assistive technology can do with it."""
-        return [Atspi.Action.get_action_name(self.accessible, i) for i in range(Atspi.Action.get_n_actions(self.accessible))]
+        count = Atspi.Action.get_n_actions(self.accessible)
+        return [Atspi.Action.get_action_name(self.accessible, index) for index in range(count)]
 
     def press(self):
         """The press action that assistive technology calls."""

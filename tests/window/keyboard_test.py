@@ -87,7 +87,9 @@ class Keyboard(case.WindowTest):
         self.scans(1)
         window = self.program.find("frame").box
         pictures = {}
-        for name in ("Rescan", "Change Folder", "Search projects...", "Rename Blue Hour", "Width of the log", "ACTIVITY LOG"):
+        for name in (
+            "Rescan", "Change Folder", "Search projects...", "Rename Blue Hour", "Width of the log", "ACTIVITY LOG"
+        ):
             self.tabTo(name)
             box = self.program.focused().box
             pictures[name] = self.picture(f"focus-on-{name.lower().replace(' ', '-').strip('.')}"), box
@@ -102,7 +104,8 @@ class Keyboard(case.WindowTest):
         self.choose(self.folder)
         self.scans(1)
         self.tabTo("Rename Basement Loops Vol. 2")
-        for key, name in (("End", "Warehouse Loop"), ("Up", case.names[-2]), ("Home", "Basement Loops Vol. 2"), ("Down", "Blue Hour")):
+        first, second, *_, last = case.names
+        for key, name in (("End", last), ("Up", case.names[-2]), ("Home", first), ("Down", second)):
             self.program.key(key)
             self.waitForFocus(f"Rename {name}")
             self.assertInSight(self.program.focused())

@@ -100,7 +100,8 @@ class Reader(case.WindowTest):
         sentences = [row.name for row in self.program.elements("list item")]
         self.assertIn("Cold Storage, 212 files, 1.07 GB", sentences)
         self.assertRegex(sentences[4], "^Sketch 014, 0 files, [0-9]+ KB, No data folder$")
-        self.assertRegex("\n".join(sentences[8:]), r"(?m)^Scan complete: 8 project\(s\), [0-9]+:[0-9]{2}:[0-9]{2} [AP]M$")
+        lines = "\n".join(sentences[8:])
+        self.assertRegex(lines, r"(?m)^Scan complete: 8 project\(s\), [0-9]+:[0-9]{2}:[0-9]{2} [AP]M$")
         self.assertEqual(len(sentences), 10)
 
         self.program.find("button", "Rename Sketch 014").press()

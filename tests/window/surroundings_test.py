@@ -54,7 +54,8 @@ class ForeignDesktop(case.WindowTest):
         sentences = [row.name for row in self.program.elements("list item")]
         self.assertIn("Cold Storage, 212 files, 1,07 GB", sentences)
         self.assertRegex(sentences[4], "^Sketch 014, 1.234 files, [0-9]+ KB$")
-        self.assertRegex("\n".join(sentences[8:]), r"(?m)^Scan complete: 8 project\(s\), [٠-٩]{1,2}:[٠-٩]{2}:[٠-٩]{2} [صم]$")
+        lines = "\n".join(sentences[8:])
+        self.assertRegex(lines, r"(?m)^Scan complete: 8 project\(s\), [٠-٩]{1,2}:[٠-٩]{2}:[٠-٩]{2} [صم]$")
         self.picture("numbers-and-times")
 
 
