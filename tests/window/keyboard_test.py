@@ -128,13 +128,11 @@ class Keyboard(case.WindowTest):
             self.program.find("list item", shown)
             self.program.waitUntilGone("list item", hidden)
 
-    def isInSight(self, element):
-        frame = self.program.find("frame").box
-        box = element.box
-        return frame[1] <= box[1] and box[1] + box[3] <= frame[1] + frame[3]
-
     def assertInSight(self, element):
-        self.assertTrue(self.isInSight(element), f"{element.name} is out of sight")
+        """Nothing of it is scrolled out of the list."""
+        _, top, _, height = self.program.find("list", "Projects").box
+        box = element.box
+        self.assertTrue(top <= box[1] and box[1] + box[3] <= top + height, f"{element.name} is out of sight")
 
 
 if __name__ == "__main__":
