@@ -79,7 +79,7 @@ needPackages() {
 configure() {
     local folder=build/$1
     if [ "$folder/build.ninja" -nt CMakePresets.json ] &&
-        grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$folder/CMakeCache.txt"; then
+        grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$folder/CMakeCache.txt"; then
         return 0
     fi
     echo "Configuring $folder"

@@ -157,6 +157,7 @@ class Setup(unittest.TestCase):
             before = len(self.calls.read_text().splitlines()) if self.calls.exists() else 0
             status, output, calls = self.run_("configure dev")
             self.assertEqual(status, 0, output)
+            self.assertIn(output, ("", "Configuring build/dev\n"))
             return calls[before:]
 
         once = ["cmake --fresh --preset dev"]
@@ -166,6 +167,9 @@ class Setup(unittest.TestCase):
         self.assertEqual(times(), once)
         os.utime(presets, (1, 1))
         (self.folder / "build/dev/CMakeCache.txt").write_text("CMAKE_HOME_DIRECTORY:INTERNAL=/elsewhere\n")
+        self.assertEqual(times(), once)
+        # Broken off in the middle.
+        (self.folder / "build/dev/CMakeCache.txt").unlink()
         self.assertEqual(times(), once)
 
     def testShowsWhyTheConfigurationFailed(self):
