@@ -23,8 +23,6 @@ CaseInsensitiveOrder::CaseInsensitiveOrder(std::string_view locale) : rules_(std
     throwIfFailed(status, "Collator::setAttribute");
 }
 
-CaseInsensitiveOrder::CaseInsensitiveOrder(CaseInsensitiveOrder&&) noexcept = default;
-CaseInsensitiveOrder& CaseInsensitiveOrder::operator=(CaseInsensitiveOrder&&) noexcept = default;
 CaseInsensitiveOrder::~CaseInsensitiveOrder() = default;
 
 int CaseInsensitiveOrder::compare(std::string_view a, std::string_view b) const {

@@ -6,8 +6,6 @@
 
 namespace tarvolt {
 
-enum class LocaleCategory { collate, characters, time, numeric };
-
 /// The user's locale, by category, as identifiers of the text services ("tr_TR", "sr_Latn_RS"). An empty identifier is
 /// the root locale.
 struct UserLocale {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,8 +27,6 @@ bool localizedCaseInsensitiveContains(std::string_view text, std::string_view se
 class CaseInsensitiveOrder {
 public:
     explicit CaseInsensitiveOrder(std::string_view locale);
-    CaseInsensitiveOrder(CaseInsensitiveOrder&&) noexcept;
-    CaseInsensitiveOrder& operator=(CaseInsensitiveOrder&&) noexcept;
     ~CaseInsensitiveOrder();
 
     /// Negative, zero or positive as `a` is before, level with or after `b`.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -20,8 +19,6 @@ struct UUID {
     std::string uuidString() const;
 
     friend bool operator==(const UUID&, const UUID&) = default;
-    // clang-tidy 14 takes the zero that the compiler compares with for a null pointer.
-    friend auto operator<=>(const UUID&, const UUID&) = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// Where a record takes its identity from; tests pass their own.

@@ -2,8 +2,6 @@
 
 #include "foundation/date_formatter.h"
 
-#include <chrono>
-#include <string>
 #include <string_view>
 
 namespace tarvolt {

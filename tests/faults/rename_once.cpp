@@ -10,7 +10,6 @@
 #include <cstdio>
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
+#include <ctime>
 #include <string>
 #include <utility>
 

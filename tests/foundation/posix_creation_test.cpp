@@ -14,7 +14,6 @@
 
 #include <cerrno>
 #include <map>
-#include <new>
 
 namespace tarvolt {
 namespace {

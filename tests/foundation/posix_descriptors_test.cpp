@@ -9,9 +9,7 @@
 
 #include <cerrno>
 #include <cstdint>
-#include <filesystem>
 #include <optional>
-#include <string>
 
 namespace tarvolt {
 namespace {

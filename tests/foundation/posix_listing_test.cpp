@@ -11,8 +11,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <map>
 
 namespace tarvolt {

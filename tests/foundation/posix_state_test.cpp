@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
-#include <string>
+#include <string_view>
 
 namespace tarvolt {
 namespace {

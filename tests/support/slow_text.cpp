@@ -2,8 +2,8 @@
 
 #include "tests/support/utf8_of.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
