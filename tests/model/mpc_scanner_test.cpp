@@ -141,6 +141,17 @@ TEST(ActivityLog, KeepsTheScannerAliveUntilTheLineIsAdded) {
     EXPECT_TRUE(weak.expired());
 }
 
+/// A scanner after the choice of a folder with one project.
+std::shared_ptr<MPCScanner> scannerOfASong(const Scene& scene) {
+    scene.disk->addFolder("/p");
+    scene.disk->addFile("/p/Song.xpj", "x");
+    scene.panel->answer = "/p";
+    auto scanner = MPCScanner::create(scene.services());
+    scanner->selectFolder();
+    scene.settle();
+    return scanner;
+}
+
 TEST(SelectFolder, AsksForOneDirectoryWithItsMessageAndButton) {
     const Scene scene;
     MPCScanner::create(scene.services())->selectFolder();
@@ -155,12 +166,7 @@ TEST(SelectFolder, AsksForOneDirectoryWithItsMessageAndButton) {
 
 TEST(SelectFolder, ChangesNothingWhenItIsCancelled) {
     const Scene scene;
-    scene.disk->addFolder("/p");
-    scene.disk->addFile("/p/Song.xpj", "x");
-    scene.panel->answer = "/p";
-    const auto scanner = MPCScanner::create(scene.services());
-    scanner->selectFolder();
-    scene.settle();
+    const auto scanner = scannerOfASong(scene);
     const auto projects = scanner->projects.get();
     const auto log = messages(*scanner);
     scene.panel->answer.reset();
@@ -217,12 +223,7 @@ TEST(SelectFolder, KeepsTheScannerWhileThePanelIsOpen) {
 
 TEST(SelectFolder, GivesEveryProjectANewIdentityWhenTheSameFolderIsChosenAgain) {
     const Scene scene;
-    scene.disk->addFolder("/p");
-    scene.disk->addFile("/p/Song.xpj", "x");
-    scene.panel->answer = "/p";
-    const auto scanner = MPCScanner::create(scene.services());
-    scanner->selectFolder();
-    scene.settle();
+    const auto scanner = scannerOfASong(scene);
     const auto before = scanner->projects.get();
     scanner->selectFolder();
     scene.settle();

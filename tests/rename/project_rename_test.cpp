@@ -200,29 +200,6 @@ TEST_F(ProjectRename, FailsToReadBeforeItFailsToEncode) {
     EXPECT_EQ(rename("Beat\xff"), "Failed to read file: Song.xpj");
 }
 
-TEST_F(ProjectRename, KeepsAFileThatComesAfterTheExistenceTest) {
-    scene.disk->onCall = [&](const std::string& line) {
-        if (line == "create /p/Beat.xpj") {
-            scene.disk->addFile("/p/Beat.xpj", "of another program");
-        }
-    };
-    EXPECT_EQ(rename("Beat"), "Failed to write file: Beat.xpj");
-    EXPECT_EQ(scene.disk->contents("/p/Beat.xpj"), "of another program");
-    EXPECT_TRUE(scene.disk->fileExists("/p/Song.xpj"));
-}
-
-TEST_F(ProjectRename, RollsBackOnlyTheFileItCreated) {
-    scene.disk->fail("move", EIO);
-    scene.disk->onCall = [&](const std::string& line) {
-        if (line.starts_with("move")) {
-            scene.disk->addFile("/p/Beat.xpj", "of another program");
-        }
-    };
-    EXPECT_EQ(rename("Beat"), "Failed to write file: Could not rename data folder: Input/output error");
-    EXPECT_EQ(scene.disk->contents("/p/Beat.xpj"), "of another program");
-    EXPECT_TRUE(scene.disk->fileExists("/p/Song.xpj"));
-}
-
 // Every message that a rename can show, each by the way that leads to it.
 TEST_F(ProjectRename, ShowsExactlyTheseMessages) {
     EXPECT_EQ(rename("a/b"), "Invalid name: Contains invalid characters: / < > : \" | ? * \\");
