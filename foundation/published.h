@@ -7,11 +7,15 @@
 
 namespace tarvolt {
 
-/// Ends with its object: when it is destroyed or replaced, its observer is not called again.
+/// Ends with its object: when it is destroyed or replaced, its observer is not called again. There is one object to a
+/// subscription; it can be moved and not copied.
 class Subscription {
 public:
     Subscription() = default;
     explicit Subscription(std::shared_ptr<void> token) : token_(std::move(token)) {}
+    Subscription(Subscription&&) noexcept = default;
+    Subscription& operator=(Subscription&&) noexcept = default;
+    ~Subscription() = default;
 
 private:
     std::shared_ptr<void> token_;

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace tarvolt {
@@ -68,13 +70,48 @@ TEST(Published, LetsAnObserverEndAnotherSubscriptionWhileItIsTold) {
     EXPECT_EQ(told, 0);
 }
 
-TEST(Published, TellsAnObserverAddedDuringAChangeOfLaterChangesOnly) {
+TEST(Published, LetsAnObserverEndItsOwnSubscriptionWhileItIsTold) {
     Published<int> value;
     int told = 0;
-    Subscription late;
-    const auto first = value.observe([&] { late = value.observe([&] { ++told; }); });
+    Subscription own;
+    own = value.observe([&, text = std::string(100, 'x')] {
+        own = Subscription();
+        told += static_cast<int>(text.size()); // what the observer holds is still there
+    });
     value.set(1);
-    EXPECT_EQ(told, 0);
+    value.set(2);
+    EXPECT_EQ(told, 100);
+}
+
+TEST(Published, TellsAnObserverAddedDuringAChangeOfLaterChangesOnly) {
+    Published<int> value;
+    std::vector<int> seen;
+    Subscription late;
+    Subscription first;
+    first = value.observe([&] {
+        late = value.observe([&] { seen.push_back(value.get()); });
+        first = Subscription();
+    });
+    value.set(1);
+    EXPECT_TRUE(seen.empty());
+    value.set(2);
+    EXPECT_EQ(seen, std::vector<int>{1});
+}
+
+TEST(Published, KeepsASubscriptionThatMovesToAnotherObject) {
+    static_assert(!std::is_copy_constructible_v<Subscription> && !std::is_copy_assignable_v<Subscription>);
+    Published<int> value;
+    int told = 0;
+    {
+        Subscription later;
+        {
+            Subscription sooner = value.observe([&] { ++told; });
+            later = std::move(sooner);
+        }
+        value.set(1);
+    }
+    value.set(2);
+    EXPECT_EQ(told, 1);
 }
 
 TEST(Published, MayGoBeforeItsSubscriptions) {
