@@ -8,8 +8,9 @@ namespace tarvolt {
 
 using Task = std::function<void()>;
 
-/// Runs tasks later. Both calls return at once, may come from any thread, and never run the task before they return.
-/// A task must not throw. A queue that has been stopped drops what it is given without a word.
+/// Runs tasks later. Both calls return at once, may come from any thread, and never run the task themselves; on another
+/// thread it may be over before they return. A task must not throw. A queue that has been stopped drops what it is
+/// given without a word.
 class DispatchQueue {
 public:
     DispatchQueue() = default;
