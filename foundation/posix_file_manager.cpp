@@ -39,6 +39,20 @@ Directory openDirectory(const std::filesystem::path& folder, LinkPolicy links) {
     return directory;
 }
 
+/// The next item of a listing, or none at its end.
+const dirent* nextItem(DIR* directory, const std::filesystem::path& folder) {
+    for (;;) {
+        errno = 0;
+        const dirent* item = ::readdir(directory);
+        if (item != nullptr || errno == 0) {
+            return item;
+        }
+        if (errno != EINTR) {
+            throw FileError(errno, "readdir", folder);
+        }
+    }
+}
+
 DirectoryEntry examine(int folder, const dirent& item) {
     DirectoryEntry entry{item.d_name, std::nullopt, std::nullopt};
     if (item.d_type == DT_DIR) {
@@ -87,15 +101,7 @@ public:
     void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
                              const Visitor& visit) const override {
         const auto directory = openDirectory(folder, links);
-        for (;;) {
-            errno = 0;
-            const dirent* item = ::readdir(directory.get());
-            if (item == nullptr && errno != 0) {
-                throw FileError(errno, "readdir", folder);
-            }
-            if (item == nullptr) {
-                return;
-            }
+        while (const dirent* item = nextItem(directory.get(), folder)) {
             if (item->d_name[0] != '.') {
                 visit(examine(::dirfd(directory.get()), *item));
             }

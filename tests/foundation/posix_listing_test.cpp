@@ -200,6 +200,24 @@ TEST_F(PosixListing, OpensTheFolderAgainWhenASignalBreaksItOff) {
     }
 }
 
+TEST_F(PosixListing, GoesOnWhenASignalBreaksItOffInTheMiddle) {
+    constexpr int entries = 3000;
+    for (int at = 0; at < entries; ++at) {
+        folder.write("entry " + std::to_string(at), "");
+    }
+    int calls = 0;
+    const auto interrupting = [&](const testing::SystemCall&) {
+        return ++calls % 2 == 0 ? std::optional<long>(-EINTR) : std::nullopt;
+    };
+    std::size_t found = 0;
+    if (const auto reason =
+            withCallsAnswered({SYS_getdents64}, interrupting, [&] { found = list(folder.path()).size(); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(found, std::size_t{entries});
+    EXPECT_GT(calls, 3);
+}
+
 TEST_F(PosixListing, FailsWhereAnOpenedFolderCannotBeLookedAt) {
     folder.write("a", "x");
     const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
