@@ -48,8 +48,9 @@ struct FileIdentity {
 /// An item on disk as it was at one moment; another once the item is replaced or written to.
 struct FileState {
     FileIdentity identity;
-    std::int64_t size = 0;     ///< bytes
-    std::int64_t modified = 0; ///< nanoseconds since 1970
+    std::int64_t size = 0;                ///< bytes
+    std::int64_t modified = 0;            ///< whole seconds since 1970; a file may bear any date
+    std::int64_t modifiedNanoseconds = 0; ///< and so much more
 
     friend bool operator==(const FileState&, const FileState&) = default;
 };

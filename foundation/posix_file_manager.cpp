@@ -114,14 +114,11 @@ public:
     }
 
     std::optional<FileState> state(const std::filesystem::path& path) const override {
-        constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
         struct stat status {};
         if (posix::holdsNul(path) || ::lstat(path.c_str(), &status) != 0) {
             return std::nullopt;
         }
-        return FileState{{status.st_dev, status.st_ino},
-                         status.st_size,
-                         status.st_mtim.tv_sec * nanosecondsPerSecond + status.st_mtim.tv_nsec};
+        return FileState{{status.st_dev, status.st_ino}, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
     }
 
     std::optional<std::string> contents(const std::filesystem::path& path) const override {

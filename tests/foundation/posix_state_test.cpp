@@ -3,8 +3,12 @@
 
 #include <gmock/gmock.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <string_view>
 
@@ -51,8 +55,21 @@ TEST_F(PosixState, TellsTwoWritesOfOneSecondApart) {
     const auto before = state("a");
     std::filesystem::last_write_time(file, second + nanoseconds(1000));
     const auto after = state("a");
-    EXPECT_EQ(after->modified - before->modified, 1000);
+    EXPECT_EQ(after->modified, before->modified);
+    EXPECT_EQ(after->modifiedNanoseconds - before->modifiedNanoseconds, 1000);
     EXPECT_NE(before, after);
+}
+
+TEST_F(PosixState, KnowsDatesThatNanosecondsIn64BitsCannotCount) {
+    const auto file = folder.write("a", "12345");
+    for (const std::time_t seconds : {15'000'000'000, -10'000'000'000, 253'402'300'799}) {
+        const timespec date[] = {{seconds, 999'999'999}, {seconds, 999'999'999}};
+        ASSERT_EQ(::utimensat(AT_FDCWD, file.c_str(), date, 0), 0) << seconds;
+        struct stat status {};
+        ASSERT_EQ(::lstat(file.c_str(), &status), 0); // a file system may have taken the nearest that it can write
+        EXPECT_EQ(state("a")->modified, status.st_mtim.tv_sec) << seconds;
+        EXPECT_EQ(state("a")->modifiedNanoseconds, status.st_mtim.tv_nsec) << seconds;
+    }
 }
 
 TEST_F(PosixState, LooksAtALinkItselfAndKeepsIdentityThroughAMove) {
