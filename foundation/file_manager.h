@@ -82,12 +82,14 @@ public:
     virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
 
     /// The whole bytes of the regular file at `path`, links followed; absent when it cannot be read, or is a pipe, a
-    /// device, a socket or a folder (none of which is ever opened). Throws std::bad_alloc only.
+    /// device, a socket or a folder. None of these is read or waited for, and none opened but one that takes the place
+    /// of a file at that moment. Throws std::bad_alloc only.
     virtual std::optional<std::string> contents(const std::filesystem::path& path) const = 0;
 
     /// Makes the file `path` with `contents` and mode 0666 less the umask, durably: when this returns an identity, the
     /// bytes and the name are on the disk as far as the file system can promise it. The file appears whole or not at
-    /// all and replaces nothing. Absent result: nothing is at `path` that was not there before.
+    /// all and replaces nothing. Absent result: it was not made, or could not be made durable and was removed again;
+    /// only where that removal fails too, it stays, whole.
     virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) = 0;
 
     /// Moves an item within one file system and makes both folders durable as far as they allow. Never replaces
@@ -97,8 +99,8 @@ public:
                           std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 
     /// Removes the file or link at `path` itself, never a folder nor what a link leads to, and makes its folder durable
-    /// as far as it allows. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError; the
-    /// item is then still there.
+    /// as far as it allows. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError when
+    /// it cannot be removed.
     virtual void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 };
 

@@ -282,6 +282,14 @@ TEST_P(PosixCreation, FailsAndRemovesTheFileWhenItsNameCannotBeBroughtToTheDisk)
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
+TEST_P(PosixCreation, FailsAlsoWhenTheFileCannotBeRemovedAgain) {
+    calls.answerOnce("sync folder", -EIO);
+    calls.answerOnce("unlink New.xpj", -EIO);
+    EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
+    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
+}
+
 TEST_P(PosixCreation, KeepsAForeignFileWhenItFailsAfterTheNaming) {
     calls.before("sync folder", [&] {
         std::filesystem::remove(folder / "New.xpj");
