@@ -7,7 +7,7 @@
 namespace tarvolt {
 
 std::string fileCountText(std::int64_t fileCount, std::string_view locale) {
-    return localizedCount("ProjectRow", "%lld files", fileCount, locale);
+    return withNumber(localized("ProjectRow", "%lld files"), fileCount, locale);
 }
 
 std::string_view projectSymbol(const MPCProject& project) {

@@ -80,6 +80,10 @@ and their _[ProjectData] folders</source>
         <source>Change Folder</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%lld</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LogPanel</name>
@@ -125,6 +129,10 @@ and their _[ProjectData] folders</source>
     </message>
     <message>
         <source>Renamed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%lld files</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
