@@ -2,6 +2,9 @@
 
 #include "foundation/text.h"
 
+#include <QByteArray>
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <cstddef>
 #include <optional>
@@ -38,7 +41,9 @@ void appendSurrogate(std::string& bytes, char16_t unit) {
 } // namespace
 
 QString displayString(std::string_view bytes) {
-    return QString::fromStdString(displayText(bytes));
+    // The toolkit's plain conversion would drop a byte-order mark at the start, which a name may well have.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(QByteArray::fromStdString(displayText(bytes)));
 }
 
 QString singleLineString(std::string_view bytes) {

@@ -30,6 +30,12 @@ TEST(QtTextTest, GivesOrdinaryTextAsUtf8AndBack) {
     }
 }
 
+TEST(QtTextTest, KeepsAByteOrderMarkAtTheStart) {
+    const QString marked = QChar(u'\uFEFF') + QStringLiteral("Slow Glass");
+    EXPECT_EQ(displayString("\uFEFFSlow Glass"), marked);
+    EXPECT_EQ(editableString(typedBytes(marked)), marked);
+}
+
 TEST(QtTextTest, KeepsALoneSurrogateInvalidAllTheWay) {
     const QChar high(u'\xD83C');
     const QChar low(u'\xDFB9');
