@@ -8,6 +8,7 @@ import Tarvolt
 T.ScrollBar {
     id: root
 
+    objectName: "scrollThumb"
     orientation: Qt.Vertical
     implicitWidth: Theme.thumbWidth
     minimumSize: height > 0 ? Math.min(1, Theme.leastThumb / height) : 0

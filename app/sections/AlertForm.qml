@@ -2,9 +2,10 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Tarvolt
 
-// What stands in the failure alert.
+// What stands in the failure alert. A message that is too long for the window scrolls.
 FocusScope {
     id: root
 
@@ -14,14 +15,16 @@ FocusScope {
     objectName: "alertForm"
     implicitHeight: column.implicitHeight
     focus: true
+    onVisibleChanged: area.contentY = 0
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
     Accessible.description: message.text
     Keys.onEscapePressed: root.view.dismissAlert()
+    Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
     ColumnLayout {
         id: column
-        width: parent.width
+        anchors.fill: parent
         spacing: 0
 
         TextLabel {
@@ -33,15 +36,33 @@ FocusScope {
             horizontalAlignment: Text.AlignHCenter
         }
 
-        TextLabel {
-            id: message
-            objectName: "alertMessage"
+        Flickable {
+            id: area
+            objectName: "alertArea"
+            implicitHeight: Math.ceil(message.implicitHeight)
             Layout.fillWidth: true
+            Layout.fillHeight: true
             Layout.topMargin: Theme.alertTextSpacing
-            text: root.view.alertMessage
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            lineHeight: Theme.proseHeight
+            clip: contentHeight > height
+            contentHeight: message.implicitHeight
+            boundsBehavior: Flickable.StopAtBounds
+
+            T.ScrollBar.vertical: ScrollThumb {
+                parent: root
+                x: area.width + Math.round((Theme.alertPadding - width) / 2)
+                y: area.y
+                height: area.height
+            }
+
+            TextLabel {
+                id: message
+                objectName: "alertMessage"
+                width: area.width
+                text: root.view.alertMessage
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                lineHeight: Theme.proseHeight
+            }
         }
 
         ProminentButton {
@@ -52,5 +73,11 @@ FocusScope {
             text: qsTr("OK")
             onClicked: root.view.dismissAlert()
         }
+    }
+
+    ScrollKeys {
+        id: scrollKeys
+        area: area
+        step: Theme.scrollStep
     }
 }

@@ -12,6 +12,7 @@ ModalPanel {
     objectName: "failureAlert"
     title: (contentItem as AlertForm).title
     width: Theme.alertWidth
+    height: Math.min(implicitHeight, parent.height - 2 * Theme.edge)
     padding: Theme.alertPadding
     visible: view.alertOpen
     scrim: Theme.alertScrim

@@ -166,10 +166,33 @@ TEST_F(MeasureSheetTest, TheAlertHasItsSizesAndTexts) {
     }
     EXPECT_EQ(w.box("alertTitle").top() - alert.top(), 20);
     EXPECT_EQ(m.down("alertTitle", "alertMessage"), 6);
-    EXPECT_NEAR(m.down("alertMessage", "alertButton"), 18, 0.5);
+    EXPECT_EQ(m.down("alertTitle", "alertArea"), 6);
+    EXPECT_EQ(m.down("alertArea", "alertButton"), 18);
+    EXPECT_TRUE(w.findAll("scrollThumb").empty());
     EXPECT_EQ(alert.bottom() - w.box("alertButton").bottom(), 20);
     EXPECT_EQ(w.box("alertButton").width(), 280);
     EXPECT_EQ(m.text("alertButton"), "OK");
+}
+
+TEST_F(MeasureSheetTest, ALongMessageScrollsInTheAlertAndLeavesTheButtonInSight) {
+    w.window->resize(700, 500);
+    w.view->errorMessage.set("Failed to write file: " + std::string(5000, 'x') + ".xpj");
+    w.view->showError.set(true);
+    w.settle();
+    EXPECT_EQ(w.box("panelFace"), QRectF(190, 12, 320, 476));
+    EXPECT_EQ(w.box("alertButton").bottom(), 500 - 12 - 20);
+    EXPECT_EQ(m.down("alertArea", "alertButton"), 18);
+    EXPECT_EQ(w.findAll("scrollThumb").size(), 1U);
+    EXPECT_EQ(w.focused(), "alertButton");
+    const auto hidden = [&] { return w.box("alertMessage").bottom() - w.box("alertArea").bottom(); };
+    EXPECT_GT(hidden(), 500);
+    w.press(Qt::Key_End);
+    EXPECT_NEAR(hidden(), 0, 1);
+    w.press(Qt::Key_Escape);
+    w.settle();
+    w.view->showError.set(true);
+    w.settle();
+    EXPECT_EQ(w.box("alertMessage").top(), w.box("alertArea").top()) << "shown from its beginning again";
 }
 
 TEST_F(MeasureSheetTest, TheAlertSaysUnknownErrorWhereThereIsNoMessage) {
