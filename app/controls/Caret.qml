@@ -9,6 +9,7 @@ Rectangle {
 
     required property TextInput owner
 
+    objectName: "caret"
     width: Theme.caretWidth
     color: Theme.orange
     visible: owner !== null && owner.activeFocus && owner.selectionStart === owner.selectionEnd

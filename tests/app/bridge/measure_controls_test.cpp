@@ -154,6 +154,53 @@ TEST_F(MeasureControlsTest, TheFocusGoesAroundInOrange) {
     EXPECT_FALSE(ring->isVisible());
 }
 
+TEST_F(MeasureControlsTest, AThumbIsThereOnlyWhileSomethingIsOutOfSight) {
+    w.choose();
+    EXPECT_TRUE(w.findAll("scrollThumb").empty());
+    w.addProjects(60);
+    w.bridge->rescan();
+    w.settle();
+    ASSERT_EQ(w.findAll("scrollThumb").size(), 1U);
+    const QRectF card = w.box("listCard");
+    EXPECT_EQ(w.box("scrollThumb"), QRectF(card.right() + 3, card.top(), 6, card.height())) << "in the gutter";
+    for (int i = 0; i < 60; ++i) {
+        w.view->scanner->log("line", false);
+    }
+    w.settle();
+    const auto thumbs = w.findAll("scrollThumb");
+    ASSERT_EQ(thumbs.size(), 2U);
+    const QRectF log = w.box("logList");
+    EXPECT_EQ(SceneWindow::boxOf(thumbs[0]), QRectF(log.right() - 8, log.top(), 6, log.height()));
+    for (const QQuickItem* thumb : thumbs) {
+        const auto* drawn = thumb->property("contentItem").value<QQuickItem*>();
+        EXPECT_EQ(drawn->property("radius").toDouble(), 3);
+        EXPECT_LT(drawn->height(), thumb->height());
+        expectColour(drawn->property("color").value<QColor>(), "#000000", 0.26);
+    }
+}
+
+TEST_F(MeasureControlsTest, TheDividerStandsOutWhileItIsPointedAtAndWhileItHasTheFocus) {
+    w.choose();
+    expectColour(m.colour("splitLine"), "#000000", 0.13);
+    EXPECT_EQ(w.box("splitLine").width(), 1);
+    QTest::mouseMove(w.window, w.box("splitHitArea").center().toPoint() + QPoint(3, 0));
+    w.settle();
+    expectColour(m.colour("splitLine"), "#000000", 0.35);
+    EXPECT_EQ(w.box("splitLine").width(), 3);
+    w.find("splitHandle")->forceActiveFocus(Qt::TabFocusReason);
+    expectColour(m.colour("splitLine"), "#D75600");
+    EXPECT_EQ(w.box("splitLine").width(), 3);
+}
+
+TEST_F(MeasureControlsTest, TheCaretIsOrangeAndGivesWayToASelection) {
+    openSheet();
+    EXPECT_TRUE(w.findAll("caret").empty()) << "the name is selected";
+    w.press(Qt::Key_End);
+    ASSERT_EQ(w.findAll("caret").size(), 1U);
+    EXPECT_EQ(w.box("caret").width(), 2);
+    expectColour(m.colour("caret"), "#D75600");
+}
+
 TEST_F(MeasureControlsTest, SheetAndAlertStandOverTheWindow) {
     openSheet();
     w.bridge->submitNewName();
