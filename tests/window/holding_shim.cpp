@@ -3,6 +3,8 @@
 //
 //   .hold-listing   listing the folder
 //   .hold-fsync     bringing a file of the folder, or the folder itself, to the disk
+//
+// Delaying the call by a tracer would not do: the process is then kept from ending until the delay is over.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
