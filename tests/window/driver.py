@@ -30,6 +30,8 @@ class Program:
         self.tree = waitFor(self._application, "the program in the accessibility tree")
         self.find("frame")
         window = self.waitFor(self.activeWindow, "an active window")
+        # Before it has been drawn, neither where things stand nor whom a click reaches is settled.
+        self.desktop.stillPicture(0.1)
         # On a scaled display the tree may count in the toolkit's units and not in pixels.
         pixels = int(re.search(r"WIDTH=(\d+)", self.desktop.input("getwindowgeometry", "--shell", window))[1])
         self.scale = pixels / self.find("frame").box[2]
