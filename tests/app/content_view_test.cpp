@@ -275,11 +275,11 @@ TEST_F(RenameFlow, MarksTheRowBeforeItClosesTheSheet) {
     view->beginRename(song);
     view->newName.set("Beat");
     Lines changes;
-    const auto a = view->successProject.observe([&] { changes.push_back("successProject"); });
-    const auto b = view->renamingProject.observe([&] { changes.push_back("renamingProject"); });
-    const auto c = view->newName.observe([&] { changes.push_back("newName"); });
-    const auto d = view->errorMessage.observe([&] { changes.push_back("errorMessage"); });
-    const auto e = view->showError.observe([&] { changes.push_back("showError"); });
+    const auto a = view->successProject.observe([&] { changes.emplace_back("successProject"); });
+    const auto b = view->renamingProject.observe([&] { changes.emplace_back("renamingProject"); });
+    const auto c = view->newName.observe([&] { changes.emplace_back("newName"); });
+    const auto d = view->errorMessage.observe([&] { changes.emplace_back("errorMessage"); });
+    const auto e = view->showError.observe([&] { changes.emplace_back("showError"); });
     view->performRename(song);
     EXPECT_EQ(changes, (Lines{"successProject", "renamingProject"}));
 }
@@ -334,11 +334,11 @@ TEST_F(RenameFlow, ShowsTheReasonAndKeepsSheetAndNameOnFailure) {
     view->beginRename(song);
     view->newName.set("Other");
     Lines changes;
-    const auto a = view->errorMessage.observe([&] { changes.push_back("errorMessage"); });
-    const auto b = view->showError.observe([&] { changes.push_back("showError"); });
-    const auto c = view->renamingProject.observe([&] { changes.push_back("renamingProject"); });
-    const auto d = view->successProject.observe([&] { changes.push_back("successProject"); });
-    const auto e = view->newName.observe([&] { changes.push_back("newName"); });
+    const auto a = view->errorMessage.observe([&] { changes.emplace_back("errorMessage"); });
+    const auto b = view->showError.observe([&] { changes.emplace_back("showError"); });
+    const auto c = view->renamingProject.observe([&] { changes.emplace_back("renamingProject"); });
+    const auto d = view->successProject.observe([&] { changes.emplace_back("successProject"); });
+    const auto e = view->newName.observe([&] { changes.emplace_back("newName"); });
     view->performRename(song);
     EXPECT_EQ(changes, (Lines{"errorMessage", "showError"}));
     EXPECT_TRUE(view->showError.get());

@@ -81,7 +81,7 @@ TEST_F(PosixContents, AreSoughtWithoutOpeningAnythingButAFile) {
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     int opened = 0;
     const auto counting = [&](const testing::SystemCall& call) -> std::optional<long> {
-        opened += call.text(1).rfind(folder.path().native(), 0) == 0 || call.text(1) == "/dev/zero" ? 1 : 0;
+        opened += call.text(1).starts_with(folder.path().native()) || call.text(1) == "/dev/zero" ? 1 : 0;
         return std::nullopt;
     };
     if (const auto reason = withCallsAnswered({SYS_openat}, counting, [&] {

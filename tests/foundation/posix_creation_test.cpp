@@ -63,7 +63,7 @@ bool isUnnamedOpening(const SystemCall& call) {
 }
 
 bool isNamingOfUnnamed(const SystemCall& call) {
-    return call.number == SYS_linkat && call.text(1).rfind("/proc/", 0) == 0;
+    return call.number == SYS_linkat && call.text(1).starts_with("/proc/");
 }
 
 std::string words(const SystemCall& call) {
