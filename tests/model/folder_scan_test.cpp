@@ -190,9 +190,9 @@ TEST_F(FolderScan, ShowsAnEmptyListFromItsStartToItsEnd) {
     disk.addFile("/p/Song.xpj", 5);
     scan();
     Lines changes;
-    const auto a = scanner->projects.observe([&] { changes.push_back("projects"); });
-    const auto b = scanner->isScanning.observe([&] { changes.push_back("isScanning"); });
-    const auto c = scanner->logEntries.observe([&] { changes.push_back("log"); });
+    const auto a = scanner->projects.observe([&] { changes.emplace_back("projects"); });
+    const auto b = scanner->isScanning.observe([&] { changes.emplace_back("isScanning"); });
+    const auto c = scanner->logEntries.observe([&] { changes.emplace_back("log"); });
     scanner->scan();
     EXPECT_EQ(changes, (Lines{"isScanning", "projects"}));
     EXPECT_TRUE(scanner->isScanning.get());

@@ -188,9 +188,9 @@ TEST(SelectFolder, SetsTheFolderAndThenScans) {
     scene.panel->answer = "/p";
     const auto scanner = MPCScanner::create(scene.services());
     Lines changes;
-    const auto a = scanner->folderURL.observe([&] { changes.push_back("folderURL"); });
-    const auto b = scanner->projects.observe([&] { changes.push_back("projects"); });
-    const auto c = scanner->isScanning.observe([&] { changes.push_back("isScanning"); });
+    const auto a = scanner->folderURL.observe([&] { changes.emplace_back("folderURL"); });
+    const auto b = scanner->projects.observe([&] { changes.emplace_back("projects"); });
+    const auto c = scanner->isScanning.observe([&] { changes.emplace_back("isScanning"); });
     scanner->selectFolder();
     EXPECT_EQ(changes, (Lines{"folderURL", "isScanning", "projects"}));
 }

@@ -90,7 +90,7 @@ Circumstances whileUnremovable(const std::string& name, int error) {
 }
 
 template<class Failure>
-std::function<void(FakeFileManager&)> throwingAt(const std::string& operation, Failure failure) {
+std::function<void(FakeFileManager&)> throwingAt(const std::string& operation, const Failure& failure) {
     return [=](FakeFileManager& disk) {
         disk.onCall = [=](const std::string& line) {
             if (line.starts_with(operation + " ")) {
