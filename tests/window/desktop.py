@@ -57,8 +57,7 @@ class Desktop:
         try:
             self._startDisplay()
             self._startBus()
-            self.start(["openbox", "--sm-disable"])
-            waitFor(self._hasWindowManager, "a window manager")
+            self._startWindowManager()
         except BaseException:
             self.close()
             raise
@@ -170,11 +169,22 @@ class Desktop:
         )
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
 
-    def _hasWindowManager(self):
+    def _startWindowManager(self):
+        self.start(["openbox", "--sm-disable"])
+        waitFor(self._numberOfDesktops, "a window manager")
+        # At the first key the window manager takes all its keys anew, and one that is pressed meanwhile passes it by.
+        # It does what it is asked in turn: once it has done the last, it is ready.
+        self.input("key", "Alt_L")
+        self.input("click", "1")
+        self.input("set_num_desktops", "1")
+        waitFor(lambda: self._numberOfDesktops() == "1", "a window manager that is ready")
+
+    def _numberOfDesktops(self):
+        """None while nobody manages any."""
         try:
-            return self.input("get_num_desktops").strip() != ""
+            return self.input("get_num_desktops").strip()
         except subprocess.CalledProcessError:
-            return False
+            return None
 
 
 def _endWithParent():
