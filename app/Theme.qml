@@ -146,7 +146,7 @@ PlatformStyle {
         return root.reducedMotion ? 0 : duration;
     }
 
-    // A thin line is as many whole device pixels as come nearest to one, never none.
+    // A thin line is as many whole device pixels as one takes, at least one.
     function hairline(pixelRatio: real): real {
         return Math.max(1, Math.floor(pixelRatio)) / pixelRatio;
     }

@@ -88,13 +88,14 @@ public:
 
     /// Makes the file `path` with `contents` and mode 0666 less the umask, durably: when this returns an identity, the
     /// bytes and the name are on the disk as far as the file system can promise it. The file appears whole or not at
-    /// all and replaces nothing. Absent result: it was not made, or could not be made durable and was removed again;
-    /// only where that removal fails too, it stays, whole.
+    /// all and replaces nothing (as moveItem). Absent result: it was not made, or could not be made durable and was
+    /// removed again; only where that removal fails too, it stays, whole.
     virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) = 0;
 
     /// Moves an item within one file system and makes both folders durable as far as they allow. Never replaces
-    /// anything, an empty folder included. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws
-    /// FileError; the item is then where it was.
+    /// anything, an empty folder included; where the file system cannot promise that, what is there a moment before is
+    /// looked for. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError; the item is then
+    /// where it was, unless a network drive moved it and lost its answer and that to the question where it is.
     virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                           std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 

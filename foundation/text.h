@@ -29,10 +29,10 @@ public:
     explicit CaseInsensitiveOrder(std::string_view locale);
     ~CaseInsensitiveOrder();
 
-    /// Negative, zero or positive as `a` is before, level with or after `b`.
+    /// Negative, zero or positive as `a` is before, equal to or after `b`.
     int compare(std::string_view a, std::string_view b) const;
 
-    /// Bytes whose byte-wise order is the order of the texts; equal for texts that are level.
+    /// Bytes whose byte-wise order is the order of the texts; the same for texts that are equal.
     std::string sortKey(std::string_view text) const;
 
 private:

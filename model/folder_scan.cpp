@@ -143,7 +143,7 @@ void sortByName(std::vector<MPCProject>& projects, std::string_view locale) {
     for (std::size_t i = 0; i < projects.size(); ++i) {
         keys.emplace_back(order.sortKey(projects[i].baseName), i);
     }
-    // Level names are told apart by their place in the listing, which is what a stable sort keeps.
+    // Equal names are told apart by their place in the listing, which is what a stable sort keeps.
     std::sort(keys.begin(), keys.end());
     std::vector<MPCProject> sorted;
     sorted.reserve(projects.size());

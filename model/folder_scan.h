@@ -41,7 +41,7 @@ FolderListing listFolder(const FileManager& fileManager, const std::filesystem::
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
                                         const FolderListing& listing, const UUIDGenerator& makeUUID);
 
-/// Sorts by name, ascending, without regard to case by the rules of `locale`; names that are level keep their order.
+/// Sorts by name, ascending, without regard to case by the rules of `locale`; equal names keep their order.
 void sortByName(std::vector<MPCProject>& projects, std::string_view locale);
 
 } // namespace tarvolt

@@ -10,7 +10,7 @@
 
 namespace tarvolt {
 
-/// One project found in the chosen folder: a project file and, mostly, a data folder beside it. Two records are equal
+/// One project found in the chosen folder: a project file and, usually, a data folder beside it. Two records are equal
 /// when their `id` is, whatever else they hold: each scan makes new identities.
 struct MPCProject {
     UUID id;                                            ///< drawn afresh by every scan

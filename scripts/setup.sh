@@ -69,7 +69,7 @@ needPackages() {
     "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
         -o DPkg::Lock::Timeout=120 "$@" </dev/null >>"$log" 2>&1 || {
         grep '^E: ' "$log" | tail -n 5 >&2 || tail -n 3 "$log" >&2
-        fail "the packages could not be installed; read $log, mend what it says there (mostly the network," \
+        fail "the packages could not be installed; read $log, mend what it says there (usually the network," \
             "/etc/apt/sources.list or the right to use sudo) and start again"
     }
 }

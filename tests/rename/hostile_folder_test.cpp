@@ -175,7 +175,7 @@ TEST_P(InPlaceOfTheDataFolder, IsNoneAndStaysWhereItIs) {
     EXPECT_EQ(folder.tree(), expected);
 }
 
-TEST_P(InPlaceOfTheDataFolder, IsNotMovedByARecordThatSawAFolderThere) {
+TEST_P(InPlaceOfTheDataFolder, IsMovedItselfWhereTheRecordSawAFolder) {
     makeSong(true, false);
     fs::create_directory(projects / "Song_[ProjectData]");
     const auto project = scan().front();
@@ -183,7 +183,7 @@ TEST_P(InPlaceOfTheDataFolder, IsNotMovedByARecordThatSawAFolderThere) {
     fs::remove(projects / "Song_[ProjectData]");
     PUT_OR_SKIP("Song_[ProjectData]");
     const auto outside = testing::treeOf(folder / "outside");
-    // What stands there is moved itself, as it is: not followed, not opened, not emptied.
+    // Not followed, not opened, not emptied.
     EXPECT_EQ(testing::errorOfRename(*scanner, project, "Beat"), "");
     EXPECT_EQ(testing::treeOf(folder / "outside"), outside);
     struct stat status {};
