@@ -43,11 +43,16 @@ if(TARVOLT_COVERAGE)
   target_link_options(tarvolt_options INTERFACE -fprofile-instr-generate)
 endif()
 
-# A layer is a folder: an object library of its sources whose headers are compiled one by one as well.
+# A layer: a library of the sources in this folder and in those of its subfolders that are named. Its headers are
+# compiled one by one as well. A program's main file belongs to no layer.
 function(tarvolt_layer name)
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
-  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
-  list(APPEND sources ${ARGN})
+  list(TRANSFORM ARGN PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE folders)
+  list(PREPEND folders "${CMAKE_CURRENT_SOURCE_DIR}")
+  list(TRANSFORM folders APPEND "/*.cpp" OUTPUT_VARIABLE source_patterns)
+  list(TRANSFORM folders APPEND "/*.h" OUTPUT_VARIABLE header_patterns)
+  file(GLOB sources CONFIGURE_DEPENDS ${source_patterns})
+  file(GLOB headers CONFIGURE_DEPENDS ${header_patterns})
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources})
   target_sources(
     ${name}
