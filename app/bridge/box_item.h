@@ -25,17 +25,13 @@ signals:
     void looksChanged();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
-    void redraw() override;
+    QImage picture(QSize pixels) const override;
 
 private:
-    QImage picture(QSize pixels) const;
-
     QColor color_ = Qt::transparent;
     double radius_ = 0;
     double borderWidth_ = 0;
     QColor borderColor_ = Qt::transparent;
-    bool drawn_ = false; ///< the picture in the scene is up to date
 };
 
 } // namespace tarvolt

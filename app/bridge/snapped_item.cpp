@@ -1,6 +1,7 @@
 #include "app/bridge/snapped_item.h"
 
 #include <QQuickWindow>
+#include <QSGImageNode>
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +13,7 @@ SnappedItem::SnappedItem(QQuickItem* parent) : QQuickItem(parent) {
 }
 
 void SnappedItem::redraw() {
+    drawn_ = false;
     update();
 }
 
@@ -45,6 +47,7 @@ double SnappedItem::pixelRatio() const {
     return window() != nullptr ? window()->effectiveDevicePixelRatio() : 1;
 }
 
+/// The item's rectangle in its own coordinates, moved to the nearest whole device pixels.
 QRectF SnappedItem::nearestRect() const {
     const double ratio = pixelRatio();
     const QPointF corner = mapToScene({}) * ratio;
@@ -53,9 +56,27 @@ QRectF SnappedItem::nearestRect() const {
     return {moved / ratio, pixels / ratio};
 }
 
-QRectF SnappedItem::snappedRect() {
+QSGNode* SnappedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
+    auto* image = static_cast<QSGImageNode*>(node);
     snapped_ = nearestRect();
-    return snapped_;
+    const QSize pixels = (snapped_.size() * pixelRatio()).toSize();
+    if (image == nullptr || !drawn_ || image->texture()->textureSize() != pixels) {
+        const QImage drawing = width() > 0 && height() > 0 ? picture(pixels) : QImage();
+        if (drawing.isNull()) {
+            delete image;
+            return nullptr;
+        }
+        if (image == nullptr) {
+            image = window()->createImageNode();
+            image->setOwnsTexture(true);
+            // While an ancestor grows, the picture is stretched, and its edges are to stay smooth.
+            image->setFiltering(QSGTexture::Linear);
+        }
+        image->setTexture(window()->createTextureFromImage(drawing, QQuickWindow::TextureHasAlphaChannel));
+        drawn_ = true;
+    }
+    image->setRect(snapped_);
+    return image;
 }
 
 } // namespace tarvolt

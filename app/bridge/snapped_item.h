@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QImage>
 #include <QQuickItem>
 #include <QtQmlIntegration/qqmlintegration.h>
 
 namespace tarvolt {
 
-/// An item whose picture lies on whole device pixels wherever its ancestors put it, also at a scale of one and a half.
+/// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, also at a scale of one
+/// and a half.
 class SnappedItem : public QQuickItem {
     Q_OBJECT
     QML_ANONYMOUS
@@ -16,13 +18,13 @@ public:
 protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
-    /// What was drawn no longer fits.
-    virtual void redraw();
+    /// The item drawn for so many device pixels, both at least one; a null image where there is nothing to be seen.
+    virtual QImage picture(QSize pixels) const = 0;
 
-    /// The item's rectangle in its own coordinates, moved to the nearest whole device pixels. To be asked once for each
-    /// picture: from then on the picture follows.
-    QRectF snappedRect();
+    /// To be called when `picture` would draw something else.
+    void redraw();
 
     double pixelRatio() const;
 
@@ -30,7 +32,8 @@ private:
     void followPosition();
     QRectF nearestRect() const;
 
-    QRectF snapped_;
+    bool drawn_ = false; ///< the picture in the scene is up to date
+    QRectF snapped_;     ///< where it lies, in the item's own coordinates
     QMetaObject::Connection frames_;
 };
 

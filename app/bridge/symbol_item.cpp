@@ -2,12 +2,6 @@
 
 #include "app/bridge/symbol_drawing.h"
 
-#include <QImage>
-#include <QQuickWindow>
-#include <QSGImageNode>
-
-#include <cmath>
-
 namespace tarvolt {
 
 void SymbolItem::setSymbol(const QString& symbol) {
@@ -26,35 +20,14 @@ void SymbolItem::setColour(const QColor& colour) {
     }
 }
 
-void SymbolItem::redraw() {
-    drawn_ = false;
-    SnappedItem::redraw();
-}
-
-QSGNode* SymbolItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
-    auto* image = static_cast<QSGImageNode*>(node);
-    const QRectF box = snappedRect();
-    const int side = static_cast<int>(std::lround(box.width() * pixelRatio()));
-    if (width() <= 0 || !hasSymbol(symbol_)) {
-        delete image;
-        return nullptr;
+QImage SymbolItem::picture(QSize pixels) const {
+    if (!hasSymbol(symbol_)) {
+        return {};
     }
-    if (image == nullptr) {
-        image = window()->createImageNode();
-        image->setOwnsTexture(true);
-        drawn_ = false;
-    }
-    if (!drawn_) {
-        QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        drawSymbol(painter, symbol_, side, width(), colour_);
-        painter.end();
-        image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel));
-        drawn_ = true;
-    }
-    image->setFiltering(QSGTexture::Linear);
-    image->setRect(box);
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    drawSymbol(painter, symbol_, pixels.width(), width(), colour_);
     return image;
 }
 

@@ -28,13 +28,11 @@ signals:
     void colourChanged();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
-    void redraw() override;
+    QImage picture(QSize pixels) const override;
 
 private:
     QString symbol_;
     QColor colour_;
-    bool drawn_ = false; ///< the picture in the scene is up to date
 };
 
 } // namespace tarvolt

@@ -1,0 +1,73 @@
+#include "app/bridge/box_item.h"
+#include "tests/app/bridge/print_qt.h"
+
+#include <QImage>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+
+namespace tarvolt {
+namespace {
+
+/// A black box with a red border in an item that lies anywhere, on white.
+class SnappedItemTest : public ::testing::Test {
+protected:
+    SnappedItemTest() {
+        window_.setColor(Qt::white);
+        window_.resize(80, 60);
+        ancestor_.setParentItem(window_.contentItem());
+        box_.setParentItem(&ancestor_);
+        box_.setSize(QSizeF(21, 13));
+        box_.setProperty("color", QColor(Qt::black));
+        box_.setProperty("borderColor", QColor(Qt::red));
+        window_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
+    }
+
+    void borderIs(double width) { box_.setProperty("borderWidth", width); }
+    int pixels(double length) const { return static_cast<int>(std::lround(length * window_.devicePixelRatio())); }
+
+    /// How many pixels have which colour when the ancestor is so far away from whole ones.
+    std::map<QRgb, int> coloursAt(double x, double y) {
+        ancestor_.setPosition(QPointF(10 + x, 10 + y));
+        const QImage image = window_.grabWindow().convertToFormat(QImage::Format_RGB32);
+        std::map<QRgb, int> colours;
+        for (int row = 0; row < image.height(); ++row) {
+            for (int column = 0; column < image.width(); ++column) {
+                ++colours[image.pixel(column, row)];
+            }
+        }
+        colours.erase(QColor(Qt::white).rgb());
+        return colours;
+    }
+
+private:
+    QQuickWindow window_;
+    QQuickItem ancestor_;
+    BoxItem box_;
+};
+
+TEST_F(SnappedItemTest, HasSharpEdgesWhereverItsAncestorsPutIt) {
+    const std::map<QRgb, int> sharp{{QColor(Qt::black).rgb(), pixels(21) * pixels(13)}};
+    for (int tenth = 0; tenth < 10; ++tenth) {
+        EXPECT_EQ(coloursAt(0.1 * tenth, 0), sharp) << tenth;
+        EXPECT_EQ(coloursAt(0, 0.1 * tenth), sharp) << tenth;
+    }
+}
+
+TEST_F(SnappedItemTest, HasABorderOfWholePixels) {
+    borderIs(1);
+    const int inside = (pixels(21) - 2) * (pixels(13) - 2);
+    const std::map<QRgb, int> sharp{{QColor(Qt::black).rgb(), inside},
+                                    {QColor(Qt::red).rgb(), pixels(21) * pixels(13) - inside}};
+    for (int tenth = 0; tenth < 10; ++tenth) {
+        EXPECT_EQ(coloursAt(0.1 * tenth, 0.7), sharp) << tenth;
+    }
+}
+
+} // namespace
+} // namespace tarvolt
