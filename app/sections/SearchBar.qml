@@ -1,7 +1,4 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import QtQuick.Templates as T
 import Tarvolt
 
 // The search field over the list.
@@ -31,7 +28,7 @@ Item {
         colour: Theme.secondary
     }
 
-    T.TextField {
+    BareField {
         id: field
         objectName: "searchField"
         anchors.verticalCenter: parent.verticalCenter
@@ -39,11 +36,6 @@ Item {
         width: parent.width - x - Theme.searchPadding
         implicitHeight: contentHeight
         font: Theme.body
-        color: Theme.primary
-        selectionColor: Theme.selection
-        selectedTextColor: Theme.primary
-        selectByMouse: true
-        renderType: Text.NativeRendering
         placeholderText: qsTr("Search projects...")
         text: root.view.searchText
         // Assistive technology sets a text without editing it.
@@ -52,20 +44,7 @@ Item {
                 root.view.searchText = text;
         }
         Accessible.name: placeholderText
-        Accessible.editable: true
         Accessible.searchEdit: true
-        cursorDelegate: Caret {
-            owner: field
-        }
-
-        TextLabel {
-            objectName: "placeholder"
-            anchors.verticalCenter: parent.verticalCenter
-            visible: field.length === 0 && field.preeditText === ""
-            text: field.placeholderText
-            color: Theme.secondary
-            silent: true
-        }
     }
 
     TapHandler {
