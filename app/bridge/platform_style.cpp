@@ -76,13 +76,19 @@ void PlatformStyle::readColours() {
 void PlatformStyle::readFonts() {
     const QFont system = QGuiApplication::font();
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    fonts_ = {styled(system, title2Ratio, QFont::Bold),     styled(system, title3Ratio, QFont::Normal),
-              styled(system, title3Ratio, QFont::DemiBold), styled(system, bodyRatio, QFont::Bold),
-              styled(system, bodyRatio, QFont::Normal),     styled(system, bodyRatio, QFont::DemiBold),
-              styled(system, captionRatio, QFont::Normal),  tracked(styled(system, captionRatio, QFont::DemiBold)),
-              styled(fixed, bodyRatio, QFont::Normal),      styled(fixed, bodyRatio, QFont::Medium),
-              styled(fixed, captionRatio, QFont::Normal),   struck(styled(fixed, captionRatio, QFont::Normal)),
-              styled(fixed, caption2Ratio, QFont::Normal)};
+    fonts_ = {.title2 = styled(system, title2Ratio, QFont::Bold),
+              .title3 = styled(system, title3Ratio, QFont::Normal),
+              .title3Semibold = styled(system, title3Ratio, QFont::DemiBold),
+              .headline = styled(system, bodyRatio, QFont::Bold),
+              .body = styled(system, bodyRatio, QFont::Normal),
+              .bodySemibold = styled(system, bodyRatio, QFont::DemiBold),
+              .caption = styled(system, captionRatio, QFont::Normal),
+              .captionCapitals = tracked(styled(system, captionRatio, QFont::DemiBold)),
+              .monoBody = styled(fixed, bodyRatio, QFont::Normal),
+              .monoBodyMedium = styled(fixed, bodyRatio, QFont::Medium),
+              .monoCaption = styled(fixed, captionRatio, QFont::Normal),
+              .monoCaptionStruck = struck(styled(fixed, captionRatio, QFont::Normal)),
+              .monoCaption2 = styled(fixed, caption2Ratio, QFont::Normal)};
     reducedMotion_ = QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
 }
 

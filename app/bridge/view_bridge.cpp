@@ -116,29 +116,29 @@ ViewBridge::Header ViewBridge::makeHeader() const {
     const MPCScanner& scanner = *view_->scanner;
     const auto& folder = scanner.folderURL.get();
     const auto count = static_cast<std::int64_t>(scanner.projects.get().size());
-    return {bridged(view_->contentArea()),
-            folder.has_value(),
-            folder ? singleLineString(folder->native()) : QString(),
-            displayString(tarvolt::projectCountText(count, services_.locale.numeric)),
-            scanner.isScanning.get(),
-            view_->showsSearchBar(),
-            scanner.logEntries.get().empty()};
+    return {.area = bridged(view_->contentArea()),
+            .hasFolder = folder.has_value(),
+            .folderPath = folder ? singleLineString(folder->native()) : QString(),
+            .projectCount = displayString(tarvolt::projectCountText(count, services_.locale.numeric)),
+            .scanning = scanner.isScanning.get(),
+            .searchBar = view_->showsSearchBar(),
+            .logEmpty = scanner.logEntries.get().empty()};
 }
 
 ViewBridge::Sheet ViewBridge::makeSheet(const MPCProject& project) const {
     const std::string& newName = view_->newName.get();
     const auto rows = previewRows(project, newName);
     const bool hasFolder = rows.size() > 1;
-    const PreviewRow file = rows.empty() ? PreviewRow{} : rows.front();
+    const PreviewRow& file = rows.front();
     const PreviewRow folder = hasFolder ? rows.back() : PreviewRow{};
-    return {singleLineString(tarvolt::currentNameText(project)),
-            editableString(newName),
-            view_->offersRename(project),
-            displayString(file.oldText),
-            displayString(file.newText),
-            hasFolder,
-            displayString(folder.oldText),
-            displayString(folder.newText)};
+    return {.currentName = singleLineString(tarvolt::currentNameText(project)),
+            .newName = editableString(newName),
+            .offersRename = view_->offersRename(project),
+            .oldFile = displayString(file.oldText),
+            .newFile = displayString(file.newText),
+            .hasDataFolder = hasFolder,
+            .oldFolder = displayString(folder.oldText),
+            .newFolder = displayString(folder.newText)};
 }
 
 void ViewBridge::setSearchText(const QString& text) {
@@ -200,7 +200,8 @@ void ViewBridge::pressRename() {
 }
 
 void ViewBridge::performRename() {
-    // Scheduled before the rescan with the same delay, so it runs just before it.
+    // Scheduled before the rescan with the same delay, so it runs before it: by as much as the rename takes. A scan of
+    // that time sees the new name as well.
     services_.mainQueue->asyncAfter(rescanDelay, [self = QPointer(this), number = awaitedRescan_.begin()] {
         if (ViewBridge* bridge = self.data()) {
             bridge->awaitedRescan_.due(number);

@@ -16,7 +16,7 @@ struct PreviewRow {
     friend bool operator==(const PreviewRow&, const PreviewRow&) = default;
 };
 
-/// The project file and, where there is one, the data folder. `newName` as typed.
+/// One row for the project file and, where there is one, a second for the data folder. `newName` as typed.
 std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName);
 
 /// "Current: " and the project's name.
