@@ -15,7 +15,6 @@ namespace tarvolt {
 namespace {
 
 constexpr std::string_view dataFolderMark = "[ProjectData]";
-constexpr std::string_view projectFileExtension = ".xpj";
 
 /// Below this many data folders one thread is done before a second is awake.
 constexpr std::size_t foldersWorthThreads = 64;

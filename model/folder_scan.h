@@ -13,6 +13,9 @@
 
 namespace tarvolt {
 
+/// What the project file of a project called B is called: B + this. On disk, any letter case counts.
+inline constexpr std::string_view projectFileExtension = ".xpj";
+
 /// What the data folder of a project called B is called: B + this.
 inline constexpr std::string_view dataFolderSuffix = "_[ProjectData]";
 

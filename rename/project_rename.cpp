@@ -104,7 +104,7 @@ void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
     if (const auto refusal = validateProjectName(newName)) {
         throw *refusal;
     }
-    const path newProjectFile = appending(*folder, newName + ".xpj");
+    const path newProjectFile = appending(*folder, newName + std::string(projectFileExtension));
     const path newDataFolder = appending(*folder, newName + std::string(dataFolderSuffix));
     if (fileManager->fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);

@@ -13,7 +13,7 @@ PreviewRow withEnding(const MPCProject& project, std::string_view newName, std::
 } // namespace
 
 std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName) {
-    std::vector<PreviewRow> rows{withEnding(project, newName, ".xpj")};
+    std::vector<PreviewRow> rows{withEnding(project, newName, projectFileExtension)};
     if (project.dataFolderURL) {
         rows.push_back(withEnding(project, newName, dataFolderSuffix));
     }
