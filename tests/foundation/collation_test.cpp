@@ -24,7 +24,7 @@ int keyOrder(const CaseInsensitiveOrder& order, std::string_view a, std::string_
 /// Names in the order in which a list shows them.
 std::vector<std::string> sorted(std::vector<std::string> names, std::string_view locale = "en_US") {
     const CaseInsensitiveOrder order(locale);
-    std::ranges::stable_sort(names, [&](const auto& a, const auto& b) { return order.compare(a, b) < 0; });
+    std::ranges::stable_sort(names, {}, [&](const std::string& name) { return order.sortKey(name); });
     return names;
 }
 
@@ -72,8 +72,8 @@ TEST(CaseInsensitiveOrder, CountsPunctuationAndBlanksInEveryLocale) {
     // Thai order leaves punctuation out unless it is told not to.
     for (const char* locale : {"", "en_US", "th_TH"}) {
         const CaseInsensitiveOrder order(locale);
-        EXPECT_NE(order.compare("a-b", "ab"), 0) << locale;
-        EXPECT_NE(order.compare("a b", "ab"), 0) << locale;
+        EXPECT_NE(keyOrder(order, "a-b", "ab"), 0) << locale;
+        EXPECT_NE(keyOrder(order, "a b", "ab"), 0) << locale;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -115,12 +116,14 @@ TEST(Published, KeepsASubscriptionThatMovesToAnotherObject) {
 }
 
 TEST(Published, MayGoBeforeItsSubscriptions) {
+    const auto held = std::make_shared<int>();
     Subscription subscription;
     {
         Published<int> value;
-        subscription = value.observe([] {});
+        subscription = value.observe([held] {});
     }
-    SUCCEED();
+    subscription = {};
+    EXPECT_EQ(held.use_count(), 1) << "the observer is kept";
 }
 
 } // namespace

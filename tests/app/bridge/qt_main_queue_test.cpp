@@ -1,14 +1,16 @@
 #include "app/bridge/qt_main_queue.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QTest>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -90,12 +92,13 @@ TEST(QtMainQueueTest, DropsATaskWhoseTimerRunsWhenItIsStopped) {
 
 TEST(QtMainQueueTest, TakesPostsFromManyThreadsWhileItIsStopped) {
     QtMainQueue queue;
+    const auto held = std::make_shared<int>();
     std::atomic<bool> end = false;
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&] {
             while (!end) {
-                queue.async([] {});
+                queue.async([held] {});
             }
         });
     }
@@ -106,6 +109,7 @@ TEST(QtMainQueueTest, TakesPostsFromManyThreadsWhileItIsStopped) {
     for (auto& thread : threads) {
         thread.join();
     }
+    EXPECT_EQ(held.use_count(), 1) << "what came later is kept";
 }
 
 } // namespace
