@@ -7,10 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <sys/mman.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -48,12 +46,7 @@ TEST_F(PosixContents, AreReadThroughALink) {
 
 TEST_F(PosixContents, AreAbsentForWhatIsNoFile) {
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, (folder / "socket").c_str(), sizeof address.sun_path - 1);
-    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ::close(socket);
+    ASSERT_EQ(testing::makeSocket(folder / "socket"), std::nullopt);
     std::filesystem::create_symlink("link", folder / "link");
     std::filesystem::create_symlink("/dev/zero", folder / "device");
     EXPECT_EQ(contents(folder / "pipe"), std::nullopt);

@@ -8,10 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <malloc.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -182,20 +180,13 @@ TEST_F(FolderScanOnDisk, EndsWhileEntriesComeGoAndGrow) {
 }
 
 TEST_F(FolderScanOnDisk, LooksAtSocketsAndDevicesFromOutside) {
-    const int socketFile = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const auto name = (folder / "Socket.xpj").native();
-    ASSERT_LT(name.size(), sizeof address.sun_path);
-    std::copy(name.begin(), name.end(), address.sun_path);
-    ASSERT_EQ(bind(socketFile, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(testing::makeSocket(folder / "Socket.xpj"), std::nullopt);
     Lines expected{"Socket"};
     // Only root may make a device; the one of /dev/zero would never end.
     if (mknod((folder / "Device.xpj").c_str(), S_IFCHR | 0600, makedev(1, 5)) == 0) {
         expected.insert(expected.begin(), "Device");
     }
     EXPECT_EQ(names(scan()), expected);
-    close(socketFile);
 }
 
 /// Bytes that are allocated at the moment.

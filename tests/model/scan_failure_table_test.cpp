@@ -2,7 +2,7 @@
 #include "foundation/posix_file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/call_faults.h"
-#include "tests/support/privileges.h"
+#include "tests/support/circumstances.h"
 #include "tests/support/recording_file_manager.h"
 #include "tests/support/scene.h"
 #include "tests/support/temporary_folder.h"
@@ -25,12 +25,11 @@ namespace tarvolt {
 namespace {
 
 using Lines = std::vector<std::string>;
+using testing::asOrdinaryUser;
+using testing::Circumstances;
 using testing::FakeFileManager;
 using testing::SystemCall;
 using testing::TemporaryFolder;
-
-/// Runs a scan under the circumstances that make it fail; says why these cannot be had, or nothing.
-using Circumstances = std::function<std::optional<std::string>(const std::function<void()>&)>;
 
 /// One failure: how it comes about on the disk in memory and on the real one, and what must then be.
 struct Row {
@@ -40,10 +39,7 @@ struct Row {
     std::function<void(FakeFileManager&)> onFake = [](FakeFileManager&) {};
     std::function<void(const TemporaryFolder&)> onDisk = [](const TemporaryFolder&) {};
     std::string closed = {}; ///< the folder on the real disk that nobody may open while the scan runs
-    Circumstances during = [](const std::function<void()>& scan) {
-        scan();
-        return std::optional<std::string>();
-    };
+    Circumstances during = testing::asUsual;
     Lines log = {}; ///< newest first
     Lines traffic = {};
     Lines projects = {};
@@ -51,11 +47,6 @@ struct Row {
 
 void PrintTo(const Row& row, std::ostream* out) {
     *out << row.fact;
-}
-
-std::optional<std::string> asOrdinaryUser(const std::function<void()>& scan) {
-    testing::withoutPrivileges(scan);
-    return std::nullopt;
 }
 
 /// The kernel tells neither kind nor size of the items of these names, and no listing tells the kind.

@@ -1,6 +1,6 @@
 #include "foundation/posix_file_manager.h"
 #include "tests/support/call_faults.h"
-#include "tests/support/privileges.h"
+#include "tests/support/circumstances.h"
 #include "tests/support/recording_file_manager.h"
 #include "tests/support/renaming.h"
 #include "tests/support/scene.h"
@@ -23,14 +23,13 @@ namespace tarvolt {
 namespace {
 
 using Lines = std::vector<std::string>;
+using testing::asOrdinaryUser;
+using testing::Circumstances;
 using testing::errorOfRename;
 using testing::FakeFileManager;
 using testing::projectIn;
 using testing::SystemCall;
 using testing::TemporaryFolder;
-
-/// Runs a rename under the circumstances that make it fail; says why these cannot be had, or nothing.
-using Circumstances = std::function<std::optional<std::string>(const std::function<void()>&)>;
 
 /// One failure: how it comes about on the disk in memory and on the real one, and what must then be.
 struct Row {
@@ -39,10 +38,7 @@ struct Row {
     bool folderChosen = true;
     std::function<void(FakeFileManager&)> onFake = [](FakeFileManager&) {};
     std::function<void(const TemporaryFolder&)> onDisk = [](const TemporaryFolder&) {};
-    Circumstances during = [](const std::function<void()>& rename) {
-        rename();
-        return std::optional<std::string>();
-    };
+    Circumstances during = testing::asUsual;
     std::string error = {};
     Lines traffic = {};
     Lines diskAfterwards = {};
@@ -73,11 +69,6 @@ Lines sorted(Lines lines, const Lines& more = {}) {
 }
 
 const Lines unchanged = sorted(oldData, {oldFile});
-
-std::optional<std::string> asOrdinaryUser(const std::function<void()>& rename) {
-    testing::withoutPrivileges(rename);
-    return std::nullopt;
-}
 
 /// The kernel refuses to remove the item of this name.
 Circumstances whileUnremovable(const std::string& name, int error) {

@@ -8,10 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -46,19 +44,6 @@ std::optional<std::string> makePipe(const fs::path& path, const fs::path&) {
     return ::mkfifo(path.c_str(), 0600) == 0 ? std::nullopt : std::optional<std::string>(std::strerror(errno));
 }
 
-std::optional<std::string> makeSocket(const fs::path& path, const fs::path&) {
-    if (path.native().size() >= sizeof(sockaddr_un::sun_path)) {
-        return "the path is too long for a socket";
-    }
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    path.native().copy(address.sun_path, sizeof address.sun_path);
-    const bool made = ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    ::close(socket);
-    return made ? std::nullopt : std::optional<std::string>("no socket can be made here");
-}
-
 /// The one of /dev/zero, which never ends.
 std::optional<std::string> makeDevice(const fs::path& path, const fs::path&) {
     const bool made = ::mknod(path.c_str(), S_IFCHR | 0600, makedev(1, 5)) == 0;
@@ -76,7 +61,7 @@ std::optional<std::string> makeFolder(const fs::path& path, const fs::path&) {
 }
 
 const OddThing pipeThing{"APipe", makePipe};
-const OddThing socketThing{"ASocket", makeSocket};
+const OddThing socketThing{"ASocket", [](const fs::path& path, const fs::path&) { return testing::makeSocket(path); }};
 const OddThing deviceThing{"ADevice", makeDevice};
 const OddThing danglingThing{"ALinkToNowhere",
                              [](const fs::path& path, const fs::path&) { return linkTo("no", path); }};

@@ -1,5 +1,9 @@
 #include "tests/support/temporary_folder.h"
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -81,6 +85,19 @@ std::string readFile(const fs::path& path) {
     std::ostringstream bytes;
     bytes << in.rdbuf();
     return std::move(bytes).str();
+}
+
+std::optional<std::string> makeSocket(const fs::path& path) {
+    sockaddr_un address{};
+    if (path.native().size() >= sizeof address.sun_path) {
+        return "the path is too long for a socket";
+    }
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    address.sun_family = AF_UNIX;
+    path.native().copy(address.sun_path, sizeof address.sun_path);
+    const bool made = ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return made ? std::nullopt : std::optional<std::string>("no socket can be made here");
 }
 
 } // namespace tarvolt::testing

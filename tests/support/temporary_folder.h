@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,5 +35,8 @@ private:
 std::vector<std::string> treeOf(const std::filesystem::path& folder);
 
 std::string readFile(const std::filesystem::path& path);
+
+/// Puts a socket at `path`. Returns why that cannot be done here, or nothing.
+std::optional<std::string> makeSocket(const std::filesystem::path& path);
 
 } // namespace tarvolt::testing

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "tests/support/privileges.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tarvolt::testing {
+
+/// Runs something under the circumstances that make it fail; says why these cannot be had, or nothing.
+using Circumstances = std::function<std::optional<std::string>(const std::function<void()>&)>;
+
+inline std::optional<std::string> asUsual(const std::function<void()>& body) {
+    body();
+    return std::nullopt;
+}
+
+inline std::optional<std::string> asOrdinaryUser(const std::function<void()>& body) {
+    withoutPrivileges(body);
+    return std::nullopt;
+}
+
+} // namespace tarvolt::testing
