@@ -1,11 +1,10 @@
 #include "tests/app/bridge/measures.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace tarvolt {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::expectColour;
 using testing::Measures;
 using testing::SceneWindow;

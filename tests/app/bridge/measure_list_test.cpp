@@ -50,7 +50,7 @@ TEST_F(MeasureListTest, ARowHasItsFontsColoursAndTexts) {
     EXPECT_EQ(m.property("rowSymbol", "symbol").toString(), "music.note.list");
     EXPECT_EQ(inRow(1, "rowSymbol")->property("symbol").toString(), "music.note");
     EXPECT_EQ(m.colour("rowSymbol", "colour"), QColor("#D75600"));
-    EXPECT_EQ(m.property("rowSymbol", "size").toInt(), 2 * qRound(testing::title3 * 13.3333 * 1.3 / 2));
+    EXPECT_EQ(m.property("rowSymbol", "size").toInt(), testing::symbolSide(testing::title3));
     EXPECT_EQ(m.text("rowName"), "Blue Hour");
     EXPECT_NEAR(m.textRatio("rowName"), testing::body, 0.01);
     EXPECT_EQ(m.font("rowName").weight(), QFont::Medium);

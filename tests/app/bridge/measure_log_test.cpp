@@ -1,6 +1,6 @@
 #include "tests/app/bridge/measures.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace tarvolt {
 namespace {

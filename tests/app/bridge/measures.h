@@ -8,6 +8,14 @@
 
 namespace tarvolt::testing {
 
+/// The side of a symbol beside a text of this ratio to the system font, which the tests have at 10 points of 96 to the
+/// inch.
+inline int symbolSide(double ratio) {
+    constexpr double systemPixels = 10 * 96.0 / 72;
+    constexpr double symbolToText = 1.3;
+    return 2 * qRound(ratio * systemPixels * symbolToText / 2);
+}
+
 /// Reads off the live scene what an item measures and how it is drawn.
 class Measures {
 public:
