@@ -1,6 +1,7 @@
 #include "model/mpc_scanner.h"
 
 #include "foundation/localized.h"
+#include "foundation/text.h"
 #include "model/folder_scan.h"
 
 #include <string>
@@ -97,7 +98,7 @@ void MPCScanner::scan() {
     } catch (const std::system_error& error) {
         // Not even a thread to be had: the scan ends like one whose folder cannot be read, so that it can be tried
         // again.
-        log("Scan error: " + error.code().message(), true);
+        log("Scan error: " + displayText(error.code().message()), true);
         publish(shared_from_this(), {});
     }
 }
