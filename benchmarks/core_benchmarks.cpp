@@ -26,8 +26,12 @@ namespace fs = std::filesystem;
 /// A folder of projects on the real disk, each with `entries` small files, gone with its object.
 class ProjectsFolder {
 public:
-    ProjectsFolder(int projects, int entries) : path_(fs::temp_directory_path() / "tarvolt-benchmark") {
-        fs::remove_all(path_);
+    ProjectsFolder(int projects, int entries) {
+        std::string name = (fs::temp_directory_path() / "tarvolt-benchmark-XXXXXX").native();
+        if (::mkdtemp(name.data()) == nullptr) {
+            throw std::system_error(errno, std::generic_category(), "mkdtemp");
+        }
+        path_ = name;
         for (int i = 0; i < projects; ++i) {
             const auto stem = (path_ / ("Project " + std::to_string(i))).native();
             fs::create_directories(stem + "_[ProjectData]");
