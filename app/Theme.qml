@@ -101,11 +101,12 @@ PlatformStyle {
     readonly property int tightShadowSigma: 4
     readonly property int tightShadowDrop: 2
 
-    // Controls.
-    readonly property int buttonHeight: Math.round(Math.max(28, 1.2 * bodyPixels + 12))
+    // Controls. They grow with their text, whose line is so many times as high as its size.
+    readonly property real lineRatio: 1.2
+    readonly property int buttonHeight: Math.round(Math.max(28, lineRatio * bodyPixels + 12))
     readonly property int buttonPadding: 12
     readonly property int buttonRadius: 7
-    readonly property int smallButtonHeight: Math.round(Math.max(24, 1.2 * captionPixels + 10))
+    readonly property int smallButtonHeight: Math.round(Math.max(24, lineRatio * captionPixels + 10))
     readonly property int smallButtonPadding: 10
     readonly property int smallButtonRadius: 6
     readonly property int iconButtonExtra: 4
@@ -113,7 +114,7 @@ PlatformStyle {
     readonly property int largeButtonSpacing: 7
     readonly property int faceDrop: 1
     readonly property int thinBorder: 1
-    readonly property int fieldHeight: Math.round(Math.max(30, 1.2 * bodyPixels + 14))
+    readonly property int fieldHeight: Math.round(Math.max(30, lineRatio * bodyPixels + 14))
     readonly property int fieldPadding: 9
     readonly property int fieldRadius: 7
     readonly property int caretWidth: 2

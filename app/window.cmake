@@ -25,6 +25,7 @@ qt_add_qml_module(
 # Bytecode starts as quickly as machine code here, and builds in a fraction of the time.
 set_target_properties(tarvolt_window PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
 target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)
+# The registration that the toolkit generates names the headers of the QML types without their folder.
 target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/bridge")
 
 # The texts of the window. tarvolt_en.ts is the template for other languages: the target tarvolt_texts brings it up to

@@ -6,7 +6,7 @@ namespace tarvolt {
 
 namespace {
 
-constexpr quint64 quickestFinger = 20;
+constexpr quint64 quickestFinger = 20; // milliseconds
 
 } // namespace
 

@@ -103,7 +103,7 @@ public:
     Q_PROPERTY(double captionPixels READ captionPixels NOTIFY fontsChanged)
     /// How long the caret's blinking takes, on and off, in milliseconds; 0 where it is not to blink.
     Q_PROPERTY(int caretFlash READ caretFlash CONSTANT)
-    /// Whether the system asks for as little movement as can be.
+    /// Whether the system asks for as little movement as can be; it is asked anew whenever it has changed its font.
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY fontsChanged)
 
     explicit PlatformStyle(QObject* parent = nullptr);

@@ -25,7 +25,6 @@ void showMessage(QFileDialog& dialog, const QString& message) {
         const int margin = dialog.fontMetrics().height() * 3 / 4;
         line->setContentsMargins(margin, margin, margin, 0);
         line->setTextFormat(Qt::PlainText);
-        line->setObjectName(QStringLiteral("folderPanelMessage"));
         layout->setMenuBar(line);
     }
 }

@@ -20,6 +20,7 @@ T.Dialog {
     focus: true
     closePolicy: T.Popup.NoAutoClose
 
+    // The linter does not know what is in sight of an attached component.
     T.Overlay.modal: Rectangle {
         objectName: "scrim"
         color: root.scrim // qmllint disable unqualified

@@ -15,6 +15,7 @@ FocusScope {
     property bool goesByKeys: false
 
     objectName: "contentArea"
+    // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
     onShownChanged: {
         appear.restart();
         Qt.callLater(root.keepFocusInSight); // qmllint disable

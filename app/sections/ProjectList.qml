@@ -39,6 +39,7 @@ ListView {
         height: root.height
     }
 
+    // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
     onCountChanged: Qt.callLater(root.handOnFocus) // qmllint disable
 
     delegate: ProjectRow {

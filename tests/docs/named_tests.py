@@ -13,14 +13,14 @@ from pathlib import Path
 root = Path(sys.argv[1])
 
 
-def namesIn(files, pattern, written):
+def names_in(files, pattern, written):
     texts = (path.read_text(encoding="utf-8") for path in sorted((root / "tests").rglob(files)))
     return {written(match) for text in texts for match in re.finditer(pattern, text)}
 
 
-there = namesIn("*.cpp", r"\bTEST(?:_F|_P)?\((\w+),\s*(\w+)\)", lambda match: f"{match[1]}.{match[2]}")
-there |= namesIn("*_test.py", r"\bdef test(\w+)", lambda match: f"window.Class.{match[1]}")
-there |= namesIn("*.cmake", r"\bNAME (texts\.\w+)", lambda match: match[1])
+there = names_in("*.cpp", r"\bTEST(?:_F|_P)?\((\w+),\s*(\w+)\)", lambda match: f"{match[1]}.{match[2]}")
+there |= names_in("*_test.py", r"\bdef test(\w+)", lambda match: f"window.Class.{match[1]}")
+there |= names_in("*.cmake", r"\bNAME (texts\.\w+)", lambda match: match[1])
 
 named = []
 for line in (root / "docs/window.md").read_text(encoding="utf-8").splitlines():
@@ -28,6 +28,6 @@ for line in (root / "docs/window.md").read_text(encoding="utf-8").splitlines():
         named.append(named[-1].split(".")[0] + "." + name[1:] if name.startswith("…") else name)
 
 patterns = {name: re.escape(name).replace("…", r"[\w.]*") for name in named}
-inVain = [name for name in named if not any(re.fullmatch(patterns[name], test) for test in there)]
-print(*inVain, f"{len(named)} tests named, {len(inVain)} of them not there", sep="\n")
-sys.exit(1 if inVain or not named else 0)
+in_vain = [name for name in named if not any(re.fullmatch(patterns[name], test) for test in there)]
+print(*in_vain, f"{len(named)} tests named, {len(in_vain)} of them not there", sep="\n")
+sys.exit(1 if in_vain or not named else 0)

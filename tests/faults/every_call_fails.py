@@ -9,7 +9,7 @@ import errno
 import os
 import sys
 
-from rename_case import NEW, OLD, DATA, verdict
+from rename_case import NEW, OLD, verdict
 from traced import FILE_SYSTEMS, calls_of, side_by_side, traced
 
 COMMON = ["EIO", "ENOMEM", "EACCES", "EPERM", "EINTR", "EINVAL", "ENOSPC", "EDQUOT", "EROFS", "ENAMETOOLONG", "EXDEV",

@@ -11,7 +11,7 @@ old file, or of the new one in a roll-back. What gets in there is counted apart.
 import os
 import sys
 
-from rename_case import DATA, NEW, NEW_TEXT, OLD, SAMPLES, TEXT, Folder, Run, read, tree, verdict, whole_data, write
+from rename_case import DATA, NEW, NEW_TEXT, OLD, SAMPLES, TEXT, Folder, Run, read, tree, verdict, write
 
 FOREIGN = b"somebody else's work"
 

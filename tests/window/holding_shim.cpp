@@ -11,7 +11,6 @@
 #include <linux/limits.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <string>
 
 namespace {

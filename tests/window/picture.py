@@ -14,8 +14,8 @@ class Screen:
         """A Picture of the whole screen as it is now."""
         data = self.path.read_bytes()
         header = struct.unpack(">25I", data[:100])
-        size, width, height, depth, bytesPerLine, colours = (header[i] for i in (0, 4, 5, 11, 12, 19))
-        assert depth == 32, "the display must have 24 bit colours"
+        size, width, height, bitsPerPixel, bytesPerLine, colours = (header[i] for i in (0, 4, 5, 11, 12, 19))
+        assert bitsPerPixel == 32, "a pixel of the display must take four bytes"
         pixels = data[size + 12 * colours :]
         return Picture(width, height, [pixels[y * bytesPerLine : y * bytesPerLine + 4 * width] for y in range(height)])
 
