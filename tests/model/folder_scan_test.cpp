@@ -288,18 +288,38 @@ TEST_F(FolderScan, LetsTheMainThreadBeTheLastToHoldTheScanner) {
 /// A queue for which the system has no thread left.
 class ExhaustedQueue final : public DispatchQueue {
 public:
-    void async(Task) override { throw std::system_error(EAGAIN, std::generic_category()); }
+    explicit ExhaustedQueue(std::error_code error) : error_(error) {}
+    void async(Task) override { throw std::system_error(error_); }
     void asyncAfter(std::chrono::milliseconds, Task task) override { async(std::move(task)); }
+
+private:
+    std::error_code error_;
+};
+
+/// Errors told in the letters of Western Europe, one byte each.
+class OldLetters final : public std::error_category {
+public:
+    const char* name() const noexcept override { return "old letters"; }
+    std::string message(int) const override { return "plus de m\xE9moire"; }
 };
 
 TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoThreadForIt) {
     auto services = scene.services();
-    services.backgroundQueue = std::make_shared<ExhaustedQueue>();
+    services.backgroundQueue = std::make_shared<ExhaustedQueue>(std::error_code(EAGAIN, std::generic_category()));
     scanner = MPCScanner::create(std::move(services));
     scan();
     EXPECT_FALSE(scanner->isScanning.get());
     EXPECT_EQ(messages(*scanner),
               (Lines{"Scan complete: 0 project(s)", "! Scan error: Resource temporarily unavailable"}));
+}
+
+TEST_F(FolderScan, TellsWhyThereIsNoThreadInUtf8WhateverTheSystemWritesIn) {
+    const OldLetters letters;
+    auto services = scene.services();
+    services.backgroundQueue = std::make_shared<ExhaustedQueue>(std::error_code(EAGAIN, letters));
+    scanner = MPCScanner::create(std::move(services));
+    scan();
+    EXPECT_EQ(messages(*scanner).back(), "! Scan error: plus de m\uFFFDmoire");
 }
 
 class FolderScanOfMany : public FolderScan {
