@@ -12,7 +12,8 @@ namespace tarvolt {
 class DateFormatter {
 public:
     /// `locale` is an identifier, see UserLocale. `timeZone` is a name of the time zone database ("Europe/Berlin");
-    /// empty means the user's own.
+    /// empty means the user's own as the C library has it each time a text is asked for (TZ, else the system's). Of
+    /// that the offset is used and not the name.
     DateFormatter(std::string_view pattern, std::string_view locale, std::string_view timeZone = {});
     DateFormatter(DateFormatter&&) noexcept;
     DateFormatter& operator=(DateFormatter&&) noexcept;

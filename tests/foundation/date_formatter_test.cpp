@@ -5,7 +5,9 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -85,6 +87,41 @@ TEST(DateFormatter, UsesTheUsersOwnTimeZoneWhereNoneIsNamed) {
     char expected[16];
     ASSERT_GT(std::strftime(expected, sizeof expected, "%H:%M:%S", &local), 0U);
     EXPECT_EQ(DateFormatter("HH:mm:ss", "en_US").text(july), expected);
+}
+
+/// Sets the time zone of the process while it lives.
+class ProcessTimeZone {
+public:
+    explicit ProcessTimeZone(const char* zone) {
+        if (const char* before = std::getenv("TZ")) {
+            before_ = before;
+        }
+        setenv("TZ", zone, 1);
+    }
+    ProcessTimeZone(const ProcessTimeZone&) = delete;
+    ProcessTimeZone& operator=(const ProcessTimeZone&) = delete;
+    ~ProcessTimeZone() { before_ ? setenv("TZ", before_->c_str(), 1) : unsetenv("TZ"); }
+
+private:
+    std::optional<std::string> before_;
+};
+
+TEST(DateFormatter, FollowsTheUsersOwnTimeZoneWhenItChanges) {
+    const DateFormatter formatter("HH:mm:ss", "en_US");
+    {
+        const ProcessTimeZone zone("IST-5:30");
+        EXPECT_EQ(formatter.text(july), "05:30:00");
+    }
+    const ProcessTimeZone zone("<-03>3");
+    EXPECT_EQ(formatter.text(july), "21:00:00");
+    EXPECT_EQ(DateFormatter("HH:mm Z", "en_US").text(july), "21:00 -0300");
+}
+
+TEST(DateFormatter, KnowsTimeZonesThatAreWrittenOutAsRules) {
+    const ProcessTimeZone zone("CET-1CEST,M3.5.0,M10.5.0/3");
+    const DateFormatter formatter("HH:mm:ss", "en_US");
+    EXPECT_EQ(formatter.text(july), "02:00:00");
+    EXPECT_EQ(formatter.text(july + 184 * 24h), "01:00:00");
 }
 
 } // namespace
