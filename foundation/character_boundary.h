@@ -2,7 +2,8 @@
 
 namespace tarvolt {
 
-/// Whether `character` belongs to the one before it: general category Mn or Me.
+/// Whether `character` belongs to the one before it: it, or what it canonically decomposes into, begins with one of
+/// general category Mn or Me.
 bool isMark(char32_t character);
 
 /// Whether `before` and `after`, side by side, are parts of one Hangul syllable: leading consonant, vowel and perhaps a

@@ -19,7 +19,8 @@ std::string_view trimWhitespace(std::string_view text);
 
 /// Whether `text` holds `search` without regard to case by the rules of `locale` (an identifier, see UserLocale):
 /// full case folding, with Turkish and Azeri i; canonically equivalent sequences match; accents count. A match does not
-/// end before a character of category Mn or Me and does not cut a Hangul syllable. An empty `search` is in nothing.
+/// end before a character that, decomposed, begins with one of category Mn or Me, and does not cut a Hangul syllable.
+/// An empty `search` is in nothing.
 bool localizedCaseInsensitiveContains(std::string_view text, std::string_view search, std::string_view locale);
 
 /// Orders names without regard to case by the rules of a locale: secondary strength, punctuation and blanks count,
@@ -42,10 +43,10 @@ private:
 
 /// Replaces `oldText` + `tail` by `newText` + `tail` wherever the two stand in `text`, by canonical equivalence, case
 /// counting, from left to right, not overlapping; what was inserted is not searched again. A match does not end before
-/// a character of category Mn or Me and does not cut a Hangul syllable. All other bytes are kept as they are. `text`
-/// must be well-formed UTF-8. `tail` must be ASCII, not empty, without K, ; and ` (other characters are equivalent
-/// to these), and its first character must not begin an accented letter (punctuation does not). Where `oldText` is not
-/// well-formed UTF-8 nothing matches.
+/// a character that, decomposed, begins with one of category Mn or Me, and does not cut a Hangul syllable. All other
+/// bytes are kept as they are. `text` must be well-formed UTF-8. `tail` must be ASCII, not empty, without K, ; and `
+/// (other characters are equivalent to these), and its first character must not begin an accented letter (punctuation
+/// does not). Where `oldText` is not well-formed UTF-8 nothing matches.
 std::string replaceAllBeforeTail(std::string_view text, std::string_view oldText, std::string_view newText,
                                  std::string_view tail);
 

@@ -75,6 +75,21 @@ TEST(ReplaceAllBeforeTail, EndsBeforeNoMark) {
     EXPECT_EQ(replaced("Song_[ProjectData]\u20dd", "Song", "N"), "Song_[ProjectData]\u20dd");
 }
 
+TEST(ReplaceAllBeforeTail, EndsBeforeNoVowelSignThatIsEquivalentToOneThatBeginsWithAMark) {
+    struct Sign {
+        const char* composed;
+        const char* decomposed;
+    };
+    const Sign signs[] = {{"\u0cc0", "\u0cbf\u0cd5"}, {"\u0cc7", "\u0cc6\u0cd5"},       {"\u0cc8", "\u0cc6\u0cd6"},
+                          {"\u0cca", "\u0cc6\u0cc2"}, {"\u0ccb", "\u0cc6\u0cc2\u0cd5"}, {"\u1b3b", "\u1b3a\u1b35"},
+                          {"\u1b3d", "\u1b3c\u1b35"}, {"\u1b43", "\u1b42\u1b35"}};
+    for (const auto& [composed, decomposed] : signs) {
+        for (const std::string sign : {composed, decomposed}) {
+            EXPECT_EQ(replaced("Song_[ProjectData]" + sign, "Song", "N"), "Song_[ProjectData]" + sign);
+        }
+    }
+}
+
 TEST(ReplaceAllBeforeTail, CutsNoHangulSyllable) {
     EXPECT_EQ(replaced("\u1112\u1161\u11ab_[ProjectData]", "\u11ab", "N"), "\u1112\u1161\u11ab_[ProjectData]");
     EXPECT_EQ(replaced("\ud558\u11ab_[ProjectData]", "\u11ab", "N"), "\ud558\u11ab_[ProjectData]");
