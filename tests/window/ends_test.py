@@ -13,8 +13,8 @@ class Ends(case.WindowTest):
     def close(self):
         self.program.key("alt+F4")
 
-    def terminate(self):
-        self.program.process.send_signal(signal.SIGTERM)
+    def terminate(self, number=signal.SIGTERM):
+        self.program.process.send_signal(number)
 
     def ended(self):
         """How the program ended, which has to be soon."""
@@ -69,6 +69,14 @@ class Ends(case.WindowTest):
         self.terminate()
         self.assertEqual(self.ended(), 0)
 
+    def testWhenInterrupted(self):
+        self.terminate(signal.SIGINT)
+        self.assertEqual(self.ended(), 0)
+
+    def testWhenItsTerminalIsClosed(self):
+        self.terminate(signal.SIGHUP)
+        self.assertEqual(self.ended(), 0)
+
     def testWhenTerminatedWithTheSheetAndTheAlertOpen(self):
         self.choose(self.folder)
         self.openSheet("Blue Hour")
@@ -92,6 +100,18 @@ class Ends(case.WindowTest):
         held.release()
         self.assertEqual(self.ended(), 0)
         self.assertRenamed()
+
+
+class StartedToOutliveItsTerminal(case.WindowTest):
+    before = ("env", "--ignore-signal=HUP", "--ignore-signal=INT")
+
+    def testIsNotEndedByIt(self):
+        self.program.process.send_signal(signal.SIGINT)
+        self.program.process.send_signal(signal.SIGHUP)
+        self.choose(self.folder)
+        self.scans(1)
+        self.program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(self.program.process.wait(5), 0)
 
 
 if __name__ == "__main__":
