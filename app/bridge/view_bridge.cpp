@@ -153,15 +153,21 @@ void ViewBridge::setNewName(const QString& text) {
     }
 }
 
+bool ViewBridge::isCovered() const {
+    return sheetOpen_ || alertOpen_ || panelOpen_;
+}
+
 void ViewBridge::selectFolder() {
-    if (!sheetOpen_ && !alertOpen_) {
+    if (!isCovered()) {
+        panelOpen_ = true;
         view_->scanner->selectFolder();
+        panelOpen_ = false;
         deriveState();
     }
 }
 
 void ViewBridge::rescan() {
-    if (!header_.scanning && !sheetOpen_ && !alertOpen_) {
+    if (!header_.scanning && !isCovered()) {
         view_->scanner->scan();
         deriveState();
     }
@@ -169,7 +175,7 @@ void ViewBridge::rescan() {
 
 void ViewBridge::beginRename(int row) {
     const auto project = projects_.projectAt(row);
-    if (project && !sheetOpen_ && !alertOpen_) {
+    if (project && !isCovered()) {
         view_->beginRename(*project);
         deriveState();
     }

@@ -83,11 +83,11 @@ public:
     void setSearchText(const QString& text);
     void setNewName(const QString& text);
 
-    /// Asks for a folder; returns when the panel is closed.
+    /// Asks for a folder; returns when the panel is closed. This and a rescan do nothing behind what is open already.
     Q_INVOKABLE void selectFolder();
     Q_INVOKABLE void rescan();
 
-    /// Opens the sheet for the project in row `row`; nothing while a sheet or the alert is open.
+    /// Opens the sheet for the project in row `row`; nothing while a sheet, the alert or the folder panel is open.
     Q_INVOKABLE void beginRename(int row);
     Q_INVOKABLE void cancelRename();
 
@@ -150,6 +150,7 @@ private:
     void followRescan();
     Header makeHeader() const;
     Sheet makeSheet(const MPCProject& project) const;
+    bool isCovered() const;
     bool acceptsSubmit() const;
     void performRename();
 
@@ -164,6 +165,7 @@ private:
     Sheet sheet_;
     bool sheetOpen_ = false;
     bool alertOpen_ = false;
+    bool panelOpen_ = false;
     QString alertMessage_;
 
     bool refreshPosted_ = false;

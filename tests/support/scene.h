@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,10 +20,12 @@ class FakeFolderPanel final : public FolderPanel {
 public:
     std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) override {
         asked.push_back(settings);
+        whileOpen();
         return answer;
     }
 
     std::optional<std::filesystem::path> answer;
+    std::function<void()> whileOpen = [] {};
     std::vector<FolderPanelSettings> asked;
 };
 

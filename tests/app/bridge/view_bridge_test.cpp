@@ -165,6 +165,24 @@ TEST_F(ViewBridgeTest, DoesNothingBehindTheSheet) {
     EXPECT_EQ(scene.panel->asked.size(), 1U);
 }
 
+TEST_F(ViewBridgeTest, DoesNothingBehindTheFolderPanel) {
+    choose();
+    const auto before = scene.disk->traffic().size();
+    scene.panel->answer = std::nullopt;
+    scene.panel->whileOpen = [&] {
+        bridge.beginRename(0);
+        bridge.rescan();
+        bridge.selectFolder();
+    };
+    bridge.selectFolder();
+    settle();
+    EXPECT_FALSE(bridge.sheetOpen());
+    EXPECT_EQ(scene.disk->traffic().size(), before);
+    EXPECT_EQ(scene.panel->asked.size(), 2U);
+    bridge.beginRename(0);
+    EXPECT_TRUE(bridge.sheetOpen()) << "once the panel is closed";
+}
+
 TEST_F(ViewBridgeTest, DoesNotStartASecondScanByTheButton) {
     bridge.selectFolder();
     bridge.rescan();
