@@ -22,6 +22,9 @@ T.AbstractButton {
     // Answered first: a folder panel would keep whoever pressed waiting until it closes. The linter of Qt 6.4 takes
     // callLater for no function and has no name for this warning.
     Accessible.onPressAction: Qt.callLater(root.pressOnce, false) // qmllint disable
+    // The toolkit's button takes each repeat of a held Space for a press of its own.
+    Keys.onSpacePressed: event => event.accepted = event.isAutoRepeat
+    Keys.onReleased: event => event.accepted = event.key === Qt.Key_Space && event.isAutoRepeat
     Keys.onReturnPressed: event => root.pressOnce(event.isAutoRepeat)
     Keys.onEnterPressed: event => root.pressOnce(event.isAutoRepeat)
 

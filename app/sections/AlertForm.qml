@@ -19,7 +19,11 @@ FocusScope {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
     Accessible.description: message.text
-    Keys.onEscapePressed: root.view.dismissAlert()
+    // A held key closes what was open when it was pressed, and not what is below that.
+    Keys.onEscapePressed: event => {
+        if (!event.isAutoRepeat)
+            root.view.dismissAlert();
+    }
     Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
     ColumnLayout {

@@ -13,7 +13,11 @@ FocusScope {
 
     objectName: "renameForm"
     focus: true
-    Keys.onEscapePressed: root.view.cancelRename()
+    // A held key closes what was open when it was pressed, and not what is below that.
+    Keys.onEscapePressed: event => {
+        if (!event.isAutoRepeat)
+            root.view.cancelRename();
+    }
     // Return is the Rename button's wherever no control takes it.
     Keys.onReturnPressed: event => root.pressRename(event.isAutoRepeat)
     Keys.onEnterPressed: event => root.pressRename(event.isAutoRepeat)
