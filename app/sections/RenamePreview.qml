@@ -14,8 +14,10 @@ ColumnLayout {
     objectName: "previewBlock"
     spacing: Theme.previewSpacing
     onVisibleChanged: {
-        if (visible)
+        if (visible) {
+            area.contentY = 0;
             appear.restart();
+        }
     }
 
     NumberAnimation on opacity {
@@ -27,6 +29,7 @@ ColumnLayout {
     }
 
     TextLabel {
+        id: titleLabel
         objectName: "previewTitle"
         text: qsTr("PREVIEW")
         font: Theme.captionCapitals
@@ -59,6 +62,10 @@ ColumnLayout {
             // While it has the focus it must stay where Tab can be.
             activeFocusOnTab: contentHeight > height || activeFocus
             Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+            Accessible.role: Accessible.Grouping
+            Accessible.name: titleLabel.text
+            Accessible.focusable: true
+            Accessible.ignored: !activeFocusOnTab
 
             T.ScrollBar.vertical: ScrollThumb {
                 parent: area

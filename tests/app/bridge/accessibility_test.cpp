@@ -136,6 +136,21 @@ TEST_F(AccessibilityTest, TheSheetAndItsFieldHaveNames) {
     EXPECT_EQ(thing("cancelButton")->text(QAccessible::Description), "");
 }
 
+TEST_F(AccessibilityTest, APreviewThatTakesTheFocusHasAName) {
+    choose();
+    w->bridge->beginRename(0);
+    w->bridge->setNewName("Red Hour");
+    w->settle();
+    EXPECT_FALSE(heard().contains("Grouping: PREVIEW")) << "one that does not scroll";
+    w->bridge->setNewName(QString(240, u'x'));
+    w->settle();
+    EXPECT_TRUE(heard().contains("Grouping: PREVIEW"));
+    w->press(Qt::Key_Tab);
+    EXPECT_EQ(w->focused(), "previewArea");
+    EXPECT_TRUE(thing("previewArea")->state().focused);
+    EXPECT_TRUE(heard().contains("StaticText: " + QString(240, u'x') + ".xpj"));
+}
+
 TEST_F(AccessibilityTest, TheAlertSaysItsTitleAndText) {
     choose();
     w->bridge->beginRename(0);
