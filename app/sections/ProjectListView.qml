@@ -58,13 +58,13 @@ FocusScope {
         thumbParent: root
     }
 
-    // The focus is on the list itself where it is on no row.
+    // The focus is on the list itself where it is on no row, for longer than a scan takes.
     Item {
         x: list.x
         y: list.y
         width: list.width
         height: list.count > 0 ? list.height : root.height - y - Theme.edge
-        visible: list.activeFocus && list.currentItem === null
+        visible: list.activeFocus && list.currentItem === null && !root.view.scanning
 
         FocusRing {
             objectName: "listFocus"

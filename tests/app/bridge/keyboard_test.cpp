@@ -20,10 +20,23 @@ protected:
         w.settle();
     }
 
-    /// Sends Return as a held key repeats it.
-    void repeat(Qt::Key key) const {
-        QKeyEvent pressed(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+    /// Sends a key as a held one repeats it.
+    void repeat(Qt::Key key, const QString& text = {}) const {
+        QKeyEvent released(QEvent::KeyRelease, key, Qt::NoModifier, text, true);
+        QCoreApplication::sendEvent(w.window, &released);
+        QKeyEvent pressed(QEvent::KeyPress, key, Qt::NoModifier, text, true);
         QCoreApplication::sendEvent(w.window, &pressed);
+    }
+
+    /// Holds Space on what has the focus, until something has come of it or long enough, and lets it go.
+    void holdSpace() {
+        QTest::keyPress(w.window, Qt::Key_Space);
+        for (int i = 0; i < 5; ++i) {
+            repeat(Qt::Key_Space, " ");
+            w.settle();
+        }
+        QTest::keyRelease(w.window, Qt::Key_Space);
+        w.settle();
     }
 
     int renames() const {
@@ -174,6 +187,24 @@ TEST_F(KeyboardTest, ALongPreviewScrollsByKeysAndMayBecomeShortOrGoWhileItHasThe
     EXPECT_FALSE(w.bridge->sheetOpen());
 }
 
+TEST_F(KeyboardTest, APreviewBeginsAtItsTopWhereverTheLastOneWasLeft) {
+    w.addProject(std::string(200, 'x'));
+    w.addProject(std::string(200, 'y'));
+    w.choose();
+    openSheet(0);
+    w.bridge->setNewName(QString(201, u'x'));
+    w.settle();
+    w.press(Qt::Key_Tab);
+    w.press(Qt::Key_End);
+    ASSERT_GT(w.find("previewArea")->property("contentY").toDouble(), 0);
+    w.press(Qt::Key_Escape);
+    w.settle();
+    openSheet(1);
+    w.bridge->setNewName(QString(201, u'y'));
+    w.settle();
+    EXPECT_EQ(w.find("previewArea")->property("contentY").toDouble(), 0);
+}
+
 TEST_F(KeyboardTest, ReturnAndKeypadEnterInTheFieldRenameOnce) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         SceneWindow window;
@@ -209,6 +240,25 @@ TEST_F(KeyboardTest, AHeldReturnNeitherRenamesNorClosesTheAlert) {
     EXPECT_TRUE(w.bridge->alertOpen());
 }
 
+TEST_F(KeyboardTest, AHeldSpaceIsOnePress) {
+    choose(2);
+    const std::size_t scans = w.view->scanner->logEntries.get().size();
+    w.find("rescanButton")->forceActiveFocus(Qt::TabFocusReason);
+    holdSpace();
+    EXPECT_EQ(w.view->scanner->logEntries.get().size(), 2 * scans);
+    w.find("rowButton")->forceActiveFocus(Qt::TabFocusReason);
+    holdSpace();
+    ASSERT_TRUE(w.bridge->sheetOpen());
+    EXPECT_EQ(w.bridge->newName(), "Song 0");
+    w.type("Song 1");
+    w.press(Qt::Key_Return);
+    w.settle();
+    ASSERT_TRUE(w.bridge->alertOpen());
+    holdSpace();
+    EXPECT_FALSE(w.bridge->alertOpen());
+    EXPECT_EQ(w.bridge->newName(), "Song 1");
+}
+
 TEST_F(KeyboardTest, ReturnOnAFocusedButtonPressesThatButton) {
     choose(2);
     openSheet(0);
@@ -240,6 +290,23 @@ TEST_F(KeyboardTest, EscapeClosesOnlyTheTopmostLayer) {
     w.press(Qt::Key_Escape);
     w.settle();
     EXPECT_FALSE(w.bridge->sheetOpen());
+}
+
+TEST_F(KeyboardTest, AHeldEscapeClosesOnlyTheTopmostLayer) {
+    choose(2);
+    openSheet(0);
+    w.type("Song 1");
+    w.press(Qt::Key_Return);
+    w.settle();
+    ASSERT_TRUE(w.bridge->alertOpen());
+    QTest::keyPress(w.window, Qt::Key_Escape);
+    w.settle();
+    for (int i = 0; i < 3; ++i) {
+        repeat(Qt::Key_Escape);
+        w.settle();
+    }
+    EXPECT_FALSE(w.bridge->alertOpen());
+    EXPECT_TRUE(w.bridge->sheetOpen());
 }
 
 TEST_F(KeyboardTest, APressOutsideClosesNeither) {
@@ -285,6 +352,21 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheRenamedRowJustInSight) {
     EXPECT_TRUE(w.box("projectList").contains(SceneWindow::boxOf(w.window->activeFocusItem())));
 }
 
+TEST_F(KeyboardTest, NoRingStandsAroundTheListWhileItIsEmptyForAScan) {
+    choose(3);
+    w.click("rowButton");
+    w.settle();
+    w.type("Zebra");
+    w.press(Qt::Key_Return);
+    w.settle();
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    QTest::qWait(50);
+    ASSERT_TRUE(w.bridge->scanning());
+    EXPECT_TRUE(w.findAll("listFocus").empty());
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rename Zebra");
+}
+
 TEST_F(KeyboardTest, TheRescanMayComeWhileTheSheetStillFades) {
     choose(8);
     w.bridge->setSearchText("Song 3");
@@ -314,7 +396,6 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheListWhereTheNewNameIsNotListed
     w.settle();
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
     w.settle();
-    EXPECT_EQ(w.focused(), "projectList");
     EXPECT_FALSE(w.findAll("listFocus").empty());
     w.press(Qt::Key_Down);
     EXPECT_EQ(focusedName(), "Rename Song 1");
