@@ -112,7 +112,6 @@ PlatformStyle {
     readonly property int iconButtonExtra: 4
     readonly property int largeButtonRadius: 9
     readonly property int largeButtonSpacing: 7
-    readonly property int faceDrop: 1
     readonly property int thinBorder: 1
     readonly property int fieldHeight: Math.round(Math.max(30, lineRatio * bodyPixels + 14))
     readonly property int fieldPadding: 9

@@ -29,7 +29,7 @@ PressButton {
     background: Item {
         BoxItem {
             objectName: "shade"
-            y: Theme.faceDrop
+            y: Theme.hairline(Screen.devicePixelRatio)
             width: parent.width
             height: parent.height
             radius: root.cornerRadius

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace tarvolt {
 namespace {
 
@@ -59,6 +61,13 @@ protected:
     SceneWindow w;
     Measures m{w};
 };
+
+TEST_F(MeasureControlsTest, TheShadeOfABorderedButtonIsWholePixelsLower) {
+    w.choose();
+    const double lower = part("rowButton", "shade")->y() * w.window->effectiveDevicePixelRatio();
+    EXPECT_GE(lower, 1);
+    EXPECT_DOUBLE_EQ(lower, std::round(lower));
+}
 
 TEST_F(MeasureControlsTest, BorderedButtonsHaveTheirSizesAndColours) {
     w.choose();
