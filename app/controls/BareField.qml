@@ -12,6 +12,8 @@ T.TextField {
     selectionColor: Theme.selection
     selectedTextColor: Theme.primary
     selectByMouse: true
+    // As all texts here, in every script.
+    horizontalAlignment: TextInput.AlignLeft
     renderType: Text.NativeRendering
     Accessible.editable: true
     cursorDelegate: Caret {

@@ -97,5 +97,21 @@ TEST_F(MeasureSearchTest, TheScanIndicatorStandsAboveAnEmptyList) {
     EXPECT_EQ(w.findAll("projectRow").size(), 6U);
 }
 
+TEST_F(MeasureSearchTest, FieldsBeginAtTheLeftInEveryScript) {
+    w.addProjects(6);
+    w.choose();
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    w.bridge->setSearchText(QStringLiteral("\u0645\u0631\u062d\u0628\u0627"));
+    w.settle();
+    EXPECT_EQ(w.find("searchField")->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
+    w.bridge->setSearchText({});
+    w.settle();
+    w.bridge->beginRename(0);
+    w.bridge->setNewName(QStringLiteral("\u0645\u0631\u062d\u0628\u0627"));
+    w.settle();
+    EXPECT_EQ(w.find("newNameField")->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
+    QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+}
+
 } // namespace
 } // namespace tarvolt
