@@ -9,12 +9,15 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <random>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 

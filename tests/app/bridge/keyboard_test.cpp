@@ -28,7 +28,14 @@ protected:
         QCoreApplication::sendEvent(w.window, &pressed);
     }
 
-    /// Holds Space on what has the focus, until something has come of it or long enough, and lets it go.
+    /// Types the other project's name into the open sheet and submits it.
+    void failToRename() {
+        w.type("Song 1");
+        w.press(Qt::Key_Return);
+        w.settle();
+    }
+
+    /// Holds Space on what has the focus while it repeats five times, and lets it go.
     void holdSpace() {
         QTest::keyPress(w.window, Qt::Key_Space);
         for (int i = 0; i < 5; ++i) {
@@ -250,9 +257,7 @@ TEST_F(KeyboardTest, AHeldSpaceIsOnePress) {
     holdSpace();
     ASSERT_TRUE(w.bridge->sheetOpen());
     EXPECT_EQ(w.bridge->newName(), "Song 0");
-    w.type("Song 1");
-    w.press(Qt::Key_Return);
-    w.settle();
+    failToRename();
     ASSERT_TRUE(w.bridge->alertOpen());
     holdSpace();
     EXPECT_FALSE(w.bridge->alertOpen());
@@ -279,9 +284,7 @@ TEST_F(KeyboardTest, ReturnOnAFocusedButtonPressesThatButton) {
 TEST_F(KeyboardTest, EscapeClosesOnlyTheTopmostLayer) {
     choose(2);
     openSheet(0);
-    w.type("Song 1");
-    w.press(Qt::Key_Return);
-    w.settle();
+    failToRename();
     ASSERT_TRUE(w.bridge->alertOpen());
     w.press(Qt::Key_Escape);
     w.settle();
@@ -295,9 +298,7 @@ TEST_F(KeyboardTest, EscapeClosesOnlyTheTopmostLayer) {
 TEST_F(KeyboardTest, AHeldEscapeClosesOnlyTheTopmostLayer) {
     choose(2);
     openSheet(0);
-    w.type("Song 1");
-    w.press(Qt::Key_Return);
-    w.settle();
+    failToRename();
     ASSERT_TRUE(w.bridge->alertOpen());
     QTest::keyPress(w.window, Qt::Key_Escape);
     w.settle();
