@@ -5,6 +5,7 @@
 #include "rename/rename_error.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 #include <utility>
 
@@ -12,6 +13,7 @@ namespace tarvolt {
 namespace {
 
 constexpr std::size_t projectsWithoutSearchBar = 5;
+constexpr std::chrono::milliseconds rescanDelay{500};
 constexpr std::chrono::milliseconds highlightDuration{2000};
 
 } // namespace
@@ -24,16 +26,20 @@ ContentView::ContentView(Passkey, Services services)
     : scanner(MPCScanner::create(services)), showError(false), services_(std::move(services)) {}
 
 std::vector<MPCProject> ContentView::filteredProjects() const {
-    const auto& all = scanner->projects.get();
-    const auto& search = searchText.get();
-    if (search.empty()) {
-        return all;
-    }
     std::vector<MPCProject> matching;
-    std::copy_if(all.begin(), all.end(), std::back_inserter(matching), [&](const MPCProject& project) {
-        return localizedCaseInsensitiveContains(project.baseName, search, services_.locale.characters);
-    });
+    std::ranges::copy_if(scanner->projects.get(), std::back_inserter(matching),
+                         [this](const MPCProject& project) { return matchesSearch(project.baseName); });
     return matching;
+}
+
+bool ContentView::matchesSearch(const std::string& name) const {
+    const auto& search = searchText.get();
+    return search.empty() || localizedCaseInsensitiveContains(name, search, services_.locale.characters);
+}
+
+bool ContentView::searchHides(const std::string& name) const {
+    return !matchesSearch(name) &&
+           std::ranges::find(scanner->projects.get(), name, &MPCProject::baseName) != scanner->projects.get().end();
 }
 
 ContentArea ContentView::contentArea() const {
@@ -68,18 +74,34 @@ void ContentView::cancelRename() {
 }
 
 void ContentView::performRename(const MPCProject& project) {
+    const std::string name(trimWhitespace(newName.get()));
     try {
-        scanner->rename(project, std::string(trimWhitespace(newName.get())));
+        scanner->rename(project, name);
     } catch (const RenameError& error) {
         errorMessage.set(error.errorDescription());
         showError.set(true);
         return;
     }
     successProject.set(project.id);
+    finishedRename.set(FinishedRename{project.id, name, false});
     renamingProject.set(std::nullopt);
-    services_.mainQueue->asyncAfter(rescanDelay, [self = shared_from_this()] { self->scanner->scan(); });
+    services_.mainQueue->asyncAfter(rescanDelay, [self = shared_from_this(), renamed = project.id] {
+        // The scan must not keep the view alive.
+        self->scanner->scan([weak = self->weak_from_this(), renamed] {
+            if (const auto view = weak.lock()) {
+                view->rescanPublished(renamed);
+            }
+        });
+    });
     services_.mainQueue->asyncAfter(highlightDuration,
                                     [self = shared_from_this()] { self->successProject.set(std::nullopt); });
+}
+
+/// Of several renames the last one counts.
+void ContentView::rescanPublished(const UUID& renamed) {
+    if (const auto& last = finishedRename.get(); last && last->project == renamed) {
+        finishedRename.change([](auto& rename) { rename->listed = true; });
+    }
 }
 
 void ContentView::dismissAlert() {

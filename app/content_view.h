@@ -3,7 +3,6 @@
 #include "foundation/published.h"
 #include "model/mpc_scanner.h"
 
-#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,11 +10,15 @@
 
 namespace tarvolt {
 
-/// How long after a rename the folder is scanned again.
-inline constexpr std::chrono::milliseconds rescanDelay{500};
-
 /// What stands under the header.
 enum class ContentArea { folderPicker, emptyState, projectList };
+
+/// A rename that went well, until its new name has been shown in the list.
+struct FinishedRename {
+    UUID project;     ///< the record that was renamed
+    std::string name; ///< the new name
+    bool listed;      ///< the scan that follows the rename has been published
+};
 
 /// The state of the main view and what follows from it, without a toolkit. Main thread only. Nothing of it is saved.
 class ContentView final : public std::enable_shared_from_this<ContentView> {
@@ -28,12 +31,13 @@ public:
     ContentView(Passkey, Services services);
 
     const std::shared_ptr<MPCScanner> scanner;
-    Published<std::optional<MPCProject>> renamingProject; ///< the sheet is open exactly while present
-    Published<std::string> newName;                       ///< the text of the sheet's field
-    Published<std::optional<std::string>> errorMessage;   ///< the text of the failure alert
-    Published<bool> showError;                            ///< the alert is shown exactly while true
-    Published<std::optional<UUID>> successProject;        ///< the project just renamed, for its highlight
-    Published<std::string> searchText;                    ///< written by the search field only
+    Published<std::optional<MPCProject>> renamingProject;    ///< the sheet is open exactly while present
+    Published<std::string> newName;                          ///< the text of the sheet's field
+    Published<std::optional<std::string>> errorMessage;      ///< the text of the failure alert
+    Published<bool> showError;                               ///< the alert is shown exactly while true
+    Published<std::optional<UUID>> successProject;           ///< the project just renamed, for its highlight
+    Published<std::string> searchText;                       ///< written by the search field only
+    Published<std::optional<FinishedRename>> finishedRename; ///< the last rename; absent once it has been shown
 
     /// The projects to list: all of them for an empty search text, else those whose name holds it, in their order.
     std::vector<MPCProject> filteredProjects() const;
@@ -56,13 +60,19 @@ public:
     void cancelRename();
 
     /// Renames the project to the trimmed new name. On failure the alert is shown and the sheet stays; on success the
-    /// sheet closes, the row is highlighted, the folder is scanned again 0.5 s later and the highlight ends 2.0 s
-    /// later.
+    /// sheet closes, the row is highlighted, `finishedRename` is set, the folder is scanned again 0.5 s later and the
+    /// highlight ends 2.0 s later.
     void performRename(const MPCProject& project);
 
     void dismissAlert();
 
+    /// Whether the folder has a project of this name that the search text keeps out of the list.
+    bool searchHides(const std::string& name) const;
+
 private:
+    bool matchesSearch(const std::string& name) const;
+    void rescanPublished(const UUID& renamed);
+
     Services services_;
 };
 

@@ -1,4 +1,3 @@
-#include "app/bridge/held_return.h"
 #include "app/bridge/qt_folder_panel.h"
 #include "app/bridge/qt_main_queue.h"
 #include "app/bridge/symbol_drawing.h"
@@ -59,8 +58,6 @@ int run(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarvolt"));
     QApplication application(argc, argv);
     QApplication::setWindowIcon(windowIcon());
-    HeldReturn heldReturn;
-    application.installEventFilter(&heldReturn);
     installTranslations(application);
 
     const auto panel = std::make_shared<QtFolderPanel>();

@@ -46,14 +46,16 @@ MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::pa
 
 /// Ends a scan on the main thread. The scanner moves there with the result, so that a background thread can never be
 /// the last to hold it.
-void publish(std::shared_ptr<MPCScanner> scanner, MPCScanner::Projects found) {
+void publish(std::shared_ptr<MPCScanner> scanner, MPCScanner::Projects found, Task published) {
     const auto mainQueue = scanner->services().mainQueue;
-    mainQueue->async([scanner = std::move(scanner), found = std::move(found)]() mutable {
-        const auto count = found.size();
-        scanner->projects.set(std::move(found));
-        scanner->isScanning.set(false);
-        scanner->log("Scan complete: " + std::to_string(count) + " project(s)", false);
-    });
+    mainQueue->async(
+        [scanner = std::move(scanner), found = std::move(found), published = std::move(published)]() mutable {
+            const auto count = found.size();
+            scanner->projects.set(std::move(found));
+            scanner->isScanning.set(false);
+            scanner->log("Scan complete: " + std::to_string(count) + " project(s)", false);
+            published();
+        });
 }
 
 } // namespace
@@ -82,24 +84,24 @@ void MPCScanner::selectFolder() {
     scan();
 }
 
-void MPCScanner::scan() {
+void MPCScanner::scan(Task published) {
     if (!folderURL.get()) {
         return;
     }
     isScanning.set(true);
     projects.set({});
     try {
-        services_.backgroundQueue->async([weak = weak_from_this(), folder = *folderURL.get()] {
+        services_.backgroundQueue->async([weak = weak_from_this(), folder = *folderURL.get(), published] {
             if (auto self = weak.lock()) {
                 auto found = findProjects(*self, folder);
-                publish(std::move(self), std::move(found));
+                publish(std::move(self), std::move(found), published);
             }
         });
     } catch (const std::system_error& error) {
         // Not even a thread to be had: the scan ends like one whose folder cannot be read, so that it can be tried
         // again.
         log("Scan error: " + displayText(error.code().message()), true);
-        publish(shared_from_this(), {});
+        publish(shared_from_this(), {}, std::move(published));
     }
 }
 

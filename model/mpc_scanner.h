@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/dispatch_queue.h"
 #include "foundation/published.h"
 #include "model/mpc_project.h"
 #include "model/services.h"
@@ -51,8 +52,9 @@ public:
     void selectFolder();
 
     /// Lists the chosen folder on the background queue and publishes the result through the main queue; returns at
-    /// once. Without a folder nothing happens. A second scan may run beside the first; each publishes its own result.
-    void scan();
+    /// once. Without a folder nothing happens. A second scan may run beside the first; each publishes its own result,
+    /// and then runs its own `published` on the main thread.
+    void scan(Task published = [] {});
 
     /// Renames one project on disk: file, folder and the references between them. When it returns, every file operation
     /// is done and the success is logged; without a chosen folder it returns and has done nothing. Throws RenameError

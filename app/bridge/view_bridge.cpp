@@ -6,10 +6,8 @@
 #include "app/sections/project_count_text.h"
 #include "app/sections/rename_sheet_texts.h"
 #include "app/sections/split_width.h"
-#include "foundation/text.h"
 
 #include <QAccessible>
-#include <QPointer>
 #include <QQuickItem>
 
 #include <utility>
@@ -50,12 +48,7 @@ void ViewBridge::observe() {
     auto& scan = *state.scanner;
     subscriptions_.push_back(scan.projects.observe(listSoon));
     subscriptions_.push_back(scan.folderURL.observe(soon));
-    subscriptions_.push_back(scan.isScanning.observe([this, &scan] {
-        if (scan.isScanning.get()) {
-            awaitedRescan_.scanEnded();
-        }
-        refreshSoon();
-    }));
+    subscriptions_.push_back(scan.isScanning.observe(soon));
     subscriptions_.push_back(scan.logEntries.observe(soon));
     subscriptions_.push_back(state.renamingProject.observe(soon));
     subscriptions_.push_back(state.newName.observe(soon));
@@ -63,6 +56,7 @@ void ViewBridge::observe() {
     subscriptions_.push_back(state.showError.observe(soon));
     subscriptions_.push_back(state.successProject.observe(soon));
     subscriptions_.push_back(state.searchText.observe(listSoon));
+    subscriptions_.push_back(state.finishedRename.observe(soon));
 }
 
 void ViewBridge::refreshSoon() {
@@ -79,7 +73,7 @@ void ViewBridge::refresh() {
     projects_.setRenamed(view_->successProject.get());
     log_.takeNewEntries();
     deriveState();
-    followRescan();
+    followRename();
 }
 
 /// Re-reads everything that is quick to read. The texts go out before what opens on them.
@@ -206,28 +200,23 @@ void ViewBridge::pressRename() {
 }
 
 void ViewBridge::performRename() {
-    // Scheduled before the rescan with the same delay, so it runs before it: by as much as the rename takes. A scan of
-    // that time sees the new name as well.
-    services_.mainQueue->asyncAfter(rescanDelay, [self = QPointer(this), number = awaitedRescan_.begin()] {
-        if (ViewBridge* bridge = self.data()) {
-            bridge->awaitedRescan_.due(number);
-        }
-    });
     view_->performRename(*shownProject_);
-    if (!view_->renamingProject.get()) {
-        awaitedRescan_.succeed(std::string(trimWhitespace(view_->newName.get())));
-    }
     deriveState();
 }
 
-void ViewBridge::followRescan() {
+bool ViewBridge::awaitsList() const {
+    const auto& rename = view_->finishedRename.get();
+    return rename && !rename->listed;
+}
+
+void ViewBridge::followRename() {
     // What stands over the list keeps the focus until it closes.
-    if (sheetOpen_ || alertOpen_ || view_->scanner->isScanning.get()) {
+    const auto rename = view_->finishedRename.get();
+    if (!rename || !rename->listed || isCovered() || view_->scanner->isScanning.get()) {
         return;
     }
-    if (const auto name = awaitedRescan_.take()) {
-        emit renamedProjectListed(projects_.rowOf(*name));
-    }
+    view_->finishedRename.set(std::nullopt);
+    emit renamedProjectListed(projects_.rowOf(rename->name), view_->searchHides(rename->name));
 }
 
 void ViewBridge::dismissAlert() {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/awaited_rescan.h"
 #include "app/bridge/log_model.h"
+#include "app/bridge/press_filter.h"
 #include "app/bridge/project_list_model.h"
 #include "app/content_view.h"
 
@@ -99,6 +99,12 @@ public:
     Q_INVOKABLE void pressRename();
     Q_INVOKABLE void dismissAlert();
 
+    /// Whether a rename has gone well and the list does not show its result yet.
+    Q_INVOKABLE bool awaitsList() const;
+
+    /// Whether the person goes by keys rather than by the mouse.
+    Q_INVOKABLE bool goesByKeys() const { return presses_.goesByKeys(); }
+
     /// The log's width nearest to `wanted` beside the list.
     Q_INVOKABLE double allowedLogWidth(double wanted, double available) const;
 
@@ -116,9 +122,9 @@ signals:
     void alertOpenChanged();
     void alertMessageChanged();
 
-    /// The scan after a rename has ended, and nothing stands over the list any more: `row` shows the new name, or -1
-    /// where it is not listed.
-    void renamedProjectListed(int row);
+    /// The scan after a rename has ended, and nothing stands over the list any more: `row` shows the new name, or is -1
+    /// where it is not listed, perhaps because the search hides it.
+    void renamedProjectListed(int row, bool hiddenBySearch);
 
 private:
     struct Header {
@@ -147,7 +153,7 @@ private:
     void refreshSoon();
     void refresh();
     void deriveState();
-    void followRescan();
+    void followRename();
     Header makeHeader() const;
     Sheet makeSheet(const MPCProject& project) const;
     bool isCovered() const;
@@ -158,6 +164,7 @@ private:
     const Services services_;
     ProjectListModel projects_;
     LogModel log_;
+    PressFilter presses_;
 
     Header header_;
     QString searchText_;
@@ -170,8 +177,6 @@ private:
 
     bool refreshPosted_ = false;
     bool listDirty_ = false;
-
-    AwaitedRescan awaitedRescan_;
 
     std::vector<Subscription> subscriptions_;
 };

@@ -21,15 +21,14 @@ T.AbstractButton {
     Accessible.description: enabled ? "" : qsTr("Not available now")
     // Answered first: a folder panel would keep whoever pressed waiting until it closes. The linter of Qt 6.4 takes
     // callLater for no function and has no name for this warning.
-    Accessible.onPressAction: Qt.callLater(root.pressOnce, false) // qmllint disable
-    // The toolkit's button takes each repeat of a held Space for a press of its own.
-    Keys.onSpacePressed: event => event.accepted = event.isAutoRepeat
-    Keys.onReleased: event => event.accepted = event.key === Qt.Key_Space && event.isAutoRepeat
-    Keys.onReturnPressed: event => root.pressOnce(event.isAutoRepeat)
-    Keys.onEnterPressed: event => root.pressOnce(event.isAutoRepeat)
+    Accessible.onPressAction: Qt.callLater(root.press) // qmllint disable
+    // The toolkit's button would act when Space is released, which a held key on X11 seems to be again and again.
+    Keys.onSpacePressed: root.press()
+    Keys.onReturnPressed: root.press()
+    Keys.onEnterPressed: root.press()
 
-    function pressOnce(repeated: bool): void {
-        if (root.enabled && !repeated)
+    function press(): void {
+        if (root.enabled)
             root.clicked();
     }
 }

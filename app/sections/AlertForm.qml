@@ -19,11 +19,7 @@ FocusScope {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
     Accessible.description: message.text
-    // A held key closes what was open when it was pressed, and not what is below that.
-    Keys.onEscapePressed: event => {
-        if (!event.isAutoRepeat)
-            root.view.dismissAlert();
-    }
+    Keys.onEscapePressed: root.view.dismissAlert()
     Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
     ColumnLayout {

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Tarvolt
 
 // What stands under the header: the folder picker, the empty state, or the list beside the log.
@@ -12,7 +11,6 @@ FocusScope {
     readonly property int shown: view.area
     // None while another window is in front; it comes back to the same item, shown or not.
     readonly property Item focusItem: Window.activeFocusItem
-    property bool goesByKeys: false
 
     objectName: "contentArea"
     // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
@@ -22,21 +20,17 @@ FocusScope {
     }
     onFocusItemChanged: Qt.callLater(root.keepFocusInSight) // qmllint disable
 
-    // Tab leads nowhere from what has been hidden. Who goes by keys is taken along to what is shown instead.
+    // Tab leads nowhere from what has been hidden. Keyboard users are moved to what is shown instead.
     function keepFocusInSight(): void {
-        if (!root.focusItem)
+        const showsSplit = root.shown === ViewBridge.ProjectList;
+        if (!root.focusItem || root.focusItem.visible || (showsSplit && split.activeFocus))
             return;
-        if (root.focusItem.visible) {
-            const control = root.focusItem as T.Control;
-            root.goesByKeys = control === null || control.visualFocus;
-        } else if (root.goesByKeys) {
-            if (root.shown === ViewBridge.EmptyState)
-                emptyState.takeFocus();
-            else
-                split.forceActiveFocus(Qt.TabFocusReason);
-        } else {
+        if (!root.view.goesByKeys())
             root.focusItem.focus = false;
-        }
+        else if (showsSplit)
+            split.forceActiveFocus(Qt.TabFocusReason);
+        else
+            emptyState.takeFocus();
     }
 
     NumberAnimation {

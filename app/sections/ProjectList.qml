@@ -11,7 +11,10 @@ ListView {
 
     required property ViewBridge view
     required property Item thumbParent
-    property bool restsOnList: false // the focus is on no row
+    // The focus stays on the list itself, although there are rows.
+    property bool resting: false
+    // A focus on the list itself shows.
+    property bool ringed: false
     readonly property int rowsInSight: currentItem ? Math.max(1, Math.floor(height / currentItem.height)) : 1
 
     objectName: "projectList"
@@ -23,12 +26,9 @@ ListView {
     activeFocusOnTab: count > 0 || activeFocus
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
-    onActiveFocusChanged: {
-        if (!activeFocus)
-            restsOnList = false;
-        else if (!restsOnList && count > 0 && Window.activeFocusItem === root)
-            root.focusRow(Math.max(0, currentIndex));
-    }
+    onActiveFocusChanged: handOnFocus()
+    // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
+    onCountChanged: Qt.callLater(root.handOnFocus) // qmllint disable
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Projects")
 
@@ -38,9 +38,6 @@ ListView {
         y: root.y
         height: root.height
     }
-
-    // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
-    onCountChanged: Qt.callLater(root.handOnFocus) // qmllint disable
 
     delegate: ProjectRow {
         id: row
@@ -93,21 +90,31 @@ ListView {
         return true;
     }
 
-    // Rows that come while the list has the focus show that it is there.
+    // The list itself has the focus only while it rests there or has no row to give it to.
     function handOnFocus(): void {
-        if (root.activeFocus && root.currentItem)
-            root.focusRow(root.currentIndex);
+        const item = Window.activeFocusItem;
+        if (item !== root)
+            root.resting = root.resting && item === null;
+        else if (!root.resting && root.count > 0)
+            root.focusRow(Math.max(0, root.currentIndex));
+        else if (!root.resting)
+            root.ringed = root.view.goesByKeys();
     }
 
-    // Row -1 is the list itself.
     function focusRow(row: int): void {
-        root.restsOnList = row < 0;
+        root.resting = false;
         root.currentIndex = row;
-        if (row >= 0) {
-            root.positionViewAtIndex(row, ListView.Contain);
-            (root.currentItem as ProjectRow).takeFocus();
-        } else {
-            root.forceActiveFocus(Qt.TabFocusReason);
-        }
+        root.positionViewAtIndex(row, ListView.Contain);
+        (root.currentItem as ProjectRow).takeFocus(root.view.goesByKeys());
+    }
+
+    // Puts the focus on no row.
+    function rest(ring: bool): void {
+        root.resting = true;
+        root.ringed = ring;
+        if (root.currentItem)
+            root.currentItem.focus = false;
+        root.currentIndex = -1;
+        root.forceActiveFocus(Qt.OtherFocusReason);
     }
 }

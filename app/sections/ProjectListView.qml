@@ -15,9 +15,34 @@ FocusScope {
 
     objectName: "projectListView"
 
-    // Row -1 is the list itself.
-    function focusRow(row: int): void {
-        list.focusRow(row);
+    // Tab leads nowhere from a search field that is hidden for longer than a scan.
+    readonly property bool searchGone: !searchBar.visible && !view.scanning
+
+    onSearchGoneChanged: {
+        if (searchGone && searchBar.focused)
+            list.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Connections {
+        target: root.view
+
+        // The row that the sheet was opened from is about to go.
+        function onSheetOpenChanged(): void {
+            if (!root.view.sheetOpen && root.view.awaitsList())
+                list.rest(false);
+        }
+
+        // Whoever has gone elsewhere meanwhile stays there.
+        function onRenamedProjectListed(row: int, hiddenBySearch: bool): void {
+            if (!list.activeFocus && !list.resting)
+                return;
+            if (row >= 0)
+                list.focusRow(row);
+            else if (hiddenBySearch && searchBar.visible)
+                searchBar.takeFocus();
+            else
+                list.rest(root.view.goesByKeys());
+        }
     }
 
     SearchBar {
@@ -58,13 +83,13 @@ FocusScope {
         thumbParent: root
     }
 
-    // The focus is on the list itself where it is on no row, for longer than a scan takes.
+    // The focus is on the list itself, for longer than a scan takes.
     Item {
         x: list.x
         y: list.y
         width: list.width
         height: list.count > 0 ? list.height : root.height - y - Theme.edge
-        visible: list.activeFocus && list.currentItem === null && !root.view.scanning
+        visible: list.activeFocus && list.currentItem === null && list.ringed && !root.view.scanning
 
         FocusRing {
             objectName: "listFocus"

@@ -13,19 +13,10 @@ FocusScope {
 
     objectName: "renameForm"
     focus: true
-    // A held key closes what was open when it was pressed, and not what is below that.
-    Keys.onEscapePressed: event => {
-        if (!event.isAutoRepeat)
-            root.view.cancelRename();
-    }
+    Keys.onEscapePressed: root.view.cancelRename()
     // Return is the Rename button's wherever no control takes it.
-    Keys.onReturnPressed: event => root.pressRename(event.isAutoRepeat)
-    Keys.onEnterPressed: event => root.pressRename(event.isAutoRepeat)
-
-    function pressRename(repeated: bool): void {
-        if (!repeated)
-            root.view.pressRename();
-    }
+    Keys.onReturnPressed: root.view.pressRename()
+    Keys.onEnterPressed: root.view.pressRename()
 
     function focusField(): void {
         field.forceActiveFocus(Qt.OtherFocusReason);
@@ -88,8 +79,9 @@ FocusScope {
                         root.view.newName = text;
                 }
                 Accessible.name: qsTr("New name")
-                Keys.onReturnPressed: event => root.submit(event.isAutoRepeat)
-                Keys.onEnterPressed: event => root.submit(event.isAutoRepeat)
+                // Submitting the field asks for the rename whatever the button's state.
+                Keys.onReturnPressed: root.view.submitNewName()
+                Keys.onEnterPressed: root.view.submitNewName()
             }
         }
 
@@ -124,11 +116,5 @@ FocusScope {
                 onClicked: root.view.pressRename()
             }
         }
-    }
-
-    // Submitting the field asks for the rename whatever the button's state.
-    function submit(repeated: bool): void {
-        if (!repeated)
-            root.view.submitNewName();
     }
 }

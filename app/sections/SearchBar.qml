@@ -6,6 +6,11 @@ Item {
     id: root
 
     required property ViewBridge view
+    readonly property alias focused: field.activeFocus
+
+    function takeFocus(): void {
+        field.forceActiveFocus(Qt.OtherFocusReason);
+    }
 
     objectName: "searchBar"
     implicitHeight: Math.max(symbol.implicitHeight, field.implicitHeight) + 2 * Theme.searchPadding
@@ -48,7 +53,7 @@ Item {
     }
 
     TapHandler {
-        onTapped: field.forceActiveFocus(Qt.MouseFocusReason)
+        onTapped: root.takeFocus()
     }
 
     HoverHandler {

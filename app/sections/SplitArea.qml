@@ -14,7 +14,6 @@ FocusScope {
     objectName: "splitArea"
 
     ProjectListView {
-        id: list
         width: divider.x
         height: parent.height
         focus: true
@@ -37,13 +36,5 @@ FocusScope {
         width: root.logWidth
         height: parent.height
         view: root.view
-    }
-
-    Connections {
-        target: root.view
-
-        function onRenamedProjectListed(row: int): void {
-            list.focusRow(row);
-        }
     }
 }

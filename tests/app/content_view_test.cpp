@@ -329,6 +329,48 @@ TEST_F(RenameFlow, EndsTheHighlightOfASecondRenameEarlyWithTheFirst) {
     EXPECT_FALSE(view->successProject.get().has_value());
 }
 
+TEST_F(RenameFlow, IsFinishedOnceTheScanThatFollowsItIsPublished) {
+    renameTo(" Beat ");
+    ASSERT_TRUE(view->finishedRename.get().has_value());
+    EXPECT_EQ(view->finishedRename.get()->name, "Beat");
+    EXPECT_FALSE(view->finishedRename.get()->listed);
+    view->scanner->scan();
+    scene.settle();
+    EXPECT_FALSE(view->finishedRename.get()->listed) << "a scan of somebody else's";
+    scene.mainQueue->advance(500ms);
+    EXPECT_FALSE(view->finishedRename.get()->listed);
+    scene.settle();
+    EXPECT_TRUE(view->finishedRename.get()->listed);
+}
+
+TEST_F(RenameFlow, WaitsForTheScanOfTheLastOfTwoRenames) {
+    renameTo("Beat");
+    const MPCProject other = project("Other");
+    scene.mainQueue->advance(400ms);
+    view->beginRename(other);
+    view->newName.set("Loop");
+    view->performRename(other);
+    scene.mainQueue->advance(100ms);
+    scene.settle();
+    EXPECT_EQ(view->finishedRename.get()->name, "Loop");
+    EXPECT_FALSE(view->finishedRename.get()->listed) << "that was the first one's scan";
+    scene.mainQueue->advance(400ms);
+    scene.settle();
+    EXPECT_TRUE(view->finishedRename.get()->listed);
+}
+
+TEST_F(RenameFlow, StaysUnfinishedOnFailure) {
+    renameTo("Other");
+    EXPECT_FALSE(view->finishedRename.get().has_value());
+}
+
+TEST_F(RenameFlow, TellsWhetherTheSearchHidesAName) {
+    view->searchText.set("song");
+    EXPECT_TRUE(view->searchHides("Other"));
+    EXPECT_FALSE(view->searchHides("Song"));
+    EXPECT_FALSE(view->searchHides("Neither listed nor there"));
+}
+
 TEST_F(RenameFlow, ShowsTheReasonAndKeepsSheetAndNameOnFailure) {
     const auto log = messages(*view->scanner);
     view->beginRename(song);

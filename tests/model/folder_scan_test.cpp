@@ -244,6 +244,23 @@ TEST_F(FolderScan, LetsTheScanThatEndsLastDecideWhenTwoOverlap) {
     EXPECT_EQ(messages(*scanner).size(), 4U);
 }
 
+TEST_F(FolderScan, TellsItsOwnEndWhenTwoOverlap) {
+    disk.addFile("/p/Song.xpj");
+    scanner->folderURL.set("/p");
+    Lines ends;
+    const auto tell = [&](const std::string& name) {
+        return [&, name] { ends.push_back(name + (scanner->projects.get().empty() ? "" : " listed")); };
+    };
+    scanner->scan(tell("first"));
+    scanner->scan(tell("second"));
+    scene.background->runOne();
+    EXPECT_EQ(ends, Lines{}) << "not before it is published";
+    scene.mainQueue->drain();
+    EXPECT_EQ(ends, Lines{"first listed"});
+    scene.settle();
+    EXPECT_EQ(ends, (Lines{"first listed", "second listed"}));
+}
+
 TEST_F(FolderScan, KeepsTheScannerFromItsBackgroundStepToItsEnd) {
     const std::weak_ptr<MPCScanner> weak = scanner;
     scanner->folderURL.set("/p");

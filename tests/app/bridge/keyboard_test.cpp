@@ -35,6 +35,26 @@ protected:
         w.settle();
     }
 
+    /// Renames the project of this row by keys alone.
+    void renameRow(int row, const QString& name) {
+        w.find("projectList")->forceActiveFocus(Qt::TabFocusReason);
+        w.press(Qt::Key_Home);
+        for (int i = 0; i < row; ++i) {
+            w.press(Qt::Key_Down);
+        }
+        w.press(Qt::Key_Return);
+        w.settle();
+        w.type(name);
+        w.press(Qt::Key_Return);
+        w.settle();
+    }
+
+    /// Lets the time until the scan after a rename pass, and the scan end.
+    void passRescan() {
+        w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+        w.settle();
+    }
+
     /// Holds Space on what has the focus while it repeats five times, and lets it go.
     void holdSpace() {
         QTest::keyPress(w.window, Qt::Key_Space);
@@ -387,19 +407,149 @@ TEST_F(KeyboardTest, TheRescanMayComeWhileTheSheetStillFades) {
     }
 }
 
-TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheListWhereTheNewNameIsNotListed) {
+TEST_F(KeyboardTest, AfterTheRescanTheFocusIsInTheSearchFieldThatHidesTheNewName) {
     choose(8);
     w.bridge->setSearchText("Song");
     w.settle();
-    openSheet(0);
-    w.type("Zebra");
+    renameRow(0, "Zebra");
+    passRescan();
+    EXPECT_EQ(w.focused(), "searchField");
     w.press(Qt::Key_Return);
     w.settle();
-    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    EXPECT_FALSE(w.bridge->sheetOpen());
+}
+
+TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereAHiddenSearchHidesTheNewName) {
+    choose(3);
+    w.bridge->setSearchText("Song");
     w.settle();
+    renameRow(0, "Zebra");
+    passRescan();
+    EXPECT_EQ(w.focused(), "projectList");
     EXPECT_FALSE(w.findAll("listFocus").empty());
+    w.press(Qt::Key_Return);
+    w.press(Qt::Key_Space);
+    w.settle();
+    EXPECT_FALSE(w.bridge->sheetOpen());
     w.press(Qt::Key_Down);
     EXPECT_EQ(focusedName(), "Rename Song 1");
+    EXPECT_TRUE(w.findAll("listFocus").empty());
+}
+
+TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereTheProjectHasGone) {
+    choose(3);
+    renameRow(0, "Zebra");
+    w.scene.disk->removeItem("/p/Zebra.xpj", std::nullopt);
+    passRescan();
+    EXPECT_EQ(w.focused(), "projectList");
+    EXPECT_FALSE(w.findAll("listFocus").empty());
+}
+
+TEST_F(KeyboardTest, AReturnAfterARenameDoesNothingUntilTheListIsThere) {
+    choose(3);
+    renameRow(0, "Zebra");
+    for (const auto wait : {0, 160, 300}) {
+        w.scene.mainQueue->advance(std::chrono::milliseconds(wait));
+        w.settle();
+        w.press(Qt::Key_Return);
+        w.press(Qt::Key_Space);
+        w.settle();
+        EXPECT_FALSE(w.bridge->sheetOpen()) << wait;
+    }
+    passRescan();
+    EXPECT_EQ(focusedName(), "Rename Zebra");
+    w.press(Qt::Key_Return);
+    EXPECT_TRUE(w.bridge->sheetOpen());
+}
+
+TEST_F(KeyboardTest, AReturnAfterARenameOpensTheSheetOfARowThatThePersonHasGoneTo) {
+    choose(3);
+    renameRow(0, "Zebra");
+    w.press(Qt::Key_End);
+    w.press(Qt::Key_Return);
+    w.settle();
+    EXPECT_EQ(w.bridge->newName(), "Song 2");
+}
+
+TEST_F(KeyboardTest, TheFocusStaysWhereThePersonHasGoneToAfterARename) {
+    choose(3);
+    renameRow(0, "Zebra");
+    w.find("changeFolderButton")->forceActiveFocus(Qt::TabFocusReason);
+    passRescan();
+    EXPECT_EQ(focusedName(), "Change Folder");
+}
+
+TEST_F(KeyboardTest, TheFocusReturnsToTheSearchFieldThatIsHiddenForAScan) {
+    choose(8);
+    renameRow(0, "Zebra");
+    w.find("searchField")->forceActiveFocus();
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    QTest::qWait(50);
+    ASSERT_TRUE(w.findAll("searchField").empty());
+    w.settle();
+    EXPECT_EQ(w.focused(), "searchField");
+    EXPECT_FALSE(w.findAll("searchField").empty());
+}
+
+TEST_F(KeyboardTest, TheFocusLeavesASearchFieldThatDoesNotComeBack) {
+    choose(6);
+    w.find("searchField")->forceActiveFocus();
+    w.scene.disk->removeItem("/p/Song 0.xpj", std::nullopt);
+    w.bridge->rescan();
+    w.settle();
+    ASSERT_TRUE(w.findAll("searchField").empty());
+    EXPECT_EQ(focusedName(), "Rename Song 1");
+}
+
+TEST_F(KeyboardTest, ARenameByTheMouseAloneEndsWithoutARing) {
+    choose(3);
+    w.click("rowButton");
+    w.settle();
+    w.find("newNameField")->setProperty("text", "Zebra");
+    w.settle();
+    w.click("renameButton");
+    w.settle();
+    passRescan();
+    EXPECT_EQ(focusedName(), "Rename Zebra");
+    EXPECT_FALSE(w.window->activeFocusItem()->property("visualFocus").toBool());
+    EXPECT_TRUE(w.findAll("listFocus").empty());
+}
+
+TEST_F(KeyboardTest, OfTwoRenamesAroundASlowScanTheSecondNameHasTheFocus) {
+    choose(3);
+    renameRow(0, "Yak");
+    openSheet(1);
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    w.find("newNameField")->setProperty("text", "Zebra");
+    w.press(Qt::Key_Return);
+    QTest::qWait(SceneWindow::movement);
+    w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+    ASSERT_EQ(w.scene.background->pending(), 2U);
+    w.scene.background->runOne();
+    w.scene.mainQueue->drain();
+    QTest::qWait(SceneWindow::movement);
+    EXPECT_EQ(w.focused(), "projectList") << "its own scan has not ended";
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rename Zebra");
+}
+
+TEST_F(KeyboardTest, TheFirstRowHasTheFocusOnceTheFirstFolderHasBeenChosenByKeys) {
+    for (const bool scanEndsFirst : {true, false}) {
+        SceneWindow window;
+        window.addProjects(3);
+        window.scene.panel->answer = "/p";
+        window.find("selectFolderButton")->forceActiveFocus(Qt::TabFocusReason);
+        window.press(Qt::Key_Return);
+        if (scanEndsFirst) {
+            window.scene.settle();
+        } else {
+            QTest::qWait(SceneWindow::movement);
+        }
+        window.settle();
+        const QQuickItem* item = window.window->activeFocusItem();
+        EXPECT_EQ(item->property("spokenName").toString(), "Rename Song 0") << scanEndsFirst;
+        EXPECT_TRUE(item->property("visualFocus").toBool());
+    }
 }
 
 TEST_F(KeyboardTest, WhatIsTypedWhileTheSheetFadesIsLost) {

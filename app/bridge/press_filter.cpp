@@ -1,0 +1,60 @@
+#include "app/bridge/press_filter.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethodQueryEvent>
+#include <QKeyEvent>
+#include <QQuickWindow>
+
+namespace tarvolt {
+
+namespace {
+
+constexpr quint64 quickestFinger = 20; // milliseconds
+
+bool countsOnce(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Escape;
+}
+
+/// What has the focus, if text can be typed there.
+QObject* focusedTextField() {
+    QObject* focused = QGuiApplication::focusObject();
+    QInputMethodQueryEvent takesText(Qt::ImEnabled);
+    if (focused != nullptr) {
+        QCoreApplication::sendEvent(focused, &takesText);
+    }
+    return takesText.value(Qt::ImEnabled).toBool() ? focused : nullptr;
+}
+
+} // namespace
+
+PressFilter::PressFilter(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool PressFilter::eventFilter(QObject* watched, QEvent* event) {
+    const bool keyPress = event->type() == QEvent::KeyPress;
+    if ((keyPress || event->type() == QEvent::MouseButtonPress) && qobject_cast<QQuickWindow*>(watched) != nullptr) {
+        goesByKeys_ = keyPress;
+    }
+    if (!keyPress && event->type() != QEvent::KeyRelease) {
+        return QObject::eventFilter(watched, event);
+    }
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!countsOnce(key->key())) {
+        return false;
+    }
+    if (!keyPress) {
+        releasedKey_ = key->key();
+        releasedAt_ = key->timestamp();
+        return false;
+    }
+    const bool quick = key->key() == releasedKey_ && key->timestamp() - releasedAt_ < quickestFinger;
+    if (key->isAutoRepeat() || quick) {
+        return key->key() != Qt::Key_Space || typesIn_ == nullptr || typesIn_ != QGuiApplication::focusObject();
+    }
+    typesIn_ = focusedTextField();
+    return false;
+}
+
+} // namespace tarvolt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+namespace tarvolt {
+
+/// Takes a held Return, keypad Enter, Space or Escape for one press, and knows whether the person goes by keys or by
+/// the mouse. An event filter of the application for as long as it lives.
+///
+/// An X11 desktop can deliver a repeated key as a release and a press that the toolkit does not know to be one
+/// repetition. Nobody is that quick, so a press that follows a release of the same key within hundredths of a second
+/// is taken for a repetition too. A Space that was first pressed in a text field goes on typing there.
+class PressFilter final : public QObject {
+public:
+    explicit PressFilter(QObject* parent = nullptr);
+
+    /// Whether what was pressed last in a Quick window was a key.
+    bool goesByKeys() const { return goesByKeys_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    int releasedKey_ = 0;
+    quint64 releasedAt_ = 0;    ///< milliseconds, of the display's own clock
+    QPointer<QObject> typesIn_; ///< the text field that Space was pressed in
+    bool goesByKeys_ = false;
+};
+
+} // namespace tarvolt
