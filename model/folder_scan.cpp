@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <future>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -53,7 +54,8 @@ void measure(const FileManager& fileManager, const FolderListing::ProjectFile& f
     addSize(project.totalSize, file.fileSize.value_or(0));
 }
 
-/// Calls `work` once for each index below `count`, on this thread and, where it pays, on some that end with the call.
+/// Calls `work` once for each index below `count`, on this thread and, where it pays, on some that end with the call,
+/// whichever way it ends. Throws what `work` throws.
 template<class Work> void forEachIndex(std::size_t count, bool inParallel, const Work& work) {
     std::atomic<std::size_t> next{0};
     const auto takeTurns = [&] {
@@ -61,13 +63,13 @@ template<class Work> void forEachIndex(std::size_t count, bool inParallel, const
             work(i);
         }
     };
-    std::vector<std::thread> helpers;
+    std::vector<std::future<void>> helpers;
     if (inParallel) {
         // A disk that is asked for several folders at once answers faster than one, even on a single core.
         const auto threads = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
         try {
             while (helpers.size() + 1 < threads) {
-                helpers.emplace_back(takeTurns);
+                helpers.push_back(std::async(std::launch::async, takeTurns));
             }
         } catch (const std::system_error&) {
             // No more threads to be had: those there are do all the work.
@@ -75,7 +77,7 @@ template<class Work> void forEachIndex(std::size_t count, bool inParallel, const
     }
     takeTurns();
     for (auto& helper : helpers) {
-        helper.join();
+        helper.get();
     }
 }
 

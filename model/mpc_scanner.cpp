@@ -4,6 +4,7 @@
 #include "foundation/text.h"
 #include "model/folder_scan.h"
 
+#include <exception>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -21,27 +22,36 @@ FolderPanelSettings projectsFolderPanel() {
     return settings;
 }
 
-std::string scanErrorText(const FileError& error) {
-    const auto name = error.path().filename().empty() ? error.path() : error.path().filename();
-    return "Scan error: The folder \"" + name.string() + "\" could not be read: " + error.localizedDescription();
+std::string scanErrorText(const std::exception& failure) {
+    const auto* error = dynamic_cast<const FileError*>(&failure);
+    if (error == nullptr) {
+        return "Scan error: " + displayText(failure.what());
+    }
+    const auto name = error->path().filename().empty() ? error->path() : error->path().filename();
+    return "Scan error: The folder \"" + name.string() + "\" could not be read: " + error->localizedDescription();
 }
 
-/// The background half of a scan: lists, measures and sorts, and logs what it found or why it could not look.
+/// Lists, measures and sorts, and logs what it found.
 MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::path& folder) {
     const Services& services = scanner.services();
-    FolderListing listing;
-    try {
-        listing = listFolder(*services.fileManager, folder);
-    } catch (const FileError& error) {
-        scanner.log(scanErrorText(error), true);
-        return {};
-    }
+    const FolderListing listing = listFolder(*services.fileManager, folder);
     scanner.log("Found " + std::to_string(listing.projectFiles.size()) + " .xpj file(s) and " +
                     std::to_string(listing.dataFolderNames.size()) + " data folder(s)",
                 false);
     auto projects = measureProjects(*services.fileManager, folder, listing, services.makeUUID);
     sortByName(projects, services.locale.collate);
     return projects;
+}
+
+/// The background half of a scan. A task must not throw, so whatever fails here ends the scan with a line that says
+/// why.
+MPCScanner::Projects findProjectsOrLogWhyNot(MPCScanner& scanner, const std::filesystem::path& folder) {
+    try {
+        return findProjects(scanner, folder);
+    } catch (const std::exception& failure) {
+        scanner.log(scanErrorText(failure), true);
+        return {};
+    }
 }
 
 /// Ends a scan on the main thread. The scanner moves there with the result, so that a background thread can never be
@@ -93,14 +103,14 @@ void MPCScanner::scan(Task published) {
     try {
         services_.backgroundQueue->async([weak = weak_from_this(), folder = *folderURL.get(), published] {
             if (auto self = weak.lock()) {
-                auto found = findProjects(*self, folder);
+                auto found = findProjectsOrLogWhyNot(*self, folder);
                 publish(std::move(self), std::move(found), published);
             }
         });
     } catch (const std::system_error& error) {
         // Not even a thread to be had: the scan ends like one whose folder cannot be read, so that it can be tried
         // again.
-        log("Scan error: " + displayText(error.code().message()), true);
+        log(scanErrorText(error), true);
         publish(shared_from_this(), {}, std::move(published));
     }
 }

@@ -14,6 +14,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <new>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -339,6 +340,15 @@ TEST_F(FolderScan, TellsWhyThereIsNoThreadInUtf8WhateverTheSystemWritesIn) {
     EXPECT_EQ(messages(*scanner).back(), "! Scan error: plus de m\uFFFDmoire");
 }
 
+TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoMemoryForIt) {
+    disk.addFile("/p/Song.xpj");
+    disk.onCall = [](const std::string&) { throw std::bad_alloc(); };
+    scan();
+    EXPECT_FALSE(scanner->isScanning.get());
+    EXPECT_TRUE(scanner->projects.get().empty());
+    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "! Scan error: std::bad_alloc"}));
+}
+
 class FolderScanOfMany : public FolderScan {
 protected:
     FolderScanOfMany() {
@@ -365,6 +375,17 @@ protected:
 
 TEST_F(FolderScanOfMany, MeasuresOnSeveralThreadsAsOnOne) {
     expectAll(scan());
+}
+
+TEST_F(FolderScanOfMany, EndsWithAnErrorLineWhicheverThreadRunsOutOfMemory) {
+    disk.onCall = [](const std::string& line) {
+        if (line.ends_with("_[ProjectData]")) {
+            throw std::bad_alloc();
+        }
+    };
+    EXPECT_TRUE(scan().empty());
+    EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "! Scan error: std::bad_alloc",
+                                         "Found 300 .xpj file(s) and 300 data folder(s)"}));
 }
 
 TEST_F(FolderScanOfMany, MeasuresAllOnOneThreadWhereThereAreNoMore) {
