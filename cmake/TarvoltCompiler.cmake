@@ -5,7 +5,6 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-option(TARVOLT_WERROR "Treat warnings as errors" ON)
 option(TARVOLT_COVERAGE "Count which conditions come out which way (needs Clang)" OFF)
 set(TARVOLT_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
@@ -27,8 +26,7 @@ target_compile_options(
             -Woverloaded-virtual
             -Wnull-dereference
             -Wimplicit-fallthrough
-            $<${gcc12}:-Wno-restrict>
-            $<$<BOOL:${TARVOLT_WERROR}>:-Werror>)
+            $<${gcc12}:-Wno-restrict>)
 if(TARVOLT_SANITIZE)
   # The check of an object's type (vptr) feels for memory by writing to a pipe, which the tests that answer system calls
   # take for a write of the program.
