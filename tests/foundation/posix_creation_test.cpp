@@ -213,13 +213,16 @@ TEST_P(PosixCreation, MakesAnEmptyFile) {
 }
 
 TEST_P(PosixCreation, GivesTheModeThatTheUmaskLeaves) {
-    const auto before = ::umask(027);
-    create(folder / "New.xpj", "text");
-    ::umask(before);
-    SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
-    struct stat status {};
-    ASSERT_EQ(::lstat((folder / "New.xpj").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode, static_cast<mode_t>(S_IFREG | 0640));
+    for (const mode_t masked : {0U, 027U}) {
+        const auto file = folder / (std::to_string(masked) + ".xpj");
+        const auto before = ::umask(masked);
+        create(file, "text");
+        ::umask(before);
+        SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+        struct stat status {};
+        ASSERT_EQ(::lstat(file.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode, S_IFREG | (0666U & ~masked));
+    }
 }
 
 TEST_P(PosixCreation, ReplacesNothing) {

@@ -36,6 +36,17 @@ TEST(ReplaceAllBeforeTail, ReplacesEveryPlaceAndLeavesTheBareNameAlone) {
               "<a>Beat_[ProjectData]/kick.wav</a> Song <b f='Beat_[ProjectData]'/>");
 }
 
+TEST(ReplaceAllBeforeTail, ReplacesToTheEndOfALongText) {
+    const std::string between(1U << 20U, 'x');
+    std::string text;
+    std::string expected;
+    for (int megabyte = 0; megabyte < 20; ++megabyte) {
+        text += between + "Song_[ProjectData]";
+        expected += between + "Beat_[ProjectData]";
+    }
+    EXPECT_TRUE(replaced(text, "Song", "Beat") == expected) << "too long to be shown";
+}
+
 TEST(ReplaceAllBeforeTail, ReplacesAtTheEndOfALongerName) {
     EXPECT_EQ(replaced("My Song_[ProjectData]", "Song", "Beat"), "My Beat_[ProjectData]");
 }

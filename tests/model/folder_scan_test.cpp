@@ -123,6 +123,22 @@ TEST_F(FolderScan, SortsWithoutRegardToCaseAndKeepsTheListingOrderOfLevelNames) 
     EXPECT_EQ(names(scan()), (Lines{"Alpha", "alpha", "beta"}));
 }
 
+// A sort that is not stable leaves a few equal names where they were.
+TEST_F(FolderScan, KeepsTheListingOrderOfHundredsOfLevelNames) {
+    Lines listed;
+    for (unsigned cases = 0; cases < 256; ++cases) {
+        std::string name = "abcdefgh";
+        for (unsigned letter = 0; letter < name.size(); ++letter) {
+            if ((cases * 167 >> letter & 1U) != 0) {
+                name[letter] = static_cast<char>(name[letter] - 'a' + 'A');
+            }
+        }
+        disk.addFile("/p/" + name + ".xpj");
+        listed.push_back(std::move(name));
+    }
+    EXPECT_EQ(names(scan()), listed);
+}
+
 TEST_F(FolderScan, KeepsTheListingOrderOfLevelNamesTheOtherWayRoundToo) {
     disk.addFile("/p/beta.xpj");
     disk.addFile("/p/alpha.xpj");

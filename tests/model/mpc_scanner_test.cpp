@@ -105,6 +105,16 @@ TEST(ActivityLog, KeepsThousandsOfLines) {
     EXPECT_EQ(scanner->logEntries.get().back().message, "0");
 }
 
+TEST(ActivityLog, KeepsEachOfThousandsOfEqualLines) {
+    const Scene scene;
+    const auto scanner = MPCScanner::create(scene.services());
+    for (int i = 0; i < 5000; ++i) {
+        scanner->log("again", false);
+    }
+    scene.settle();
+    EXPECT_EQ(messages(*scanner), Lines(5000, "again"));
+}
+
 TEST(ActivityLog, KeepsTheOrderOfEachThreadWhenSeveralWriteAtOnce) {
     const Scene scene;
     const auto scanner = MPCScanner::create(scene.services());
