@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QQuickWindow>
 
+#include <chrono>
+
 namespace tarvolt {
 
 namespace {
@@ -14,6 +16,15 @@ constexpr quint64 quickestFinger = 20; // milliseconds
 
 bool countsOnce(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Escape;
+}
+
+/// While assistive technology listens, the toolkit asks it about each key and hands on a copy that has lost its time;
+/// then it is the time of arrival that counts.
+quint64 timeOf(const QKeyEvent& key) {
+    using std::chrono::milliseconds;
+    using std::chrono::steady_clock;
+    const auto now = std::chrono::duration_cast<milliseconds>(steady_clock::now().time_since_epoch());
+    return key.timestamp() != 0 ? key.timestamp() : static_cast<quint64>(now.count());
 }
 
 /// What has the focus, if text can be typed there.
@@ -46,10 +57,10 @@ bool PressFilter::eventFilter(QObject* watched, QEvent* event) {
     }
     if (!keyPress) {
         releasedKey_ = key->key();
-        releasedAt_ = key->timestamp();
+        releasedAt_ = timeOf(*key);
         return false;
     }
-    const bool quick = key->key() == releasedKey_ && key->timestamp() - releasedAt_ < quickestFinger;
+    const bool quick = key->key() == releasedKey_ && timeOf(*key) - releasedAt_ < quickestFinger;
     if (key->isAutoRepeat() || quick) {
         return key->key() != Qt::Key_Space || typesIn_ == nullptr || typesIn_ != QGuiApplication::focusObject();
     }

@@ -22,7 +22,7 @@ public:
 
 private:
     int releasedKey_ = 0;
-    quint64 releasedAt_ = 0;    ///< milliseconds, of the display's own clock
+    quint64 releasedAt_ = 0;    ///< milliseconds, of the display's own clock where a key has its time
     QPointer<QObject> typesIn_; ///< the text field that Space was pressed in
     bool goesByKeys_ = false;
 };

@@ -154,6 +154,16 @@ class Reader(case.WindowTest):
         self.logged('Renamed "Sketch 014" → "Sketch 015"')
         self.assertTrue((self.folder / "Sketch 015.xpj").is_file())
 
+    def testTakesASecondReturnWhileItListens(self):
+        self.hear("object:state-changed:focused")
+        self.choose(self.folder)
+        self.scans(1)
+        button = self.program.find("button", "Rename Sketch 014")
+        Atspi.Component.grab_focus(button.accessible)
+        self.program.waitFor(lambda: button.has("focused"), "the focus on the row")
+        self.program.key("Return")
+        self.sheetField("Sketch 014")
+
     def named(self, events):
         return [(kind, detail, element.name) for kind, detail, element in events]
 

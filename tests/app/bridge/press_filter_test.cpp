@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QQuickWindow>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,17 @@ TEST_F(PressFilterTest, DropsWhatIsKnownToBeARepetition) {
         send(QEvent::KeyPress, key, 1660, true);
         EXPECT_EQ(counter.presses, 1) << key;
     }
+}
+
+TEST_F(PressFilterTest, TellsKeysThatHaveLostTheirTimesByWhenTheyArrive) {
+    send(QEvent::KeyPress, Qt::Key_Return, 0);
+    send(QEvent::KeyRelease, Qt::Key_Return, 0);
+    send(QEvent::KeyPress, Qt::Key_Return, 0);
+    EXPECT_EQ(counter.presses, 1);
+    send(QEvent::KeyRelease, Qt::Key_Return, 0);
+    QTest::qSleep(30);
+    send(QEvent::KeyPress, Qt::Key_Return, 0);
+    EXPECT_EQ(counter.presses, 2);
 }
 
 TEST_F(PressFilterTest, LetsOtherKeysRepeat) {
