@@ -14,9 +14,8 @@ constexpr Colour white{255, 255, 255, 1};
 // What each kind of ink reaches at least on its toughest surface, once dimmed.
 constexpr double captionContrastLight = 4.8;
 constexpr double captionContrastDark = 5.0;
-constexpr double colouredTextContrast = 4.6;
-constexpr double dimmedTextContrast = 3.3;
-constexpr double emptyStateContrast = 3.6;
+constexpr double textContrast = 4.6;
+constexpr double struckContrast = 3.3;
 constexpr double iconContrast = 3.02;
 
 constexpr Colour hex(unsigned rgb) {
@@ -99,14 +98,12 @@ void setNeutralInks(ThemeColours& theme, const PlatformColours& platform) {
     const Colour end = dark ? white : black;
     const Surfaces on = surfacesOf(theme);
     theme.primary = mixed(text, window, dark ? 0.06 : 0.09);
-    theme.secondary =
-        guarded(mixed(text, window, dark ? 0.36 : 0.4), 1, dark ? captionContrastDark : captionContrastLight, end,
-                {on.window, on.card, on.sheet, on.searchBar, on.previewBox, on.log, on.badge});
-    theme.secondarySixTenths =
-        guarded(mixed(text, window, dark ? 0.352 : 0.226), 0.6, dimmedTextContrast, end, {on.log});
-    theme.secondaryEightTenths =
-        guarded(mixed(text, window, dark ? 0.36 : 0.393), 0.8, emptyStateContrast, end, {on.window});
-    theme.secondaryHalf = guarded(mixed(text, window, dark ? 0.31 : 0.13), 0.5, iconContrast, end, {on.window});
+    const Colour soft = mixed(text, window, dark ? 0.36 : 0.4);
+    theme.secondary = guarded(soft, 1, dark ? captionContrastDark : captionContrastLight, end,
+                              {on.window, on.card, on.sheet, on.searchBar, on.previewBox, on.log, on.badge});
+    theme.secondarySixTenths = guarded(soft, 0.6, textContrast, end, {on.log});
+    theme.secondaryEightTenths = guarded(soft, 0.8, textContrast, end, {on.window});
+    theme.secondaryHalf = guarded(soft, 0.5, iconContrast, end, {on.window});
     theme.disabledInk = withAlpha(text, 0.36);
     theme.fieldBorder = guarded(mixed(text, window, dark ? 0.658 : 0.615), 1, iconContrast, end, {on.base});
     theme.fieldBorderHover = withAlpha(text, 0.62);
@@ -122,11 +119,11 @@ void setAccentInks(ThemeColours& theme) {
     };
     theme.orange = accent(0xD75600, 0xFF9F45, 1, iconContrast, {on.window, on.card, on.searchBar, on.sheet, on.log});
     theme.orangeSixTenths = accent(0x962C00, 0xFF9F45, 0.6, iconContrast, {on.window});
-    theme.green = accent(0x1A7533, 0x62D284, 1, colouredTextContrast, {on.card, on.previewBox});
+    theme.green = accent(0x1A7533, 0x62D284, 1, textContrast, {on.card, on.previewBox});
     theme.greenSixTenths = accent(0x00521C, 0x62D284, 0.6, iconContrast, {on.log});
-    theme.red = accent(0xC01C28, 0xFF857D, 1, colouredTextContrast, {on.log});
-    theme.redSevenTenths = accent(0xC01C28, 0xFF9A93, 0.7, dimmedTextContrast, {on.previewBox});
-    theme.yellow = accent(0x875F00, 0xF3CB52, 1, colouredTextContrast, {on.card});
+    theme.red = accent(0xC01C28, 0xFF857D, 1, textContrast, {on.log});
+    theme.redSevenTenths = accent(0xC01C28, 0xFF9A93, 0.7, struckContrast, {on.previewBox});
+    theme.yellow = accent(0x875F00, 0xF3CB52, 1, textContrast, {on.card});
 }
 
 void setLines(ThemeColours& theme, Colour text) {

@@ -49,7 +49,8 @@ struct ThemeColours {
 };
 
 /// The colours that go with a platform palette, light or dark. Text and icons are moved towards black or white until
-/// they can be read on the toughest surface they stand on, so soft and mid-grey palettes work as well.
+/// they can be read on the toughest surface they stand on, so soft and mid-grey palettes work as well. Black and white
+/// themselves are too weak at six tenths on a window between #404040 and #BFBFBF; they are then what is used.
 ThemeColours makeThemeColours(const PlatformColours& platform);
 
 /// How `colour`, at its alpha times `opacity`, looks on an opaque `background`.

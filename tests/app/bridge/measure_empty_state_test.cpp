@@ -21,7 +21,7 @@ TEST(MeasureEmptyStateTest, HasItsOrderSpacingsTextsAndColours) {
     }
     EXPECT_EQ(m.property("emptySymbol", "symbol").toString(), "magnifyingglass");
     EXPECT_EQ(m.property("emptySymbol", "size").toInt(), 46);
-    EXPECT_EQ(m.colour("emptySymbol", "colour"), QColor("#1F1F1F"));
+    EXPECT_EQ(m.colour("emptySymbol", "colour"), QColor("#232323"));
     EXPECT_DOUBLE_EQ(m.opacity("emptySymbol"), 0.5);
     EXPECT_EQ(m.text("emptyTitle"), "No MPC Projects Found");
     EXPECT_NEAR(m.textRatio("emptyTitle"), testing::title3, 0.01);
@@ -33,7 +33,7 @@ TEST(MeasureEmptyStateTest, HasItsOrderSpacingsTextsAndColours) {
     EXPECT_DOUBLE_EQ(m.property("emptyText", "lineHeight").toDouble(), 1.15);
     EXPECT_NEAR(m.textRatio("emptyText"), testing::body, 0.01);
     EXPECT_EQ(m.font("emptyText").weight(), QFont::Normal);
-    EXPECT_EQ(m.colour("emptyText"), QColor("#5E5E5E"));
+    EXPECT_EQ(m.colour("emptyText"), QColor("#4A4A4A"));
     EXPECT_DOUBLE_EQ(m.opacity("emptyText"), 0.8);
     EXPECT_EQ(m.text("chooseDifferentFolderButton"), "Choose Different Folder");
     EXPECT_EQ(w.box("chooseDifferentFolderButton").height(), 28) << "of the default size";

@@ -47,7 +47,7 @@ TEST_F(PaletteTest, TheFolderPickerFollowsTheDesktop) {
 TEST_F(PaletteTest, TheEmptyStateFollowsTheDesktop) {
     w.choose();
     darken();
-    expectColour(m.colour("emptySymbol", "colour"), "#BBBBBB");
+    expectColour(m.colour("emptySymbol", "colour"), "#B8B8B8");
     expectColour(m.colour("emptyTitle"), "#B0B0B0");
     expectColour(m.colour("emptyText"), "#B0B0B0");
 }
@@ -69,7 +69,7 @@ TEST_F(PaletteTest, ListAndLogFollowTheDesktop) {
     expectColour(w.part(w.find("rowButton"), "face")->property("color").value<QColor>(), "#3C3C3C");
     expectColour(m.colour("logFill"), "#FFFFFF", 0.14);
     expectColour(m.colour("logDot"), "#62D284");
-    expectColour(m.colour("logTime"), "#B2B2B2");
+    expectColour(m.colour("logTime"), "#DCDCDC");
     expectColour(m.colour("logMessage"), "#F2F2F2");
 }
 
