@@ -1,7 +1,6 @@
 #include "app/bridge/log_model.h"
 
 #include "app/bridge/qt_text.h"
-#include "app/sections/log_row_texts.h"
 
 #include <utility>
 
@@ -40,7 +39,8 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
     case isErrorRole:
         return entry.isError;
     case sentenceRole:
-        return singleLineString(logRowSentence(entry, timeFormatter_.text(entry.timestamp)));
+        // What the colour shows, the message of a failure says itself.
+        return singleLineString(entry.message + ", " + timeFormatter_.text(entry.timestamp));
     default:
         return {};
     }

@@ -86,13 +86,6 @@ and their _[ProjectData] folders</source>
     </message>
 </context>
 <context>
-    <name>LogPanel</name>
-    <message>
-        <source>Error</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>LogView</name>
     <message>
         <source>ACTIVITY LOG</source>

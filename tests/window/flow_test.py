@@ -45,7 +45,7 @@ class Flow(case.WindowTest):
         self.scans(3)
         lines = self.program.elements("list item", re.compile("Scan (error|complete): "))
         lines = [line.name for line in sorted(lines, key=lambda line: line.box[1])]
-        self.assertRegex(lines[2], "^Error: Scan error: .*: No such file or directory, ")
+        self.assertRegex(lines[2], "^Scan error: .*: No such file or directory, ")
         self.assertRegex(lines[1], r"^Scan complete: 0 project\(s\), ")
         self.picture("scan-error")
 

@@ -127,7 +127,7 @@ TEST_F(LogModelTest, GivesTheTimeAndTheSentence) {
     EXPECT_EQ(at(0, LogModel::timeRole), "12:00:00 AM");
     EXPECT_EQ(at(0, LogModel::messageRole), "two\nlines") << "verbatim";
     EXPECT_EQ(at(0, LogModel::sentenceRole), "two lines, 12:00:00 AM");
-    EXPECT_EQ(at(1, LogModel::sentenceRole), "Error: Scan error: no, 12:00:00 AM");
+    EXPECT_EQ(at(1, LogModel::sentenceRole), "Scan error: no, 12:00:00 AM");
     EXPECT_EQ(model.roleNames().size(), 4);
 }
 
