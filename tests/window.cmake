@@ -8,9 +8,9 @@ target_link_libraries(tarvolt_window_tests PRIVATE tarvolt_window tarvolt_window
 gtest_discover_tests(tarvolt_window_tests DISCOVERY_TIMEOUT 60
                      PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 # The scale of a display is settled when a program starts. At a whole one the renderer finds the pixels by itself.
-add_test(NAME SnappedItemTest.HoldsAtAScaleOfOneAndAHalf
+add_test(NAME SnappedItemTest.HoldsAtAScaleOfOneAndAQuarter
          COMMAND tarvolt_window_tests --gtest_filter=SnappedItemTest.*:*WholePixels*)
-set_tests_properties(SnappedItemTest.HoldsAtAScaleOfOneAndAHalf PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=1.5)
+set_tests_properties(SnappedItemTest.HoldsAtAScaleOfOneAndAQuarter PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=1.25)
 
 add_subdirectory(window)
 

@@ -45,13 +45,13 @@ T.Dialog {
             colour: Theme.tightShadow
         }
 
-        Rectangle {
+        BoxItem {
             objectName: "panelFace"
             anchors.fill: parent
             radius: Theme.panelRadius
             color: Theme.sheet
-            border.width: Theme.hairline(Screen.devicePixelRatio)
-            border.color: Theme.sheetBorder
+            borderWidth: Theme.thinBorder
+            borderColor: Theme.sheetBorder
         }
     }
 }

@@ -12,7 +12,7 @@ FocusScope {
 
     objectName: "logView"
 
-    Rectangle {
+    BoxItem {
         objectName: "logFill"
         anchors.fill: parent
         color: Theme.quaternary

@@ -61,14 +61,13 @@ FocusScope {
         visible: root.view.scanning
     }
 
-    Rectangle {
-        id: card
+    BoxItem {
         objectName: "listCard"
         anchors.fill: list
         radius: Theme.cardRadius
         color: Theme.card
-        border.width: Theme.hairline(Screen.devicePixelRatio)
-        border.color: Theme.cardBorder
+        borderWidth: Theme.thinBorder
+        borderColor: Theme.cardBorder
         visible: list.count > 0
     }
 

@@ -69,6 +69,39 @@ TEST_F(MeasureControlsTest, TheShadeOfABorderedButtonIsWholePixelsLower) {
     EXPECT_DOUBLE_EQ(lower, std::round(lower));
 }
 
+/// Whether the rounded corner at `box`'s upper left is filled alike across and down.
+bool isEven(QQuickWindow* window, const QRectF& box, double radius) {
+    const double ratio = window->effectiveDevicePixelRatio();
+    const int side = qRound(radius * ratio);
+    const QPoint corner(qRound(box.left() * ratio), qRound(box.top() * ratio));
+    const QImage picture = window->grabWindow();
+    const QRgb fill = picture.pixel(corner + QPoint(side, side));
+    int filled = 0;
+    for (int x = 0; x < side; ++x) {
+        for (int y = 0; y < side; ++y) {
+            const bool here = picture.pixel(corner + QPoint(x, y)) == fill;
+            if (here != (picture.pixel(corner + QPoint(y, x)) == fill)) {
+                return false;
+            }
+            filled += here ? 1 : 0;
+        }
+    }
+    return filled > side * side / 2;
+}
+
+TEST_F(MeasureControlsTest, CornersOfCardSheetAndAlertLieOnWholePixels) {
+    w.window->resize(803, 601);
+    w.choose();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isEven(w.window, w.box("listCard"), 10); })) << "card";
+    w.bridge->beginRename(0);
+    w.settle();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isEven(w.window, w.box("panelFace"), 14); })) << "sheet";
+    w.bridge->submitNewName();
+    w.settle();
+    const QRectF alert = SceneWindow::boxOf(w.findAll("panelFace").at(1));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isEven(w.window, alert, 14); })) << "alert";
+}
+
 TEST_F(MeasureControlsTest, BorderedButtonsHaveTheirSizesAndColours) {
     w.choose();
     expectBox("changeFolderButton", 28, 12, 7);
@@ -218,9 +251,8 @@ TEST_F(MeasureControlsTest, SheetAndAlertStandOverTheWindow) {
     for (QQuickItem* panel : faces) {
         EXPECT_EQ(panel->property("radius").toDouble(), 14);
         expectColour(panel->property("color").value<QColor>(), "#F8F8F8");
-        auto* border = panel->property("border").value<QObject*>();
-        EXPECT_EQ(border->property("width").toDouble(), 1);
-        expectColour(border->property("color").value<QColor>(), "#000000", 0.1);
+        EXPECT_EQ(panel->property("borderWidth").toDouble(), 1);
+        expectColour(panel->property("borderColor").value<QColor>(), "#000000", 0.1);
     }
     const auto scrims = w.findAll("scrim");
     ASSERT_EQ(scrims.size(), 2U);
