@@ -2,7 +2,6 @@ pragma Singleton
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Window
 import Tarvolt
 
 // Every size, opacity and duration of the window. Colours by role and text styles come from the platform.
@@ -144,10 +143,5 @@ PlatformStyle {
 
     function still(duration: int): int {
         return root.reducedMotion ? 0 : duration;
-    }
-
-    // A thin line is as many whole device pixels as one takes, at least one.
-    function hairline(pixelRatio: real): real {
-        return Math.max(1, Math.floor(pixelRatio)) / pixelRatio;
     }
 }

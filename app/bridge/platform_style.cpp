@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QStyleHints>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -45,6 +46,10 @@ double systemPoints() {
 QFont styled(QFont family, double ratio, QFont::Weight weight) {
     family.setPointSizeF(std::max(systemPoints() * ratio, leastPixels / pixelsPerPoint()));
     family.setWeight(weight);
+    // A hint moves what is drawn to the pixels of another size where the scale is not a whole one. The toolkit itself
+    // sees to that only for fonts that it has loaded after the scale was set.
+    family.setHintingPreference(qGuiApp->devicePixelRatio() == 1 ? QFont::PreferDefaultHinting
+                                                                 : QFont::PreferNoHinting);
     return family;
 }
 
@@ -64,6 +69,9 @@ PlatformStyle::PlatformStyle(QObject* parent) : QObject(parent) {
     readColours();
     readFonts();
     qApp->installEventFilter(this);
+    // Told of before it holds.
+    connect(QGuiApplication::primaryScreen(), &QScreen::physicalDotsPerInchChanged, this, &PlatformStyle::followScale,
+            Qt::QueuedConnection);
 }
 
 void PlatformStyle::readColours() {
@@ -98,10 +106,29 @@ bool PlatformStyle::eventFilter(QObject* watched, QEvent* event) {
         emit coloursChanged();
     }
     if (watched == qApp && event->type() == QEvent::ApplicationFontChange) {
-        readFonts();
-        emit fontsChanged();
+        followFonts();
     }
     return false;
+}
+
+void PlatformStyle::followFonts() {
+    readFonts();
+    emit fontsChanged();
+}
+
+/// The toolkit keeps the size of a window's content, but not that of the window around it, until it gets another one.
+void PlatformStyle::followScale() {
+    followFonts();
+    for (QWindow* window : QGuiApplication::topLevelWindows()) {
+        const QSize size = window->size();
+        window->resize(size.width() + 1, size.height());
+        window->resize(size);
+    }
+}
+
+double PlatformStyle::hairline() {
+    const double ratio = qGuiApp->devicePixelRatio();
+    return std::max(1.0, std::floor(ratio)) / ratio;
 }
 
 int PlatformStyle::caretFlash() {

@@ -101,6 +101,8 @@ public:
     Q_PROPERTY(int caption2Symbol READ caption2Symbol NOTIFY fontsChanged)
     Q_PROPERTY(double bodyPixels READ bodyPixels NOTIFY fontsChanged)
     Q_PROPERTY(double captionPixels READ captionPixels NOTIFY fontsChanged)
+    /// How thick a thin line is: as many whole device pixels as one takes, at least one.
+    Q_PROPERTY(double hairline READ hairline NOTIFY fontsChanged)
     /// How long the caret's blinking takes, on and off, in milliseconds; 0 where it is not to blink.
     Q_PROPERTY(int caretFlash READ caretFlash CONSTANT)
     /// Whether the system asks for as little movement as can be; it is asked anew whenever it has changed its font.
@@ -129,6 +131,7 @@ public:
     double captionPixels() const {
         return pixels(fonts_.caption);
     }
+    static double hairline();
     static int caretFlash();
     bool reducedMotion() const {
         return reducedMotion_;
@@ -153,6 +156,8 @@ private:
     static double pixels(const QFont& font);
     void readColours();
     void readFonts();
+    void followFonts();
+    void followScale();
 
     ThemeColours colours_;
     Fonts fonts_;

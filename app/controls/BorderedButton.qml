@@ -29,7 +29,7 @@ PressButton {
     background: Item {
         BoxItem {
             objectName: "shade"
-            y: Theme.hairline(Screen.devicePixelRatio)
+            y: Theme.hairline
             width: parent.width
             height: parent.height
             radius: root.cornerRadius

@@ -7,6 +7,6 @@ import Tarvolt
 BoxItem {
     id: root
 
-    implicitHeight: Theme.hairline(Screen.devicePixelRatio)
+    implicitHeight: Theme.hairline
     color: Theme.line
 }

@@ -12,7 +12,7 @@ Item {
     readonly property bool strong: drag.active || activeFocus
 
     objectName: "splitHandle"
-    implicitWidth: Theme.hairline(Screen.devicePixelRatio)
+    implicitWidth: Theme.hairline
     activeFocusOnTab: true
     Accessible.role: Accessible.Splitter
     Accessible.name: qsTr("Width of the log")

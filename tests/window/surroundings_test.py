@@ -1,6 +1,9 @@
 """What the desktop sets: its colours, its fonts, the language of its numbers and times."""
 
+import signal
+
 import case
+import driver
 
 
 class DarkDesktop(case.WindowTest):
@@ -37,6 +40,40 @@ class LargeFontDesktop(case.WindowTest):
         self.picture("large-font-sheet")
         self.program.key("Return")
         self.program.find("button", "Rename Red Hour")
+
+
+class RescaledDesktop(case.WindowTest):
+    """A desktop whose settings change while the program runs."""
+
+    def start(self):
+        self.settings = self.desktop.folder / "settings"
+        self.scaleTo(96)
+        self.daemon = self.desktop.start(["xsettingsd", "-c", self.settings])
+        return super().start()
+
+    def scaleTo(self, dotsPerInch):
+        self.settings.write_text(f"Xft/DPI {1024 * dotsPerInch}\n")
+
+    def listed(self):
+        """A picture of the rows in a window of 1000 x 750 pixels."""
+        self.desktop.input("windowsize", "--sync", self.program.activeWindow(), 1000, 750)
+        size = self.program.find("frame").box[2:]
+        self.assertEqual(size, (1000, 750), "the content fills the window")
+        return self.picture("rescaled-list").cut(0, 100, 660, 500)
+
+    def testLooksAfterAChangeOfTheResolutionAsItWouldFromTheStart(self):
+        self.choose(self.folder)
+        self.scans(1)
+        self.scaleTo(120)
+        self.daemon.send_signal(signal.SIGHUP)
+        self.program.scale = 1.25
+        self.program.waitFor(lambda: self.program.find("frame").box[2] >= 875, "a window that has grown")
+        changed = self.listed()
+        driver.end(self.program.process)
+        self.program = super().start()
+        self.choose(self.folder)
+        self.scans(1)
+        self.assertEqual(changed, self.listed())
 
 
 class ForeignDesktop(case.WindowTest):
