@@ -23,8 +23,8 @@ T.TextField {
     TextLabel {
         objectName: "placeholder"
         anchors.verticalCenter: parent.verticalCenter
-        x: root.leftPadding
-        width: root.width - root.leftPadding - root.rightPadding
+        x: root.leftPadding + Theme.caretWidth / 2 // beside the caret
+        width: root.width - x - root.rightPadding
         elide: Text.ElideRight
         visible: root.length === 0 && root.preeditText === ""
         text: root.placeholderText

@@ -3,8 +3,9 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// The blinking line where typing goes; it stands still while the text is being changed.
-Rectangle {
+// The blinking line where typing goes, half of it before that place and half behind; it stands still while the text is
+// being changed.
+BoxItem {
     id: root
 
     required property TextInput owner
@@ -12,6 +13,9 @@ Rectangle {
     objectName: "caret"
     width: Theme.caretWidth
     color: Theme.orange
+    transform: Translate {
+        x: -Theme.caretWidth / 2
+    }
     visible: owner !== null && owner.activeFocus && owner.selectionStart === owner.selectionEnd
 
     Connections {

@@ -239,7 +239,24 @@ TEST_F(MeasureControlsTest, TheCaretIsOrangeAndGivesWayToASelection) {
     w.press(Qt::Key_End);
     ASSERT_EQ(w.findAll("caret").size(), 1U);
     EXPECT_EQ(w.box("caret").width(), 2);
+    const QRectF place = w.find("newNameField")->property("cursorRectangle").toRectF();
+    EXPECT_EQ(m.middle("caret"), w.find("newNameField")->mapToScene(place.topLeft()).x());
     expectColour(m.colour("caret"), "#D75600");
+}
+
+TEST_F(MeasureControlsTest, TheCaretStandsBesideThePlaceholder) {
+    for (int i = 0; i < 4; ++i) {
+        w.addProject("Song " + std::to_string(i));
+    }
+    openSheet();
+    w.bridge->setNewName({});
+    w.settle();
+    const auto placeholder = [this](const QString& field) { return SceneWindow::boxOf(part(field, "placeholder")); };
+    EXPECT_LE(w.box("caret").right(), placeholder("newNameField").left());
+    w.press(Qt::Key_Escape);
+    w.settle();
+    w.find("searchField")->forceActiveFocus();
+    EXPECT_LE(w.box("caret").right(), placeholder("searchField").left());
 }
 
 TEST_F(MeasureControlsTest, SheetAndAlertStandOverTheWindow) {
