@@ -142,8 +142,8 @@ void setControls(ThemeColours& theme, const PlatformColours& platform) {
     theme.prominentDisabled = withAlpha(text, 0.08);
     theme.prominentLabel = dark ? hex(0x241202) : white;
     theme.face = dark ? mixed(window, text, 0.11) : base;
-    theme.faceHover = dark ? mixed(window, text, 0.155) : mixed(base, text, 0.05);
-    theme.facePressed = dark ? mixed(window, black, 0.18) : mixed(base, text, 0.09);
+    theme.faceHover = dark ? mixed(window, text, 0.155) : mixed(window, text, 0.08);
+    theme.facePressed = dark ? mixed(window, black, 0.18) : mixed(window, text, 0.15);
     theme.faceDisabled = withAlpha(theme.face, 0.45);
     theme.faceBorder = withAlpha(text, dark ? 0.09 : 0.15);
     theme.faceBorderDisabled = withAlpha(text, 0.08);

@@ -122,6 +122,17 @@ TEST(ThemeColoursTest, CanBeReadInLightDarkSoftAndMidGreyPalettes) {
     expectReadable({Colour{0x2A, 0x2E, 0x32}, Colour{0x1B, 0x1E, 0x20}, Colour{0xFC, 0xFC, 0xFC}}, "bluish dark");
 }
 
+TEST(ThemeColoursTest, LetAButtonStandOutWhileItIsPointedAt) {
+    for (const auto& platform : {lightPlatform, darkPlatform}) {
+        const ThemeColours theme = makeThemeColours(platform);
+        for (const Colour other : {theme.face, theme.window, theme.card}) {
+            EXPECT_GE(contrastRatio(theme.faceHover, other), 1.15) << hexOf(other);
+        }
+        EXPECT_GE(contrastRatio(theme.primary, theme.faceHover), 4.5);
+        EXPECT_GE(contrastRatio(theme.primary, theme.facePressed), 4.5);
+    }
+}
+
 TEST(ThemeColoursTest, EndTheirSearchForAnInkWhereNoneCanBeRead) {
     // A dark palette, whose ink is moved towards white, with fields so bright that white cannot be told from them.
     const ThemeColours theme = makeThemeColours({grey(0), grey(0xA0), grey(0xFF)});

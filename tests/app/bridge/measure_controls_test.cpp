@@ -117,7 +117,7 @@ TEST_F(MeasureControlsTest, BorderedButtonsHaveTheirSizesAndColours) {
         expectColour(part(button, "shade")->property("borderColor").value<QColor>(), "#000000", 0.1);
         EXPECT_EQ(part(button, "shade")->y(), 1) << button;
         expectColour(ink(button), "#161616");
-        expectFaces(button, "#FFFFFF", "#F2F2F2", "#E8E8E8");
+        expectFaces(button, "#FFFFFF", "#DCDCDC", "#CBCBCB");
     }
 }
 
