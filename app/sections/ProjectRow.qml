@@ -67,8 +67,6 @@ FocusScope {
         ColumnLayout {
             objectName: "rowTexts"
             Layout.fillWidth: true
-            Layout.minimumWidth: 0
-            Layout.maximumWidth: implicitWidth
             spacing: Theme.rowLineSpacing
 
             TextLabel {
@@ -90,11 +88,6 @@ FocusScope {
                 sizeText: root.sizeText
                 warningText: root.hasDataFolder ? "" : qsTr("No data folder")
             }
-        }
-
-        Item {
-            objectName: "rowGap"
-            Layout.fillWidth: true
         }
 
         BorderedButton {

@@ -30,8 +30,7 @@ TEST_F(MeasureListTest, ARowHasItsPaddingSpacingsAndFrame) {
     EXPECT_EQ(w.box("rowSymbolFrame").width(), 28);
     EXPECT_EQ(m.middle("rowSymbol"), m.middle("rowSymbolFrame"));
     EXPECT_EQ(m.across("rowSymbolFrame", "rowTexts"), 12);
-    EXPECT_EQ(m.across("rowTexts", "rowGap"), 12);
-    EXPECT_EQ(m.across("rowGap", "rowButton"), 12);
+    EXPECT_EQ(m.across("rowTexts", "rowButton"), 12);
     EXPECT_EQ(m.down("rowName", "rowDetails"), 3);
     EXPECT_EQ(w.box("rowButton").right(), row.right() - 10);
     for (const char* item : {"rowSymbol", "rowTexts", "rowButton"}) {
