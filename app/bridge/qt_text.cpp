@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 
 namespace tarvolt {
@@ -38,6 +39,18 @@ void appendSurrogate(std::string& bytes, char16_t unit) {
     bytes += static_cast<char>(0x80U | (unit & 0x3FU));
 }
 
+/// As long as `text`, unit by unit.
+QString onOneLine(QString text) {
+    std::replace_if(
+        text.begin(), text.end(),
+        [](QChar unit) {
+            return unit.category() == QChar::Other_Control || unit == QChar::LineSeparator ||
+                   unit == QChar::ParagraphSeparator;
+        },
+        QChar(u' '));
+    return text;
+}
+
 } // namespace
 
 QString displayString(std::string_view bytes) {
@@ -47,15 +60,7 @@ QString displayString(std::string_view bytes) {
 }
 
 QString singleLineString(std::string_view bytes) {
-    QString text = displayString(bytes);
-    std::replace_if(
-        text.begin(), text.end(),
-        [](QChar unit) {
-            return unit.category() == QChar::Other_Control || unit == QChar::LineSeparator ||
-                   unit == QChar::ParagraphSeparator;
-        },
-        QChar(u' '));
-    return text;
+    return onOneLine(displayString(bytes));
 }
 
 std::string typedBytes(const QString& text) {
@@ -90,6 +95,21 @@ QString editableString(std::string_view bytes) {
         }
     }
     return text + displayString(bytes.substr(copied));
+}
+
+QString fieldString(std::string_view bytes) {
+    return onOneLine(editableString(bytes));
+}
+
+std::string editedBytes(std::string_view bytes, const QString& typed) {
+    const QString before = editableString(bytes);
+    const QString shown = onOneLine(before);
+    const auto differing = std::mismatch(shown.begin(), shown.end(), typed.begin(), typed.end());
+    const auto head = differing.first - shown.begin();
+    const auto last = std::mismatch(shown.rbegin(), std::make_reverse_iterator(differing.first), typed.rbegin(),
+                                    std::make_reverse_iterator(differing.second));
+    const auto tail = last.first - shown.rbegin();
+    return typedBytes(before.first(head) + typed.sliced(head, typed.size() - head - tail) + before.last(tail));
 }
 
 } // namespace tarvolt

@@ -17,8 +17,13 @@ QString singleLineString(std::string_view bytes);
 /// never taken for another character further on.
 std::string typedBytes(const QString& text);
 
-/// The text of a field whose value is `bytes`: the reverse of `typedBytes`, and U+FFFD for anything else that is not
-/// UTF-8.
+/// `bytes` for editing: the reverse of `typedBytes`, and U+FFFD for anything else that is not UTF-8.
 QString editableString(std::string_view bytes);
+
+/// The same for a field of one line: line breaks and other controls are drawn as blanks.
+QString fieldString(std::string_view bytes);
+
+/// `bytes` after their `fieldString` has been edited into `typed`: the controls that were not edited are kept.
+std::string editedBytes(std::string_view bytes, const QString& typed);
 
 } // namespace tarvolt

@@ -82,7 +82,7 @@ void ViewBridge::deriveState() {
         header_ = std::move(header);
         emit headerChanged();
     }
-    if (auto text = editableString(view_->searchText.get()); text != searchText_) {
+    if (auto text = fieldString(view_->searchText.get()); text != searchText_) {
         searchText_ = std::move(text);
         emit searchTextChanged();
     }
@@ -126,7 +126,7 @@ ViewBridge::Sheet ViewBridge::makeSheet(const MPCProject& project) const {
     const PreviewRow& file = rows.front();
     const PreviewRow folder = hasFolder ? rows.back() : PreviewRow{};
     return {.currentName = singleLineString(tarvolt::currentNameText(project)),
-            .newName = editableString(newName),
+            .newName = fieldString(newName),
             .offersRename = view_->offersRename(project),
             .oldFile = displayString(file.oldText),
             .newFile = displayString(file.newText),
@@ -136,14 +136,20 @@ ViewBridge::Sheet ViewBridge::makeSheet(const MPCProject& project) const {
 }
 
 void ViewBridge::setSearchText(const QString& text) {
-    view_->searchText.set(typedBytes(text));
+    view_->searchText.set(editedBytes(view_->searchText.get(), text));
     deriveState();
+    if (text != searchText_) {
+        emit searchTextChanged(); // The field has a pasted control that it is to show as a blank.
+    }
 }
 
 void ViewBridge::setNewName(const QString& text) {
     if (view_->renamingProject.get()) {
-        view_->newName.set(typedBytes(text));
+        view_->newName.set(editedBytes(view_->newName.get(), text));
         deriveState();
+        if (text != sheet_.newName) {
+            emit sheetChanged(); // As above.
+        }
     }
 }
 

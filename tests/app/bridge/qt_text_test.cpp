@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace tarvolt {
 namespace {
@@ -53,6 +54,18 @@ TEST(QtTextTest, KeepsALoneSurrogateInvalidAllTheWay) {
     }
     EXPECT_EQ(typedBytes(QString(high)), "\xED\xA0\xBC");
     EXPECT_EQ(typedBytes(QString(low)), "\xED\xBE\xB9");
+}
+
+TEST(QtTextTest, ShowsControlsAsBlanksInAFieldAndKeepsThemUntilTheyAreEdited) {
+    EXPECT_EQ(fieldString("two\nlines\t"), "two lines ");
+    for (const auto& [typed, name] :
+         {std::pair("two lines ", "two\nlines\t"), std::pair("two new lines ", "two\nnew lines\t"),
+          std::pair("two line", "two\nline"), std::pair("twolines ", "twolines\t"), std::pair("", ""),
+          std::pair(" ", "\t"), std::pair("2\n lines ", "2\n\nlines\t")}) {
+        EXPECT_EQ(editedBytes("two\nlines\t", typed), name) << typed;
+    }
+    EXPECT_EQ(editedBytes("a\na\n", "a a a "), "a\na\na ");
+    EXPECT_EQ(editedBytes("\n", "  "), "\n ");
 }
 
 TEST(QtTextTest, EditsOtherInvalidBytesAsReplacementCharacters) {
