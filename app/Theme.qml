@@ -116,6 +116,8 @@ PlatformStyle {
     readonly property int fieldPadding: 9
     readonly property int fieldRadius: 7
     readonly property int caretWidth: 2
+    readonly property int menuPadding: 4
+    readonly property int menuWidth: Math.round(11 * bodyPixels)
     readonly property int focusWidth: 2
     readonly property int focusGap: 2
     readonly property int splitHitWidth: 9

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// A single-line text field without a frame.
+// A single-line text field without a frame. Its menu comes by the right mouse button, the menu key and Shift+F10.
 T.TextField {
     id: root
 
@@ -18,6 +18,31 @@ T.TextField {
     Accessible.editable: true
     cursorDelegate: Caret {
         owner: root
+    }
+
+    onPressed: event => {
+        if (event.button === Qt.RightButton)
+            root.showMenu(event.x, event.y);
+    }
+    Keys.onMenuPressed: root.showMenuAtCaret()
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+        if (event.accepted)
+            root.showMenuAtCaret();
+    }
+
+    function showMenu(x: real, y: real): void {
+        root.forceActiveFocus(Qt.MouseFocusReason);
+        menu.popup(x, y);
+    }
+
+    function showMenuAtCaret(): void {
+        menu.popup(root.cursorRectangle.x, root.height);
+    }
+
+    FieldMenu {
+        id: menu
+        field: root
     }
 
     TextLabel {

@@ -164,6 +164,29 @@ class Reader(case.WindowTest):
         self.program.key("Return")
         self.sheetField("Sketch 014")
 
+    def testOffersTheFieldsMenu(self):
+        self.chooseByPresses(self.folder)
+        self.scans(1)
+        self.program.find("button", "Rename Blue Hour").press()
+        field = self.sheetField("Blue Hour")
+        self.program.key("Menu")
+        entries = self.program.waitFor(lambda: self.program.elements("menu item"), "the menu")
+        self.assertEqual([each.name for each in entries], ["Cut", "Copy", "Paste", "Select All"])
+        for entry in entries:
+            self.assertEqual(entry.actions().count("Press"), 1, entry.name)
+        self.assertEqual(entries[3].description, "Not available now")
+        self.picture("field-menu")
+        self.program.key("Down")
+        self.program.waitFor(lambda: self.program.focused().role == "menu item", "the focus on an entry")
+        entries[0].press()
+        self.program.waitFor(lambda: field.text == "", "the name cut")
+        self.program.waitUntilGone("menu item")
+        self.program.waitFor(lambda: field.has("focused"), "the focus on the field again")
+        self.program.key("shift+F10")
+        paste = self.program.find("menu item", "Paste")
+        paste.click()
+        self.sheetField("Blue Hour")
+
     def named(self, events):
         return [(kind, detail, element.name) for kind, detail, element in events]
 

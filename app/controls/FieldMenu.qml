@@ -1,0 +1,67 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tarvolt
+
+// What can be done with the text of a field.
+T.Menu {
+    id: root
+
+    required property T.TextField field
+
+    objectName: "fieldMenu"
+    implicitWidth: Theme.menuWidth
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: Theme.menuPadding
+    margins: Theme.menuPadding
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        interactive: false
+        model: root.contentModel
+        currentIndex: root.currentIndex
+    }
+
+    background: Item {
+        PanelShadow {
+            sigma: Theme.tightShadowSigma
+            drop: Theme.tightShadowDrop
+            colour: Theme.tightShadow
+            radius: Theme.cardRadius
+        }
+
+        BoxItem {
+            objectName: "menuFace"
+            anchors.fill: parent
+            radius: Theme.cardRadius
+            color: Theme.sheet
+            borderWidth: Theme.thinBorder
+            borderColor: Theme.sheetBorder
+        }
+    }
+
+    FieldMenuItem {
+        text: qsTr("Cut")
+        enabled: root.field.selectedText !== ""
+        onTriggered: root.field.cut()
+    }
+
+    FieldMenuItem {
+        text: qsTr("Copy")
+        enabled: root.field.selectedText !== ""
+        onTriggered: root.field.copy()
+    }
+
+    FieldMenuItem {
+        text: qsTr("Paste")
+        enabled: root.field.canPaste
+        onTriggered: root.field.paste()
+    }
+
+    FieldMenuItem {
+        text: qsTr("Select All")
+        enabled: root.field.selectedText !== root.field.text
+        onTriggered: root.field.selectAll()
+    }
+}

@@ -1,0 +1,149 @@
+#include "tests/app/bridge/measures.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+namespace tarvolt {
+namespace {
+
+using testing::SceneWindow;
+
+/// The two fields and their menu.
+class FieldTest : public ::testing::Test {
+protected:
+    FieldTest() {
+        w.addProject("two\nlines");
+        w.addProjects(6);
+        w.choose();
+        QGuiApplication::clipboard()->clear();
+    }
+
+    void openSheet() {
+        w.bridge->beginRename(6);
+        w.settle();
+        ASSERT_EQ(w.bridge->currentNameText(), "Current: two lines");
+    }
+
+    QString shown(const QString& field = "newNameField") const { return w.find(field)->property("text").toString(); }
+    std::string name() const { return w.view->newName.get(); }
+    bool menuOpen() const { return !w.findAll("menuFace").empty(); }
+
+    void showMenu() {
+        w.press(Qt::Key_F10, Qt::ShiftModifier);
+        w.settle();
+        ASSERT_TRUE(menuOpen());
+    }
+
+    /// Goes to the entry with the arrow keys and presses Return.
+    void choose(const QString& entry) {
+        showMenu();
+        for (int i = 0; i < 4 && w.window->activeFocusItem()->property("text") != entry; ++i) {
+            w.press(Qt::Key_Down);
+        }
+        ASSERT_EQ(w.window->activeFocusItem()->property("text"), entry);
+        w.press(Qt::Key_Return);
+        w.settle();
+        EXPECT_FALSE(menuOpen());
+        EXPECT_TRUE(w.bridge->sheetOpen());
+        EXPECT_FALSE(w.bridge->alertOpen());
+        EXPECT_EQ(w.focused(), "newNameField");
+    }
+
+    SceneWindow w;
+};
+
+TEST_F(FieldTest, ANameShowsItsLineBreakAsABlankAndKeepsIt) {
+    openSheet();
+    EXPECT_EQ(shown(), "two lines");
+    EXPECT_EQ(name(), "two\nlines");
+    EXPECT_FALSE(w.bridge->offersRename());
+    w.press(Qt::Key_End);
+    w.type("!");
+    EXPECT_EQ(shown(), "two lines!");
+    EXPECT_EQ(name(), "two\nlines!");
+    w.press(Qt::Key_Home);
+    for (int i = 0; i < 4; ++i) {
+        w.press(Qt::Key_Delete);
+    }
+    EXPECT_EQ(name(), "lines!");
+}
+
+TEST_F(FieldTest, APastedLineBreakShowsAsABlank) {
+    QGuiApplication::clipboard()->setText("a\nb");
+    openSheet();
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(shown(), "a b");
+    EXPECT_EQ(name(), "a\nb");
+    w.press(Qt::Key_Escape);
+    w.settle();
+    w.find("searchField")->forceActiveFocus();
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(shown("searchField"), "a b");
+    EXPECT_EQ(w.view->searchText.get(), "a\nb");
+}
+
+TEST_F(FieldTest, ItsMenuCutsCopiesPastesAndSelectsByKeys) {
+    openSheet();
+    choose("Copy");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "two lines");
+    choose("Cut");
+    EXPECT_EQ(name(), "");
+    choose("Paste");
+    choose("Paste");
+    EXPECT_EQ(name(), "two linestwo lines");
+    choose("Select All");
+    w.type("x");
+    EXPECT_EQ(name(), "x");
+}
+
+TEST_F(FieldTest, ItsMenuOffersOnlyWhatCanBeDone) {
+    openSheet();
+    showMenu();
+    const auto enabled = [this](const char* entry) {
+        for (QQuickItem* item : w.findAll("fieldMenuItem")) {
+            if (item->property("text") == entry) {
+                return item->isEnabled();
+            }
+        }
+        ADD_FAILURE() << "no entry " << entry;
+        return false;
+    };
+    EXPECT_TRUE(enabled("Cut") && enabled("Copy"));
+    EXPECT_FALSE(enabled("Paste") || enabled("Select All"));
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_FALSE(menuOpen());
+    EXPECT_TRUE(w.bridge->sheetOpen()) << "Escape closes the topmost layer only";
+    w.press(Qt::Key_End);
+    QGuiApplication::clipboard()->setText("x");
+    w.press(Qt::Key_Menu);
+    w.settle();
+    EXPECT_FALSE(enabled("Cut") || enabled("Copy"));
+    EXPECT_TRUE(enabled("Paste") && enabled("Select All"));
+}
+
+TEST_F(FieldTest, ItsMenuComesWithTheRightMouseButtonAndLeavesTheSelection) {
+    openSheet();
+    QTest::mouseClick(w.window, Qt::RightButton, {}, w.box("newNameField").center().toPoint());
+    w.settle();
+    ASSERT_TRUE(menuOpen());
+    EXPECT_EQ(w.find("newNameField")->property("selectedText").toString(), "two lines");
+    QTest::mouseClick(w.window, Qt::LeftButton, {}, w.box("fieldMenuItem").center().toPoint());
+    w.settle();
+    EXPECT_FALSE(menuOpen());
+    EXPECT_EQ(name(), "");
+    EXPECT_EQ(w.focused(), "newNameField");
+    w.press(Qt::Key_Escape);
+    w.settle();
+    QTest::mouseClick(w.window, Qt::RightButton, {}, w.box("searchField").center().toPoint());
+    w.settle();
+    EXPECT_TRUE(menuOpen());
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_EQ(w.focused(), "searchField");
+}
+
+} // namespace
+} // namespace tarvolt
