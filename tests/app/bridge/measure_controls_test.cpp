@@ -75,15 +75,18 @@ bool isEven(QQuickWindow* window, const QRectF& box, double radius) {
     const int side = qRound(radius * ratio);
     const QPoint corner(qRound(box.left() * ratio), qRound(box.top() * ratio));
     const QImage picture = window->grabWindow();
-    const QRgb fill = picture.pixel(corner + QPoint(side, side));
+    const int fill = qGray(picture.pixel(corner + QPoint(side, side)));
+    const auto isFilled = [&](int x, int y) {
+        constexpr int shade = 16; // less than that, what is behind may show through
+        return std::abs(qGray(picture.pixel(corner + QPoint(x, y))) - fill) < shade;
+    };
     int filled = 0;
     for (int x = 0; x < side; ++x) {
         for (int y = 0; y < side; ++y) {
-            const bool here = picture.pixel(corner + QPoint(x, y)) == fill;
-            if (here != (picture.pixel(corner + QPoint(y, x)) == fill)) {
+            if (isFilled(x, y) != isFilled(y, x)) {
                 return false;
             }
-            filled += here ? 1 : 0;
+            filled += isFilled(x, y) ? 1 : 0;
         }
     }
     return filled > side * side / 2;

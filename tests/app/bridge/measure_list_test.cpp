@@ -85,7 +85,7 @@ TEST_F(MeasureListTest, ARowHasItsFontsColoursAndTexts) {
     EXPECT_EQ(line.bottom(), w.box("projectRow").bottom());
     expectColour(m.colour("rowLine"), "#000000", 0.09);
     expectColour(m.colour("listCard"), "#FFFFFF");
-    expectColour(m.property("listCard", "border").value<QObject*>()->property("color").value<QColor>(), "#000000", 0.1);
+    expectColour(m.colour("listCard", "borderColor"), "#000000", 0.1);
 }
 
 TEST_F(MeasureListTest, ALongNameIsCutAtItsEndAndTheButtonStays) {
