@@ -58,6 +58,22 @@ QFont tracked(QFont font) {
     return font;
 }
 
+/// Whether what `unit` looks like, or where it stands, depends on its neighbours.
+bool needsShaping(QChar unit) {
+    switch (unit.script()) {
+    case QChar::Script_Common:
+    case QChar::Script_Latin:
+    case QChar::Script_Greek:
+    case QChar::Script_Cyrillic:
+    case QChar::Script_Hiragana:
+    case QChar::Script_Katakana:
+    case QChar::Script_Han:
+        return unit.isMark();
+    default: // other scripts, accents of their own, halves of what takes two units
+        return true;
+    }
+}
+
 QFont struck(QFont font) {
     font.setStrikeOut(true);
     return font;
@@ -133,6 +149,13 @@ double PlatformStyle::hairline() {
 
 int PlatformStyle::caretFlash() {
     return QGuiApplication::styleHints()->cursorFlashTime();
+}
+
+QFont PlatformStyle::verbatim(QFont font, const QString& text) {
+    if (std::ranges::none_of(text, needsShaping)) {
+        font.setStyleStrategy(QFont::PreferNoShaping);
+    }
+    return font;
 }
 
 int PlatformStyle::symbolBox(double pixels) {

@@ -137,6 +137,10 @@ public:
         return reducedMotion_;
     }
 
+    /// `font` for `text`, which is read character by character, as names and paths are: without ligatures and
+    /// contextual forms ("1x7" with a multiplication sign), wherever every character of the text can do without any.
+    Q_INVOKABLE static QFont verbatim(QFont font, const QString& text);
+
     /// The side of the square in which a symbol beside a text of `pixels` is drawn: an even number.
     Q_INVOKABLE static int symbolBox(double pixels);
 

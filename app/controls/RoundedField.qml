@@ -9,7 +9,7 @@ BareField {
     leftPadding: Theme.fieldPadding
     rightPadding: Theme.fieldPadding
     verticalAlignment: TextInput.AlignVCenter
-    font: Theme.monoBody
+    font: Theme.verbatim(Theme.monoBody, text)
     hoverEnabled: true
 
     background: BoxItem {

@@ -59,6 +59,7 @@ FocusScope {
                 objectName: "alertMessage"
                 width: area.width
                 text: root.view.alertMessage
+                font: Theme.verbatim(Theme.body, text)
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
                 lineHeight: Theme.proseHeight

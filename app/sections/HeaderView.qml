@@ -59,7 +59,7 @@ Item {
                 Layout.fillWidth: true
                 visible: root.view.hasFolder
                 text: root.view.folderPath
-                font: Theme.caption
+                font: Theme.verbatim(Theme.caption, text)
                 color: Theme.secondary
                 maximumLineCount: 1
                 elide: Text.ElideMiddle

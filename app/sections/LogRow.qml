@@ -50,7 +50,7 @@ Item {
             objectName: "logMessage"
             width: parent.width
             text: root.message
-            font: Theme.caption
+            font: Theme.verbatim(Theme.caption, text)
             color: root.isError ? Theme.red : Theme.primary
             wrapMode: Text.Wrap
             lineHeight: Theme.proseHeight

@@ -34,7 +34,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: root.oldWidth
         text: root.oldText
-        font: Theme.monoCaptionStruck
+        font: Theme.verbatim(Theme.monoCaptionStruck, text)
         color: Theme.redSevenTenths
         opacity: Theme.oldNameOpacity
         wrapMode: Text.Wrap
@@ -57,7 +57,7 @@ Item {
         x: arrow.x + arrow.width + Theme.previewRowSpacing
         width: root.forNames - oldName.width
         text: root.newText
-        font: Theme.monoCaption
+        font: Theme.verbatim(Theme.monoCaption, text)
         color: Theme.green
         wrapMode: Text.Wrap
     }

@@ -73,7 +73,7 @@ FocusScope {
                 objectName: "rowName"
                 Layout.fillWidth: true
                 text: root.name
-                font: Theme.monoBodyMedium
+                font: Theme.verbatim(Theme.monoBodyMedium, text)
                 maximumLineCount: 1
                 elide: Text.ElideRight
                 silent: true

@@ -46,7 +46,7 @@ FocusScope {
                 objectName: "sheetCurrentName"
                 Layout.fillWidth: true
                 text: root.view.currentNameText
-                font: Theme.monoBody
+                font: Theme.verbatim(Theme.monoBody, text)
                 color: Theme.secondary
                 maximumLineCount: 1
                 elide: Text.ElideMiddle

@@ -40,7 +40,7 @@ Item {
         x: symbol.x + symbol.width + Theme.searchSpacing
         width: parent.width - x - Theme.searchPadding
         implicitHeight: contentHeight
-        font: Theme.body
+        font: Theme.verbatim(Theme.body, text)
         placeholderText: qsTr("Search projects...")
         text: root.view.searchText
         // Assistive technology sets a text without editing it.
