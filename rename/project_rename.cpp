@@ -24,12 +24,7 @@ std::optional<FileIdentity> identityOf(const std::optional<FileState>& state) {
 }
 
 std::string readText(const FileManager& fileManager, const path& projectFile) {
-    std::optional<std::string> bytes;
-    try {
-        bytes = fileManager.contents(projectFile);
-    } catch (const std::exception&) {
-        // No memory for it: the file cannot be read here.
-    }
+    std::optional<std::string> bytes = fileManager.contents(projectFile);
     if (!bytes || !isValidUtf8(*bytes)) {
         throw RenameError::readFailed(projectFile.filename());
     }
@@ -93,34 +88,49 @@ void removeOldProjectFile(FileManager& fileManager, const path& projectFile, con
     }
 }
 
+/// Every file operation of a rename. Where it throws anything but a RenameError, the disk has not been changed.
+void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject& project, const std::string& newName) {
+    if (const auto refusal = validateProjectName(newName)) {
+        throw *refusal;
+    }
+    const path newProjectFile = appending(folder, newName + std::string(projectFileExtension));
+    const path newDataFolder = appending(folder, newName + std::string(dataFolderSuffix));
+    if (fileManager.fileExists(newProjectFile)) {
+        throw RenameError::destinationExists(newName);
+    }
+    // What is moved and removed later is what was here now, where that can be told.
+    const auto oldFileSeen = fileManager.state(project.xpjURL);
+    const auto oldFolderSeen =
+        project.dataFolderURL ? fileManager.state(*project.dataFolderURL) : std::optional<FileState>();
+    const std::string oldText = readText(fileManager, project.xpjURL);
+    const std::string newText = updatedText(oldText, project.baseName, newName);
+    const FileIdentity created = writeProjectFile(fileManager, newProjectFile, newText);
+    if (project.dataFolderURL) {
+        moveDataFolder(fileManager, *project.dataFolderURL, oldFolderSeen, newDataFolder, newProjectFile, created);
+    }
+    removeOldProjectFile(fileManager, project.xpjURL, oldFileSeen, newProjectFile, created);
+}
+
 } // namespace
 
 void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
-    const auto fileManager = services_.fileManager;
     const auto& folder = folderURL.get();
     if (!folder) {
         return;
     }
-    if (const auto refusal = validateProjectName(newName)) {
-        throw *refusal;
+    try {
+        renameOnDisk(*services_.fileManager, *folder, project, newName);
+    } catch (const RenameError&) {
+        throw;
+    } catch (const std::exception&) {
+        // No memory: nothing can be read here.
+        throw RenameError::readFailed(project.xpjURL.filename());
     }
-    const path newProjectFile = appending(*folder, newName + std::string(projectFileExtension));
-    const path newDataFolder = appending(*folder, newName + std::string(dataFolderSuffix));
-    if (fileManager->fileExists(newProjectFile)) {
-        throw RenameError::destinationExists(newName);
+    try {
+        log("Renamed \"" + project.baseName + "\" → \"" + newName + "\"", false);
+    } catch (const std::exception&) {
+        // No memory: the rename is done, though its line is missing.
     }
-    // What is moved and removed later is what was here now, where that can be told.
-    const auto oldFileSeen = fileManager->state(project.xpjURL);
-    const auto oldFolderSeen =
-        project.dataFolderURL ? fileManager->state(*project.dataFolderURL) : std::optional<FileState>();
-    const std::string oldText = readText(*fileManager, project.xpjURL);
-    const std::string newText = updatedText(oldText, project.baseName, newName);
-    const FileIdentity created = writeProjectFile(*fileManager, newProjectFile, newText);
-    if (project.dataFolderURL) {
-        moveDataFolder(*fileManager, *project.dataFolderURL, oldFolderSeen, newDataFolder, newProjectFile, created);
-    }
-    removeOldProjectFile(*fileManager, project.xpjURL, oldFileSeen, newProjectFile, created);
-    log("Renamed \"" + project.baseName + "\" → \"" + newName + "\"", false);
 }
 
 } // namespace tarvolt

@@ -55,12 +55,19 @@ const std::string newFile = "Beat.xpj=" + newText;
 const Lines oldData{"Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"};
 const Lines newData{"Beat_[ProjectData]/", "Beat_[ProjectData]/kick.wav=boom"};
 
-const std::string lookedForIt = "exists Beat.xpj";
-const std::string readIt = "read Song.xpj";
-const std::string createdIt = "create Beat.xpj";
-const std::string movedIt = "move Song_[ProjectData] -> Beat_[ProjectData]";
-const std::string rolledBack = "remove Beat.xpj";
-const std::string removedOld = "remove Song.xpj";
+// The calls of a rename that goes well, in their order.
+const Lines calls{"exists Beat.xpj", "state Song.xpj",  "state Song_[ProjectData]",
+                  "read Song.xpj",   "create Beat.xpj", "move Song_[ProjectData] -> Beat_[ProjectData]",
+                  "state Song.xpj",  "state Beat.xpj",  "remove Song.xpj"};
+const std::string rollBack = "remove Beat.xpj";
+
+/// These calls up to and including the first that begins like this, and then `more`.
+Lines upTo(const std::string& call, const Lines& more = {}) {
+    const auto last = std::ranges::find_if(calls, [&](const auto& line) { return line.starts_with(call); });
+    Lines lines(calls.begin(), last + 1);
+    lines.insert(lines.end(), more.begin(), more.end());
+    return lines;
+}
 
 Lines sorted(Lines lines, const Lines& more = {}) {
     lines.insert(lines.end(), more.begin(), more.end());
@@ -105,44 +112,44 @@ const Row rows[] = {
      .onFake = [](FakeFileManager& disk) { disk.addFile("/p/Beat.xpj", "other"); },
      .onDisk = [](const TemporaryFolder& folder) { folder.write("Beat.xpj", "other"); },
      .error = "A project named \"Beat\" already exists.",
-     .traffic = {lookedForIt},
+     .traffic = upTo("exists"),
      .diskAfterwards = sorted(unchanged, {"Beat.xpj=other"})},
     {.fact = "AFolderTakesTheNameToo",
      .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Beat.xpj"); },
      .onDisk = [](const TemporaryFolder& folder) { folder.makeFolder("Beat.xpj"); },
      .error = "A project named \"Beat\" already exists.",
-     .traffic = {lookedForIt},
+     .traffic = upTo("exists"),
      .diskAfterwards = sorted(unchanged, {"Beat.xpj/"})},
     {.fact = "AMissingFileCannotBeRead",
      .onFake = [](FakeFileManager& disk) { disk.removeItem("/p/Song.xpj", std::nullopt); },
      .onDisk = [](const TemporaryFolder& folder) { std::filesystem::remove(folder / "Song.xpj"); },
      .error = "Failed to read file: Song.xpj",
-     .traffic = {lookedForIt, readIt},
+     .traffic = upTo("read"),
      .diskAfterwards = oldData},
     {.fact = "AClosedFileCannotBeRead",
      .onFake = [](FakeFileManager& disk) { disk.fail("read", EACCES); },
      .onDisk = [](const TemporaryFolder& folder) { ::chmod((folder / "Song.xpj").c_str(), 0200); },
      .during = asOrdinaryUser,
      .error = "Failed to read file: Song.xpj",
-     .traffic = {lookedForIt, readIt},
+     .traffic = upTo("read"),
      .diskAfterwards = unchanged},
     {.fact = "TextThatIsNotUtf8CannotBeRead",
      .onFake = [](FakeFileManager& disk) { disk.addFile("/p/Song.xpj", "<\xff>"); },
      .onDisk = [](const TemporaryFolder& folder) { folder.write("Song.xpj", "<\xff>"); },
      .error = "Failed to read file: Song.xpj",
-     .traffic = {lookedForIt, readIt},
+     .traffic = upTo("read"),
      .diskAfterwards = sorted(oldData, {"Song.xpj=<\xff>"})},
     {.fact = "TextThatCannotBeEncodedIsNotWritten",
      .newName = "Be\xed\xa0\x80",
      .error = "Failed to write file: Could not encode updated XML",
-     .traffic = {"exists Be\xed\xa0\x80.xpj", readIt},
+     .traffic = {"exists Be\xed\xa0\x80.xpj", "state Song.xpj", "state Song_[ProjectData]", "read Song.xpj"},
      .diskAfterwards = unchanged},
     {.fact = "AFileThatCannotBeCreatedLeavesTheProjectAsItWas",
      .onFake = [](FakeFileManager& disk) { disk.fail("create", EACCES); },
      .onDisk = [](const TemporaryFolder& folder) { ::chmod(folder.path().c_str(), 0500); },
      .during = asOrdinaryUser,
      .error = "Failed to write file: Beat.xpj",
-     .traffic = {lookedForIt, readIt, createdIt},
+     .traffic = upTo("create"),
      .diskAfterwards = unchanged},
     {.fact = "AFullDiskLeavesTheProjectAsItWas",
      .onFake = [](FakeFileManager& disk) { disk.fail("create", ENOSPC); },
@@ -152,13 +159,13 @@ const Row rows[] = {
              return std::optional<std::string>();
          },
      .error = "Failed to write file: Beat.xpj",
-     .traffic = {lookedForIt, readIt, createdIt},
+     .traffic = upTo("create"),
      .diskAfterwards = unchanged},
     {.fact = "RemovesTheNewFileWhenTheDataFolderCannotBeMoved",
      .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Beat_[ProjectData]"); },
      .onDisk = [](const TemporaryFolder& folder) { folder.makeFolder("Beat_[ProjectData]"); },
      .error = "Failed to write file: Could not rename data folder: File exists",
-     .traffic = {lookedForIt, readIt, createdIt, movedIt, rolledBack},
+     .traffic = upTo("move", {rollBack}),
      .diskAfterwards = sorted(unchanged, {"Beat_[ProjectData]/"})},
     {.fact = "TellsOfTheFailedMoveAlsoWhenTheNewFileCannotBeRemovedAgain",
      .onFake =
@@ -169,13 +176,13 @@ const Row rows[] = {
      .onDisk = [](const TemporaryFolder& folder) { folder.makeFolder("Beat_[ProjectData]"); },
      .during = whileUnremovable("Beat.xpj", EIO),
      .error = "Failed to write file: Could not rename data folder: File exists",
-     .traffic = {lookedForIt, readIt, createdIt, movedIt, rolledBack},
+     .traffic = upTo("move", {rollBack}),
      .diskAfterwards = sorted(unchanged, {"Beat_[ProjectData]/", newFile})},
     {.fact = "KeepsBothFilesAndTheMovedFolderWhenTheOldFileCannotBeRemoved",
      .onFake = [](FakeFileManager& disk) { disk.fail("remove", EPERM); },
      .during = whileUnremovable("Song.xpj", EPERM),
      .error = "Failed to delete: Could not remove old .xpj: Operation not permitted",
-     .traffic = {lookedForIt, readIt, createdIt, movedIt, removedOld},
+     .traffic = upTo("remove"),
      .diskAfterwards = sorted(newData, {newFile, oldFile})},
 };
 
@@ -184,22 +191,27 @@ const Row rowsInMemory[] = {
     {.fact = "NoMemoryForTheFileMeansItCannotBeRead",
      .onFake = throwingAt("read", std::bad_alloc()),
      .error = "Failed to read file: Song.xpj",
-     .traffic = {lookedForIt},
+     .traffic = upTo("state Song_"),
+     .diskAfterwards = unchanged},
+    {.fact = "NoMemoryForTheExistenceTestMeansThatNothingCanBeRead",
+     .onFake = throwingAt("exists", std::bad_alloc()),
+     .error = "Failed to read file: Song.xpj",
+     .traffic = {},
      .diskAfterwards = unchanged},
     {.fact = "WhateverIsThrownByTheCreationMeansItFailed",
      .onFake = throwingAt("create", std::bad_alloc()),
      .error = "Failed to write file: Beat.xpj",
-     .traffic = {lookedForIt, readIt},
+     .traffic = upTo("read"),
      .diskAfterwards = unchanged},
     {.fact = "WhateverIsThrownByTheMoveIsTheReasonAndRollsBack",
      .onFake = throwingAt("move", std::runtime_error("odd")),
      .error = "Failed to write file: Could not rename data folder: odd",
-     .traffic = {lookedForIt, readIt, createdIt, rolledBack},
+     .traffic = upTo("create", {rollBack}),
      .diskAfterwards = unchanged},
     {.fact = "WhateverIsThrownByTheRemovalIsTheReason",
      .onFake = throwingAt("remove", std::runtime_error("odd")),
      .error = "Failed to delete: Could not remove old .xpj: odd",
-     .traffic = {lookedForIt, readIt, createdIt, movedIt},
+     .traffic = upTo("state Beat"),
      .diskAfterwards = sorted(newData, {newFile, oldFile})},
 };
 

@@ -63,9 +63,10 @@ TEST_F(ProjectRenameOnDisk, GivesFileFolderAndReferencesTheNewName) {
     EXPECT_THAT(testing::messages(*scanner), ElementsAre("Renamed \"Song\" \u2192 \"Beat\""));
     const auto at = [&](const char* name) { return (folder / name).native(); };
     EXPECT_THAT(disk->traffic(),
-                ElementsAre("exists " + at("Beat.xpj"), "read " + at("Song.xpj"), "create " + at("Beat.xpj"),
+                ElementsAre("exists " + at("Beat.xpj"), "state " + at("Song.xpj"), "state " + at("Song_[ProjectData]"),
+                            "read " + at("Song.xpj"), "create " + at("Beat.xpj"),
                             "move " + at("Song_[ProjectData]") + " -> " + at("Beat_[ProjectData]"),
-                            "remove " + at("Song.xpj")));
+                            "state " + at("Song.xpj"), "state " + at("Beat.xpj"), "remove " + at("Song.xpj")));
 }
 
 TEST_F(ProjectRenameOnDisk, ThereAndBackGivesTheSameTree) {

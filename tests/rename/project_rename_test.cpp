@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <new>
 #include <string_view>
 
 namespace tarvolt {
@@ -41,10 +42,28 @@ protected:
 TEST_F(ProjectRename, ChecksReadsWritesMovesAndRemovesInThisOrder) {
     EXPECT_EQ(rename("Beat"), "");
     EXPECT_THAT(scene.disk->traffic(),
-                ElementsAre("exists /p/Beat.xpj", "read /p/Song.xpj", "create /p/Beat.xpj",
-                            "move /p/Song_[ProjectData] -> /p/Beat_[ProjectData]", "remove /p/Song.xpj"));
+                ElementsAre("exists /p/Beat.xpj", "state /p/Song.xpj", "state /p/Song_[ProjectData]",
+                            "read /p/Song.xpj", "create /p/Beat.xpj",
+                            "move /p/Song_[ProjectData] -> /p/Beat_[ProjectData]", "state /p/Song.xpj",
+                            "state /p/Beat.xpj", "remove /p/Song.xpj"));
     EXPECT_THAT(scene.disk->disk(),
                 ElementsAre("/p/", "/p/Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a> Song", "/p/Beat_[ProjectData]/"));
+}
+
+/// Takes nothing for want of memory.
+class FullQueue final : public DispatchQueue {
+public:
+    void async(Task) override { throw std::bad_alloc(); }
+    void asyncAfter(std::chrono::milliseconds, Task) override { throw std::bad_alloc(); }
+};
+
+TEST_F(ProjectRename, IsDoneAlsoWhereThereIsNoMemoryForItsLine) {
+    auto services = scene.services();
+    services.mainQueue = std::make_shared<FullQueue>();
+    const auto full = MPCScanner::create(std::move(services));
+    full->folderURL.set("/p");
+    EXPECT_EQ(errorOfRename(*full, projectIn("/p"), "Beat"), "");
+    EXPECT_TRUE(scene.disk->fileExists("/p/Beat.xpj"));
 }
 
 TEST_F(ProjectRename, ReturnsNormallyAndLogsNothingWithNoFolderChosen) {
@@ -86,7 +105,8 @@ TEST_F(ProjectRename, OfAProjectWithoutDataFolderWritesTheNewFileAndRemovesTheOl
     project.dataFolderURL.reset();
     EXPECT_EQ(errorOfRename(*scanner, project, "Beat"), "");
     EXPECT_THAT(scene.disk->traffic(),
-                ElementsAre("exists /p/Beat.xpj", "read /p/Song.xpj", "create /p/Beat.xpj", "remove /p/Song.xpj"));
+                ElementsAre("exists /p/Beat.xpj", "state /p/Song.xpj", "read /p/Song.xpj", "create /p/Beat.xpj",
+                            "state /p/Song.xpj", "state /p/Beat.xpj", "remove /p/Song.xpj"));
     EXPECT_THAT(scene.disk->disk(),
                 ElementsAre("/p/", "/p/Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a> Song", "/p/Song_[ProjectData]/"));
 }

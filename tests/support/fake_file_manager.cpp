@@ -145,6 +145,11 @@ bool FakeFileManager::fileExists(const std::filesystem::path& path) const {
 
 std::optional<FileState> FakeFileManager::state(const std::filesystem::path& path) const {
     const Guard guard(mutex_);
+    begin("state", path.native());
+    return stateOf(path);
+}
+
+std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& path) const {
     const auto found = items_.find(path.native());
     if (found == items_.end()) {
         return std::nullopt;
@@ -157,7 +162,7 @@ std::optional<FileState> FakeFileManager::state(const std::filesystem::path& pat
 
 void FakeFileManager::expect(const char* call, const std::filesystem::path& path,
                              const std::optional<FileIdentity>& onlyIf) const {
-    const auto found = state(path);
+    const auto found = stateOf(path);
     if (!found || (onlyIf && found->identity != *onlyIf)) {
         throw FileError(found ? EBUSY : ENOENT, call, path);
     }

@@ -37,16 +37,16 @@ public:
     Item& addLink(const std::string& path, const std::string& target);
     Item& addPipe(const std::string& path);
 
-    /// The `nth` call from now on of the operation ("list", "exists", "read", "create", "move", "remove") fails with
-    /// this error number; "exists" cannot fail.
+    /// The `nth` call from now on of the operation ("list", "exists", "state", "read", "create", "move", "remove")
+    /// fails with this error number; "exists" and "state" cannot fail.
     void fail(const std::string& operation, int errorNumber, int nth = 1);
 
     /// Called before each operation with its line of traffic; may change the scene.
     std::function<void(const std::string& line)> onCall;
 
     // Looking at the outcome.
-    /// One line a call, in order: "list /p", "exists /p/N.xpj", "read /p/B.xpj", "create /p/N.xpj", "move /a -> /b",
-    /// "remove /p/B.xpj".
+    /// One line a call, in order: "list /p", "exists /p/N.xpj", "state /p/B.xpj", "read /p/B.xpj", "create /p/N.xpj",
+    /// "move /a -> /b", "remove /p/B.xpj".
     std::vector<std::string> traffic() const;
     /// Every item: a path ending in "/" for a folder, else "path=contents".
     std::vector<std::string> disk() const;
@@ -54,7 +54,7 @@ public:
     void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
                              const Visitor& visit) const override;
     bool fileExists(const std::filesystem::path& path) const override;
-    /// Not part of the traffic: it is only a look. A file that is written to gets another state.
+    /// A file that is written to gets another state.
     std::optional<FileState> state(const std::filesystem::path& path) const override;
     std::optional<std::string> contents(const std::filesystem::path& path) const override;
     std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override;
@@ -78,6 +78,7 @@ private:
     int begin(const std::string& operation, const std::string& rest) const;
     void expect(const char* call, const std::filesystem::path& path, const std::optional<FileIdentity>& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;
+    std::optional<FileState> stateOf(const std::filesystem::path& path) const;
     bool isInAFolder(const std::filesystem::path& path) const;
 
     mutable std::recursive_mutex mutex_;

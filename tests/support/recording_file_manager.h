@@ -10,8 +10,7 @@
 
 namespace tarvolt::testing {
 
-/// Hands everything on to another file manager and writes it down, in the words of FakeFileManager; like it, it keeps
-/// looks at an item's state to itself.
+/// Hands everything on to another file manager and writes it down, in the words of FakeFileManager.
 class RecordingFileManager final : public FileManager {
 public:
     explicit RecordingFileManager(std::shared_ptr<FileManager> disk) : disk_(std::move(disk)) {}
@@ -30,7 +29,10 @@ public:
         note("exists " + path.native());
         return disk_->fileExists(path);
     }
-    std::optional<FileState> state(const std::filesystem::path& path) const override { return disk_->state(path); }
+    std::optional<FileState> state(const std::filesystem::path& path) const override {
+        note("state " + path.native());
+        return disk_->state(path);
+    }
     std::optional<std::string> contents(const std::filesystem::path& path) const override {
         note("read " + path.native());
         return disk_->contents(path);
