@@ -7,8 +7,6 @@
 #include "app/sections/rename_sheet_texts.h"
 #include "app/sections/split_width.h"
 
-#include <QAccessible>
-#include <QQuickItem>
 
 #include <utility>
 
@@ -236,11 +234,6 @@ double ViewBridge::allowedLogWidth(double wanted, double available) const {
 
 double ViewBridge::oldNameWidth(double oldNatural, double newNatural, double available) const {
     return tarvolt::oldNameWidth(oldNatural, newNatural, available);
-}
-
-void ViewBridge::announceAlert(QQuickItem* item) const {
-    QAccessibleEvent event(item, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace tarvolt

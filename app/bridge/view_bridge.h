@@ -13,8 +13,6 @@
 #include <optional>
 #include <vector>
 
-class QQuickItem;
-
 namespace tarvolt {
 
 /// What the QML sees of the main view: its state as properties, its actions as calls. What opens, closes or enables
@@ -110,9 +108,6 @@ public:
 
     /// The width of a preview line's old name, see preview_widths.h.
     Q_INVOKABLE double oldNameWidth(double oldNatural, double newNatural, double available) const;
-
-    /// Tells assistive technology that `item` has appeared and wants attention.
-    Q_INVOKABLE void announceAlert(QQuickItem* item) const;
 
 signals:
     void headerChanged();

@@ -16,9 +16,6 @@ FocusScope {
     implicitHeight: column.implicitHeight
     focus: true
     onVisibleChanged: area.contentY = 0
-    Accessible.role: Accessible.AlertMessage
-    Accessible.name: title
-    Accessible.description: message.text
     Keys.onEscapePressed: root.view.dismissAlert()
     Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 

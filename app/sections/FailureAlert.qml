@@ -17,10 +17,6 @@ ModalPanel {
     visible: view.alertOpen
     scrim: Theme.alertScrim
     scrimFade: visible ? Theme.alertIn : Theme.alertOut
-    onVisibleChanged: {
-        if (visible)
-            view.announceAlert(contentItem);
-    }
 
     enter: Transition {
         NumberAnimation {
