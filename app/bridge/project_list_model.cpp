@@ -29,7 +29,7 @@ void ProjectListModel::setRenamed(std::optional<UUID> renamed) {
     for (int row = 0; row < rowCount(); ++row) {
         const UUID& id = projects_[static_cast<std::size_t>(row)].id;
         if (id == previous || id == renamed) {
-            emit dataChanged(index(row), index(row), {renamedRole, sentenceRole});
+            emit dataChanged(index(row), index(row), {renamedRole, sentenceRole, detailsSentenceRole});
         }
     }
 }
@@ -70,6 +70,8 @@ QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
         return project.id == renamed_;
     case sentenceRole:
         return singleLineString(projectRowSentence(project, project.id == renamed_, locale_));
+    case detailsSentenceRole:
+        return singleLineString(projectDetailsSentence(project, project.id == renamed_, locale_));
     case buttonSentenceRole:
         return singleLineString(renameButtonSentence(project));
     default:
@@ -85,6 +87,7 @@ QHash<int, QByteArray> ProjectListModel::roleNames() const {
             {hasDataFolderRole, "hasDataFolder"},
             {renamedRole, "renamed"},
             {sentenceRole, "sentence"},
+            {detailsSentenceRole, "detailsSentence"},
             {buttonSentenceRole, "buttonSentence"}};
 }
 

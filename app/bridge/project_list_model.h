@@ -26,6 +26,7 @@ public:
         hasDataFolderRole,
         renamedRole,
         sentenceRole,
+        detailsSentenceRole,
         buttonSentenceRole,
     };
     Q_ENUM(Role)

@@ -9,6 +9,7 @@ T.AbstractButton {
     id: root
 
     property string spokenName: text
+    property string spokenDetails: "" // what it says after that
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     hoverEnabled: true
@@ -18,7 +19,7 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: spokenName
     // Qt 6.4 tells assistive technology nothing of a disabled state.
-    Accessible.description: enabled ? "" : qsTr("Not available now")
+    Accessible.description: enabled ? spokenDetails : qsTr("Not available now")
     // The toolkit's button would act when Space is released, which a held key on X11 seems to be again and again.
     Keys.onSpacePressed: root.press()
     Keys.onReturnPressed: root.press()

@@ -40,6 +40,7 @@ ColumnLayout {
     }
 
     TextLabel {
+        id: explanation
         objectName: "emptyText"
         Layout.alignment: Qt.AlignHCenter
         text: qsTr("Make sure you selected the folder that\ndirectly contains your .xpj files.")
@@ -55,6 +56,7 @@ ColumnLayout {
         Layout.alignment: Qt.AlignHCenter
         Layout.topMargin: Theme.emptyButtonTop
         text: qsTr("Choose Different Folder")
+        spokenDetails: explanation.text
         onClicked: root.view.selectFolder()
     }
 

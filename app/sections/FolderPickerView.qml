@@ -35,6 +35,7 @@ ColumnLayout {
     }
 
     TextLabel {
+        id: explanation
         objectName: "pickerText"
         Layout.alignment: Qt.AlignHCenter
         text: qsTr("Choose the folder that contains your .xpj files\nand their _[ProjectData] folders")
@@ -49,6 +50,7 @@ ColumnLayout {
         large: true
         symbol: "folder"
         text: qsTr("Select Folder")
+        spokenDetails: explanation.text
         onClicked: root.view.selectFolder()
     }
 

@@ -15,6 +15,7 @@ FocusScope {
     required property bool hasDataFolder
     required property bool renamed
     required property string sentence
+    required property string detailsSentence
     required property string buttonSentence
     required property bool last
 
@@ -98,6 +99,7 @@ FocusScope {
             activeFocusOnTab: false
             text: qsTr("Rename")
             spokenName: root.buttonSentence
+            spokenDetails: root.detailsSentence
             onClicked: root.renamePressed()
         }
     }

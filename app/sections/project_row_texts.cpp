@@ -14,9 +14,8 @@ std::string_view projectSymbol(const MPCProject& project) {
     return project.dataFolderURL ? "music.note.list" : "music.note";
 }
 
-std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale) {
-    std::string sentence = project.baseName + ", " + fileCountText(project.fileCount, locale) + ", " +
-                           byteCountText(project.totalSize, locale);
+std::string projectDetailsSentence(const MPCProject& project, bool renamed, std::string_view locale) {
+    std::string sentence = fileCountText(project.fileCount, locale) + ", " + byteCountText(project.totalSize, locale);
     if (!project.dataFolderURL) {
         sentence += ", " + localized("ProjectRow", "No data folder");
     }
@@ -24,6 +23,10 @@ std::string projectRowSentence(const MPCProject& project, bool renamed, std::str
         sentence += ", " + localized("ProjectRow", "Renamed");
     }
     return sentence;
+}
+
+std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale) {
+    return project.baseName + ", " + projectDetailsSentence(project, renamed, locale);
 }
 
 std::string renameButtonSentence(const MPCProject& project) {

@@ -17,6 +17,9 @@ std::string_view projectSymbol(const MPCProject& project);
 /// colour shows. `renamed` says whether the row is highlighted.
 std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale);
 
+/// The same without the name.
+std::string projectDetailsSentence(const MPCProject& project, bool renamed, std::string_view locale);
+
 /// What the row's button is called for a screen reader: "Rename" and the project's name.
 std::string renameButtonSentence(const MPCProject& project);
 

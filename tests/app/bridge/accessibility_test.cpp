@@ -43,6 +43,8 @@ protected:
         return QAccessible::queryAccessibleInterface(w->find(name));
     }
 
+    QString description(const QString& name) const { return thing(name)->text(QAccessible::Description); }
+
     void pressByAction(const QString& name) const {
         thing(name)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         w->settle();
@@ -72,11 +74,31 @@ TEST_F(AccessibilityTest, RowsAreOneSentenceEachWithAButtonOfTheProjectsName) {
     EXPECT_EQ(lines.filter("Blue Hour").size(), 2) << "what the sentence says is not said again";
 }
 
+TEST_F(AccessibilityTest, ARowsButtonSaysWhatTheRowShows) {
+    choose();
+    const auto buttons = w->findAll("rowButton");
+    ASSERT_EQ(buttons.size(), 2U);
+    const auto said = [](QQuickItem* button) {
+        return QAccessible::queryAccessibleInterface(button)->text(QAccessible::Description);
+    };
+    EXPECT_EQ(said(buttons[0]), "0 files, 1 byte");
+    EXPECT_EQ(said(buttons[1]), "0 files, 1 byte, No data folder");
+}
+
 TEST_F(AccessibilityTest, TheHighlightIsSaidInWords) {
     choose();
     w->view->successProject.set(w->view->scanner->projects.get()[0].id);
     w->settle();
     EXPECT_TRUE(heard().contains("ListItem: Blue Hour, 0 files, 1 byte, Renamed"));
+    EXPECT_EQ(description("rowButton"), "0 files, 1 byte, Renamed");
+}
+
+TEST_F(AccessibilityTest, TheButtonThatAsksForAFolderSaysForWhich) {
+    EXPECT_EQ(description("selectFolderButton"),
+              "Choose the folder that contains your .xpj files\nand their _[ProjectData] folders");
+    w->choose();
+    EXPECT_EQ(description("chooseDifferentFolderButton"),
+              "Make sure you selected the folder that\ndirectly contains your .xpj files.");
 }
 
 TEST_F(AccessibilityTest, TheScanIsReadable) {

@@ -43,11 +43,12 @@ TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
     EXPECT_EQ(at(0, ProjectListModel::sizeRole), "48 KB");
     EXPECT_EQ(at(0, ProjectListModel::hasDataFolderRole), true);
     EXPECT_EQ(at(0, ProjectListModel::buttonSentenceRole), "Rename Slow Glass");
+    EXPECT_EQ(at(0, ProjectListModel::detailsSentenceRole), "12 files, 48 KB");
     EXPECT_EQ(at(1, ProjectListModel::nameRole), QStringLiteral("Sketch \uFFFD"));
     EXPECT_EQ(at(1, ProjectListModel::symbolRole), "music.note");
     EXPECT_EQ(at(1, ProjectListModel::hasDataFolderRole), false);
     EXPECT_EQ(at(1, ProjectListModel::sentenceRole), QStringLiteral("Sketch \uFFFD, 0 files, 48 KB, No data folder"));
-    EXPECT_EQ(model.roleNames().size(), 8);
+    EXPECT_EQ(model.roleNames().size(), 9);
 }
 
 TEST_F(ProjectListModelTest, LeavesTheRowsAloneForTheSameRecords) {

@@ -42,6 +42,7 @@ TEST(ProjectRowTexts, SayTheWholeRowInOneSentence) {
     EXPECT_EQ(projectRowSentence(project(true), false, "en_US"), "Slow Glass, 12 files, 3.2 MB");
     EXPECT_EQ(projectRowSentence(project(true), true, "en_US"), "Slow Glass, 12 files, 3.2 MB, Renamed");
     EXPECT_EQ(projectRowSentence(project(false), false, "en_US"), "Slow Glass, 0 files, 48 KB, No data folder");
+    EXPECT_EQ(projectDetailsSentence(project(false), true, "en_US"), "0 files, 48 KB, No data folder, Renamed");
 }
 
 TEST(ProjectRowTexts, TellAnEmptyDataFolderFromNone) {
