@@ -8,6 +8,8 @@ import Tarvolt
 T.TextField {
     id: root
 
+    property string spokenText: ""
+
     color: Theme.primary
     selectionColor: Theme.selection
     selectedTextColor: Theme.primary
@@ -16,6 +18,9 @@ T.TextField {
     horizontalAlignment: TextInput.AlignLeft
     renderType: Text.NativeRendering
     Accessible.editable: true
+    // Qt 6.4 hands out the text in runs of no length, which a screen reader says nothing for.
+    Accessible.description: spokenText
+    onActiveFocusChanged: spokenText = activeFocus ? text : ""
     cursorDelegate: Caret {
         owner: root
     }

@@ -101,6 +101,23 @@ TEST_F(AccessibilityTest, TheButtonThatAsksForAFolderSaysForWhich) {
               "Make sure you selected the folder that\ndirectly contains your .xpj files.");
 }
 
+TEST_F(AccessibilityTest, AFieldSaysItsTextWhereTheFocusComes) {
+    w->addProjects(6);
+    w->choose();
+    w->find("searchField")->forceActiveFocus();
+    EXPECT_EQ(description("searchField"), "");
+    w->type("song");
+    EXPECT_EQ(description("searchField"), "") << "who types hears the keys";
+    w->bridge->beginRename(0);
+    w->settle();
+    EXPECT_EQ(description("newNameField"), "Song 0");
+    EXPECT_EQ(description("searchField"), "");
+    w->press(Qt::Key_Escape);
+    w->settle();
+    w->find("searchField")->forceActiveFocus();
+    EXPECT_EQ(description("searchField"), "song");
+}
+
 TEST_F(AccessibilityTest, TheScanIsReadable) {
     choose();
     w->bridge->rescan();
