@@ -40,6 +40,30 @@ T.ApplicationWindow {
         view: root.view
     }
 
+    // Assistive technology reads a notification out when it appears. Each is a new one, so that what has been overtaken
+    // before it was read is gone.
+    Repeater {
+        id: news
+        delegate: Item {
+            required property string modelData
+
+            objectName: "news"
+            width: 1
+            height: 1
+            Accessible.role: Accessible.Notification
+            Accessible.name: modelData
+        }
+    }
+
+    Connections {
+        target: root.view
+
+        function onNewsTold(text: string): void {
+            news.model = 0;
+            news.model = [text];
+        }
+    }
+
     RenameSheet {
         id: sheet
         view: root.view

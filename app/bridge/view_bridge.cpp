@@ -69,8 +69,15 @@ void ViewBridge::refresh() {
         projects_.setProjects(view_->filteredProjects());
     }
     projects_.setRenamed(view_->successProject.get());
+    const int lines = log_.rowCount();
     log_.takeNewEntries();
     deriveState();
+    if (std::exchange(searched_, false)) {
+        emit newsTold(displayString(tarvolt::projectCountText(projects_.rowCount(), services_.locale.numeric)));
+    }
+    if (log_.rowCount() > lines) {
+        emit newsTold(log_.data(log_.index(0), LogModel::messageRole).toString());
+    }
     followRename();
 }
 
@@ -134,6 +141,7 @@ ViewBridge::Sheet ViewBridge::makeSheet(const MPCProject& project) const {
 }
 
 void ViewBridge::setSearchText(const QString& text) {
+    searched_ = true;
     view_->searchText.set(editedBytes(view_->searchText.get(), text));
     deriveState();
     if (text != searchText_) {

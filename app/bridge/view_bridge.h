@@ -117,6 +117,10 @@ signals:
     void alertOpenChanged();
     void alertMessageChanged();
 
+    /// What a person who cannot see the window should hear at once: the newest line of the log, or how many projects a
+    /// search has found.
+    void newsTold(const QString& text);
+
     /// The scan after a rename has ended, and nothing stands over the list any more: `row` shows the new name, or is -1
     /// where it is not listed, perhaps because the search hides it.
     void renamedProjectListed(int row, bool hiddenBySearch);
@@ -172,6 +176,7 @@ private:
 
     bool refreshPosted_ = false;
     bool listDirty_ = false;
+    bool searched_ = false;
 
     std::vector<Subscription> subscriptions_;
 };

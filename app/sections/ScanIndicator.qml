@@ -9,7 +9,7 @@ Item {
 
     objectName: "scanIndicator"
     implicitHeight: column.implicitHeight + 2 * Theme.scanPadding
-    Accessible.role: Accessible.ProgressBar
+    Accessible.role: Accessible.Notification
     Accessible.name: label.text
 
     Column {

@@ -120,7 +120,7 @@ class Scanning(case.WindowTest):
         other = makeProjects(self.desktop.home / "Other", "Third")
         self.choose(self.folder)
         self.program.waitFor(held.reached, "the held listing")
-        self.program.find("progress bar", "Scanning...")
+        self.program.find("notification", "Scanning...")
         self.program.find("label", "0 projects")
         self.picture("scanning", still=0)
         self.assertEqual(self.rows(), [])

@@ -94,6 +94,7 @@ class Reader(case.WindowTest):
             ("split pane", "Width of the log"),
             ("label", "ACTIVITY LOG"),
             ("list", "ACTIVITY LOG"),
+            ("notification", "Scan complete: 8 project(s)"),
         ]
         self.assertEqual(self.shown(), window)
         self.assertUsable()
@@ -185,6 +186,25 @@ class Reader(case.WindowTest):
         paste.click()
         self.sheetField("Blue Hour")
 
+    def testIsToldOnceWhatTheWindowShows(self):
+        showing = "object:state-changed:showing"
+        events = self.hear(showing)
+
+        def news():
+            return [each.name for _, shows, each in events if shows and each.role == "notification" and each.name]
+
+        self.chooseByPresses(self.folder)
+        self.told(lambda: "Scan complete: 8 project(s)" in news(), "the end of the scan")
+        self.assertEqual(news().count("Scan complete: 8 project(s)"), 1)
+        self.program.find("text", "Search projects...").setText("sketch")
+        self.told(lambda: "1 project" in news(), "the number of projects found")
+        self.program.find("button", "Rename Sketch 014").press()
+        self.sheetField("Sketch 014").setText("Sketch 015")
+        self.program.find("button", "Rename").press()
+        renamed = 'Renamed "Sketch 014" → "Sketch 015"'
+        self.told(lambda: renamed in news(), "the rename")
+        self.assertEqual(news().count(renamed), 1)
+
     def named(self, events):
         return [(kind, detail, element.name) for kind, detail, element in events]
 
@@ -212,13 +232,13 @@ class ReaderDuringAScan(Reader):
         held = hold.Hold(self.folder, "listing")
         self.chooseByPresses(self.folder)
         self.program.waitFor(held.reached, "the held listing")
-        self.program.find("progress bar", "Scanning...")
+        self.program.find("notification", "Scanning...")
         self.program.find("label", "No activity yet")
         self.program.find("label", "0 projects")
         self.program.find("button", "Rescan").press()
         held.release()
         self.program.waitFor(lambda: self.rows() == case.names, "the projects")
-        self.program.waitUntilGone("progress bar")
+        self.program.waitUntilGone("notification", "Scanning...")
         self.scans(1)
         self.program.find("button", "Rescan").press()
         self.scans(2)

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QMetaEnum>
+#include <QRegularExpression>
 
 namespace tarvolt {
 namespace {
@@ -118,11 +119,31 @@ TEST_F(AccessibilityTest, AFieldSaysItsTextWhereTheFocusComes) {
     EXPECT_EQ(description("searchField"), "song");
 }
 
+TEST_F(AccessibilityTest, ANotificationTellsHowManyASearchFindsAndHowAScanOrARenameEnds) {
+    w->addProjects(6);
+    w->choose();
+    const auto notifications = [&] { return heard().filter(QRegularExpression("^Notification: ")); };
+    EXPECT_EQ(notifications(), (QStringList{"Notification: Scan complete: 6 project(s)"}));
+    w->bridge->setSearchText("5");
+    w->settle();
+    EXPECT_EQ(notifications(), (QStringList{"Notification: 1 project"}));
+    const QQuickItem* first = w->find("news");
+    w->bridge->setSearchText("g 5");
+    w->settle();
+    EXPECT_EQ(notifications(), (QStringList{"Notification: 1 project"}));
+    EXPECT_NE(w->find("news"), first) << "another one, which is read out again";
+    w->bridge->beginRename(0);
+    w->bridge->setNewName("Song 8");
+    w->bridge->submitNewName();
+    w->settle();
+    EXPECT_EQ(notifications(), (QStringList{"Notification: Renamed \"Song 5\" → \"Song 8\""}));
+}
+
 TEST_F(AccessibilityTest, TheScanIsReadable) {
     choose();
     w->bridge->rescan();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(heard().contains("ProgressBar: Scanning..."));
+    EXPECT_TRUE(heard().contains("Notification: Scanning..."));
     EXPECT_EQ(thing("rescanButton")->text(QAccessible::Description), "Not available now");
 }
 
