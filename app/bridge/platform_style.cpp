@@ -74,11 +74,6 @@ bool needsShaping(QChar unit) {
     }
 }
 
-QFont struck(QFont font) {
-    font.setStrikeOut(true);
-    return font;
-}
-
 } // namespace
 
 PlatformStyle::PlatformStyle(QObject* parent) : QObject(parent) {
@@ -111,7 +106,6 @@ void PlatformStyle::readFonts() {
               .monoBody = styled(fixed, bodyRatio, QFont::Normal),
               .monoBodyMedium = styled(fixed, bodyRatio, QFont::Medium),
               .monoCaption = styled(fixed, captionRatio, QFont::Normal),
-              .monoCaptionStruck = struck(styled(fixed, captionRatio, QFont::Normal)),
               .monoCaption2 = styled(fixed, caption2Ratio, QFont::Normal)};
     reducedMotion_ = QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
 }

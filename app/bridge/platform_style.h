@@ -87,7 +87,6 @@ public:
     TARVOLT_FONT(monoBody)
     TARVOLT_FONT(monoBodyMedium)
     TARVOLT_FONT(monoCaption)
-    TARVOLT_FONT(monoCaptionStruck)
     TARVOLT_FONT(monoCaption2)
 
 #undef TARVOLT_COLOUR
@@ -153,7 +152,7 @@ signals:
 private:
     struct Fonts {
         QFont title2, title3, title3Semibold, headline, body, bodySemibold, caption, captionCapitals, monoBody,
-            monoBodyMedium, monoCaption, monoCaptionStruck, monoCaption2;
+            monoBodyMedium, monoCaption, monoCaption2;
     };
 
     static QColor qtColour(Colour colour);

@@ -28,16 +28,13 @@ Item {
         text: root.newText
     }
 
-    TextLabel {
+    StruckName {
         id: oldName
         objectName: "previewOldName"
         anchors.verticalCenter: parent.verticalCenter
         width: root.oldWidth
         text: root.oldText
-        font: Theme.verbatim(Theme.monoCaptionStruck, text)
-        color: Theme.redSevenTenths
-        opacity: Theme.oldNameOpacity
-        wrapMode: Text.Wrap
+        font: Theme.verbatim(Theme.monoCaption, text)
     }
 
     Symbol {

@@ -67,12 +67,10 @@ TEST_F(MeasureSheetTest, ThePreviewHasItsTextsFontsAndColours) {
     expectColour(m.colour("previewTitle"), "#606060");
     EXPECT_EQ(m.text("previewOldName"), "Blue Hour.xpj");
     EXPECT_EQ(m.text("previewNewName"), "Red Hour.xpj");
-    EXPECT_TRUE(m.font("previewOldName").strikeOut());
     EXPECT_NEAR(m.textRatio("previewOldName"), testing::caption, 0.01);
     EXPECT_EQ(m.colour("previewOldName"), QColor("#C01C28"));
     EXPECT_DOUBLE_EQ(m.opacity("previewOldName"), 0.7);
     EXPECT_TRUE(m.isMonospaced("previewOldName"));
-    EXPECT_FALSE(m.font("previewNewName").strikeOut());
     EXPECT_NEAR(m.textRatio("previewNewName"), testing::caption, 0.01);
     EXPECT_TRUE(m.isMonospaced("previewNewName"));
     EXPECT_EQ(m.colour("previewNewName"), QColor("#1A7533"));
@@ -93,6 +91,39 @@ TEST_F(MeasureSheetTest, ThePreviewOfAProjectWithoutDataFolderHasOneLineAndTheNo
     EXPECT_EQ(w.findAll("previewOldName").size(), 1U);
     EXPECT_EQ(m.text("previewNewName"), " .xpj");
     EXPECT_EQ(m.down("previewFileRow", "previewNote"), 6);
+}
+
+TEST_F(MeasureSheetTest, ALineGoesThroughEachLineOfAnOldNameAndLeavesItsLettersLegible) {
+    w.addProject("The Long Way Home From The Late Show (instrumental take 3)");
+    w.bridge->rescan();
+    w.settle();
+    open(2, "The Long Way Home From The Late Show (instrumental take 4)");
+    QQuickItem* name = w.find("previewOldName");
+    const auto strikes = w.findAll("strike");
+    ASSERT_EQ(m.lines("previewOldName"), 3);
+    ASSERT_EQ(strikes.size(), 3U + 3U) << "of the file's name and of the folder's";
+    const double line = name->height() / 3;
+    for (int i = 0; i < 3; ++i) {
+        const QRectF strike = name->mapRectFromScene(SceneWindow::boxOf(strikes[static_cast<std::size_t>(i)]));
+        EXPECT_EQ(strike.left(), 0);
+        EXPECT_EQ(strike.height(), 1);
+        EXPECT_NEAR(strike.top(), (i + 0.55) * line, 0.15 * line) << i;
+    }
+    EXPECT_GT(strikes[0]->width(), 2 * strikes[2]->width()) << "no longer than the letters";
+    expectColour(strikes[0]->property("color").value<QColor>(), "#C01C28");
+    EXPECT_EQ(strikes[0]->opacity(), 0.5) << "fainter than the letters";
+}
+
+TEST_F(MeasureSheetTest, ThePreviewScrollsExactlyWhereSomethingIsOutOfSight) {
+    w.bridge->beginRename(0);
+    bool hidden = false;
+    for (int length = 10; !hidden; length += 10) {
+        w.bridge->setNewName(QString(length, u'x'));
+        w.settle();
+        hidden = w.box("previewNote").bottom() > w.box("previewBox").bottom() - 6;
+        EXPECT_EQ(w.findAll("scrollThumb").size(), hidden ? 1U : 0U) << length;
+        EXPECT_EQ(m.property("previewArea", "activeFocusOnTab").toBool(), hidden) << length;
+    }
 }
 
 TEST_F(MeasureSheetTest, TheTitlesFieldAndButtonsHaveTheirFontsColoursAndTexts) {
