@@ -90,6 +90,7 @@ PlatformStyle {
     readonly property int previewLineSpacing: 6
     readonly property int previewRowSpacing: 8
     readonly property int previewRadius: 8
+    readonly property int leastPreview: 2 * previewPadding + 2 * Math.ceil(lineRatio * captionPixels)
     readonly property int alertWidth: 320
     readonly property int alertPadding: 20
     readonly property int alertTextSpacing: 6

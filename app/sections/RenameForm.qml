@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Tarvolt
 
 // What stands in the rename sheet.
@@ -17,85 +18,88 @@ FocusScope {
     // Return is the Rename button's wherever no control takes it.
     Keys.onReturnPressed: root.view.pressRename()
     Keys.onEnterPressed: root.view.pressRename()
+    Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
     function focusField(): void {
-        field.forceActiveFocus(Qt.OtherFocusReason);
+        newName.field.forceActiveFocus(Qt.OtherFocusReason);
     }
 
     function selectName(): void {
-        field.focus = true;
-        field.selectAll();
+        newName.field.focus = true;
+        newName.field.selectAll();
     }
 
     ColumnLayout {
         anchors.fill: parent
         spacing: Theme.sheetSpacing
 
-        ColumnLayout {
-            objectName: "sheetTitleBlock"
-            spacing: Theme.sheetTitleSpacing
-
-            TextLabel {
-                id: titleLabel
-                objectName: "sheetTitle"
-                text: qsTr("Rename Project")
-                font: Theme.title2
-            }
-
-            TextLabel {
-                objectName: "sheetCurrentName"
-                Layout.fillWidth: true
-                text: root.view.currentNameText
-                font: Theme.verbatim(Theme.monoBody, text)
-                color: Theme.secondary
-                maximumLineCount: 1
-                elide: Text.ElideMiddle
-            }
-        }
-
-        ColumnLayout {
-            objectName: "sheetNameBlock"
-            spacing: Theme.sheetFieldSpacing
-
-            TextLabel {
-                id: fieldLabel
-                objectName: "sheetFieldLabel"
-                text: qsTr("NEW NAME")
-                font: Theme.captionCapitals
-                color: Theme.secondary
-                silent: true
-            }
-
-            RoundedField {
-                id: field
-                objectName: "newNameField"
-                Layout.fillWidth: true
-                focus: true
-                placeholderText: qsTr("Enter new project name")
-                text: root.view.newName
-                // Assistive technology sets a text without editing it.
-                onTextChanged: {
-                    if (text !== root.view.newName)
-                        root.view.newName = text;
-                }
-                Accessible.name: qsTr("New name")
-                // Submitting the field asks for the rename whatever the button's state.
-                Keys.onReturnPressed: root.view.submitNewName()
-                Keys.onEnterPressed: root.view.submitNewName()
-            }
-        }
-
-        RenamePreview {
+        // With a large font not even a little of the preview has room: then all of this scrolls as one.
+        Flickable {
+            id: area
+            objectName: "sheetArea"
             Layout.fillWidth: true
             Layout.fillHeight: true
-            Layout.maximumHeight: implicitHeight
-            view: root.view
-            visible: root.view.offersRename
-        }
+            clip: contentHeight > height
+            contentHeight: content.height
+            boundsBehavior: Flickable.StopAtBounds
 
-        Item {
-            objectName: "sheetGap"
-            Layout.fillHeight: true
+            T.ScrollBar.vertical: ScrollThumb {
+                parent: root
+                x: area.width + Math.round((Theme.sheetPadding - width) / 2)
+                height: area.height
+            }
+
+            ColumnLayout {
+                id: content
+
+                readonly property real least: implicitHeight - (preview.visible ? preview.dispensable : 0)
+
+                width: area.width
+                height: least <= area.height ? area.height : implicitHeight
+                spacing: Theme.sheetSpacing
+
+                ColumnLayout {
+                    objectName: "sheetTitleBlock"
+                    spacing: Theme.sheetTitleSpacing
+
+                    TextLabel {
+                        id: titleLabel
+                        objectName: "sheetTitle"
+                        text: qsTr("Rename Project")
+                        font: Theme.title2
+                    }
+
+                    TextLabel {
+                        objectName: "sheetCurrentName"
+                        Layout.fillWidth: true
+                        text: root.view.currentNameText
+                        font: Theme.verbatim(Theme.monoBody, text)
+                        color: Theme.secondary
+                        maximumLineCount: 1
+                        elide: Text.ElideMiddle
+                    }
+                }
+
+                NewName {
+                    id: newName
+                    view: root.view
+                    field.onCursorPositionChanged: area.contentY = 0
+                }
+
+                RenamePreview {
+                    id: preview
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    Layout.maximumHeight: implicitHeight
+                    view: root.view
+                    visible: root.view.offersRename
+                }
+
+                Item {
+                    objectName: "sheetGap"
+                    Layout.fillHeight: true
+                }
+            }
         }
 
         RowLayout {
@@ -116,5 +120,11 @@ FocusScope {
                 onClicked: root.view.pressRename()
             }
         }
+    }
+
+    ScrollKeys {
+        id: scrollKeys
+        area: area
+        step: Theme.scrollStep
     }
 }

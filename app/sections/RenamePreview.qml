@@ -10,6 +10,8 @@ ColumnLayout {
     id: root
 
     required property ViewBridge view
+    // How much of its height the preview can do without: it scrolls as long as a name of two lines is in sight.
+    readonly property real dispensable: Math.max(0, box.implicitHeight - Theme.leastPreview)
 
     objectName: "previewBlock"
     spacing: Theme.previewSpacing
@@ -37,6 +39,7 @@ ColumnLayout {
     }
 
     Item {
+        id: box
         objectName: "previewBox"
         implicitHeight: lines.implicitHeight + 2 * Theme.previewPadding
         Layout.fillWidth: true
@@ -54,10 +57,15 @@ ColumnLayout {
 
         Flickable {
             id: area
+
+            readonly property bool fits:
+                lines.y + lines.implicitHeight + Theme.previewPadding / 2 <= height
+
             objectName: "previewArea"
             anchors.fill: parent
             clip: contentHeight > height
-            contentHeight: lines.implicitHeight + 2 * Theme.previewPadding
+            // Where only some of the lower padding is out of sight there is nothing to scroll for.
+            contentHeight: fits ? height : lines.implicitHeight + 2 * Theme.previewPadding
             boundsBehavior: Flickable.StopAtBounds
             // While it has the focus it must stay where Tab can be.
             activeFocusOnTab: contentHeight > height || activeFocus

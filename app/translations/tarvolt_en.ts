@@ -123,6 +123,21 @@ and their _[ProjectData] folders</source>
     </message>
 </context>
 <context>
+    <name>NewName</name>
+    <message>
+        <source>NEW NAME</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter new project name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New name</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PressButton</name>
     <message>
         <source>Not available now</source>
@@ -159,18 +174,6 @@ and their _[ProjectData] folders</source>
     <name>RenameForm</name>
     <message>
         <source>Rename Project</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>NEW NAME</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Enter new project name</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>New name</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

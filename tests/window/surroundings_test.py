@@ -25,6 +25,21 @@ class DarkDesktop(case.WindowTest):
         self.assertEqual(sheet.pixel(title[0] - frame[0] - 4, title[1] - frame[1]), "#2d2d2d", "the sheet")
 
 
+class UsualDesktop(case.WindowTest):
+    def testScrollsNoPreviewThatIsInSight(self):
+        self.choose(self.folder)
+        self.scans(1)
+        self.openSheet("Basement Loops Vol. 2")
+        self.program.type(33 * "x")
+        self.program.find("label", 33 * "x" + "_[ProjectData]")
+        self.picture("wrapped-preview")
+        self.program.key("Tab")
+        focused = self.program.waitFor(
+            lambda: (each := self.program.focused()) and each.role != "text" and each, "another focus"
+        )
+        self.assertEqual(focused.name, "Cancel")
+
+
 class LargeFontDesktop(case.WindowTest):
     fontSize = 15
 
@@ -40,6 +55,28 @@ class LargeFontDesktop(case.WindowTest):
         self.picture("large-font-sheet")
         self.program.key("Return")
         self.program.find("button", "Rename Red Hour")
+
+
+class HugeFontDesktop(case.WindowTest):
+    fontSize = 20
+
+    def testScrollsTheSheetAsOne(self):
+        self.choose(self.folder)
+        self.scans(1)
+        self.openSheet("Blue Hour")
+        self.program.type("Red Hour")
+        note = self.program.find("label", "+ Updates file paths inside .xpj")
+        cancel = self.program.find("button", "Cancel")
+        title = self.program.find("label", "Rename Project")
+        self.picture("huge-font-sheet")
+        top = title.box[1]
+        self.assertGreater(note.box[1] + note.box[3], cancel.box[1], "out of sight")
+        self.program.key("Next")
+        self.program.waitFor(lambda: note.box[1] + note.box[3] < cancel.box[1], "the preview's end in sight")
+        self.assertLess(title.box[1], top, "the title has moved with it")
+        self.picture("huge-font-sheet-scrolled")
+        self.program.type("s")
+        self.program.waitFor(lambda: title.box[1] == top, "the field in sight again")
 
 
 class RescaledDesktop(case.WindowTest):

@@ -1,0 +1,42 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tarvolt
+
+// The field for the new name, under its caption.
+ColumnLayout {
+    id: root
+
+    required property ViewBridge view
+    readonly property alias field: field
+
+    objectName: "sheetNameBlock"
+    spacing: Theme.sheetFieldSpacing
+
+    TextLabel {
+        objectName: "sheetFieldLabel"
+        text: qsTr("NEW NAME")
+        font: Theme.captionCapitals
+        color: Theme.secondary
+        silent: true
+    }
+
+    RoundedField {
+        id: field
+        objectName: "newNameField"
+        Layout.fillWidth: true
+        focus: true
+        placeholderText: qsTr("Enter new project name")
+        text: root.view.newName
+        // Assistive technology sets a text without editing it.
+        onTextChanged: {
+            if (text !== root.view.newName)
+                root.view.newName = text;
+        }
+        Accessible.name: qsTr("New name")
+        // Submitting the field asks for the rename whatever the button's state.
+        Keys.onReturnPressed: root.view.submitNewName()
+        Keys.onEnterPressed: root.view.submitNewName()
+    }
+}
