@@ -4,7 +4,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// The window: header, line, and below them one of three areas; over them the rename sheet and the failure alert.
+// The window: header, line, and below them one of three areas; over them the rename sheet, the failure alert and what
+// stands before the window while the folder panel is open.
 // An application window gives the focus back to where it was in here when one of these closes.
 T.ApplicationWindow {
     id: root
@@ -69,8 +70,40 @@ T.ApplicationWindow {
         view: root.view
     }
 
-    FailureAlert {
+    AlertPanel {
+        objectName: "failureAlert"
         view: root.view
+        visible: root.view.alertOpen
+        title: qsTr("Rename Failed")
+        message: root.view.alertMessage
+        button: qsTr("OK")
+        onDismissed: root.view.dismissAlert()
         onAboutToHide: sheet.focusField()
+    }
+
+    PanelCover {
+        id: cover
+        view: root.view
+    }
+
+    // Said only to someone who stays in this window: the panel has not come up, or has got lost behind others.
+    AlertPanel {
+        objectName: "panelNotice"
+        view: root.view
+        visible: lostPanel.late
+        title: qsTr("Waiting for a Folder")
+        message: qsTr("Choose it in the folder panel. If you cannot see the panel, cancel and try again.")
+        button: qsTr("Cancel")
+        onDismissed: root.view.withdrawPanel()
+    }
+
+    Timer {
+        id: lostPanel
+        property bool late: false
+        interval: Theme.panelPatience
+        running: root.view.panelOpen && root.active
+        repeat: true
+        onTriggered: late = true
+        onRunningChanged: late = false
     }
 }

@@ -144,6 +144,9 @@ PlatformStyle {
     readonly property int viewFade: still(140)
     readonly property int spinnerTurn: 900
 
+    // How long the folder panel may take to come up, a portal that has yet to be started included.
+    readonly property int panelPatience: 2000
+
     function still(duration: int): int {
         return root.reducedMotion ? 0 : duration;
     }

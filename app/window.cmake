@@ -1,5 +1,5 @@
 # The window: the bridge between the view state and the toolkit, the QML with it, and the program.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick Widgets LinguistTools)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Widgets LinguistTools)
 qt_standard_project_setup()
 
 file(GLOB bridge_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp")
@@ -24,7 +24,7 @@ qt_add_qml_module(
   QML_FILES ${qml_files})
 # Bytecode starts as quickly as machine code here, and builds in a fraction of the time.
 set_target_properties(tarvolt_window PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
-target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)
+target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::DBus Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)
 # The registration that the toolkit generates names the headers of the QML types without their folder.
 target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/bridge")
 

@@ -25,6 +25,9 @@ public:
 
     /// Blocks until the panel is closed; absent unless a folder was confirmed. Main thread.
     virtual std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) = 0;
+
+    /// Closes the open panel as if it had been cancelled. Main thread.
+    virtual void withdraw() = 0;
 };
 
 } // namespace tarvolt

@@ -1,54 +1,41 @@
 #include "app/bridge/qt_folder_panel.h"
 
-#include <QFile>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLayout>
+#include "app/bridge/portal_panel.h"
+#include "app/bridge/toolkit_panel.h"
+
+#include <QCoreApplication>
 #include <QSettings>
 
 namespace tarvolt {
 
-namespace {
-
-QFileDialog::FileMode fileMode(const FolderPanelSettings& settings) {
-    if (!settings.canChooseFiles) {
-        return QFileDialog::Directory;
-    }
-    return settings.allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
-}
-
-/// The toolkit's own panel has no place for an explanatory line; the desktop's shows it as its title.
-void showMessage(QFileDialog& dialog, const QString& message) {
-    dialog.setWindowTitle(message);
-    if (QLayout* layout = dialog.layout()) {
-        auto* line = new QLabel(message, &dialog);
-        const int margin = dialog.fontMetrics().height() * 3 / 4;
-        line->setContentsMargins(margin, margin, margin, 0);
-        line->setTextFormat(Qt::PlainText);
-        layout->setMenuBar(line);
-    }
-}
-
-} // namespace
-
 void QtFolderPanel::keepNothing() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 
 std::optional<std::filesystem::path> QtFolderPanel::runModal(const FolderPanelSettings& settings) {
-    QFileDialog dialog;
-    dialog.setFileMode(fileMode(settings));
-    dialog.setOption(QFileDialog::ShowDirsOnly, settings.canChooseDirectories && !settings.canChooseFiles);
-    dialog.setLabelText(QFileDialog::Accept, QString::fromStdString(settings.prompt));
-    showMessage(dialog, QString::fromStdString(settings.message));
-    if (window_ != nullptr) {
-        dialog.winId();
-        dialog.windowHandle()->setTransientParent(window_);
+    QEventLoop loop;
+    waiting_ = &loop;
+    {
+        PortalPanel portal;
+        QObject::connect(&portal, &PortalPanel::ended, &loop, &QEventLoop::quit);
+        portal.open(settings, window_);
+        loop.exec();
+        if (!portal.hasFailed()) {
+            return portal.folder();
+        }
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return std::nullopt;
+    ToolkitPanel panel(settings, window_);
+    QObject::connect(&panel, &QDialog::finished, &loop, &QEventLoop::quit);
+    panel.show();
+    loop.exec();
+    return panel.folder();
+}
+
+void QtFolderPanel::withdraw() {
+    if (waiting_) {
+        waiting_->quit();
     }
-    return std::filesystem::path(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
 }
 
 } // namespace tarvolt

@@ -166,10 +166,16 @@ bool ViewBridge::isCovered() const {
 void ViewBridge::selectFolder() {
     if (!isCovered()) {
         panelOpen_ = true;
+        emit panelOpenChanged();
         view_->scanner->selectFolder();
         panelOpen_ = false;
         deriveState();
+        emit panelOpenChanged();
     }
+}
+
+void ViewBridge::withdrawPanel() {
+    services_.folderPanel->withdraw();
 }
 
 void ViewBridge::rescan() {

@@ -46,6 +46,7 @@ class ViewBridge final : public QObject {
 
     Q_PROPERTY(bool alertOpen READ alertOpen NOTIFY alertOpenChanged)
     Q_PROPERTY(QString alertMessage READ alertMessage NOTIFY alertMessageChanged)
+    Q_PROPERTY(bool panelOpen READ panelOpen NOTIFY panelOpenChanged)
 
 public:
     /// The language of the views wants capitals here.
@@ -77,12 +78,14 @@ public:
 
     bool alertOpen() const { return alertOpen_; }
     QString alertMessage() const { return alertMessage_; }
+    bool panelOpen() const { return panelOpen_; }
 
     void setSearchText(const QString& text);
     void setNewName(const QString& text);
 
     /// Asks for a folder; returns when the panel is closed. This and a rescan do nothing behind what is open already.
     Q_INVOKABLE void selectFolder();
+    Q_INVOKABLE void withdrawPanel();
     Q_INVOKABLE void rescan();
 
     /// Opens the sheet for the project in row `row`; nothing while a sheet, the alert or the folder panel is open.
@@ -116,6 +119,7 @@ signals:
     void sheetOpenChanged();
     void alertOpenChanged();
     void alertMessageChanged();
+    void panelOpenChanged();
 
     /// What a person who cannot see the window should hear at once: the newest line of the log, or how many projects a
     /// search has found.

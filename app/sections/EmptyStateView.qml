@@ -57,7 +57,8 @@ ColumnLayout {
         Layout.topMargin: Theme.emptyButtonTop
         text: qsTr("Choose Different Folder")
         spokenDetails: explanation.text
-        onClicked: root.view.selectFolder()
+        // Once the press is over, for the panel keeps whoever calls. The linter takes callLater for no function.
+        onClicked: Qt.callLater(root.view.selectFolder) // qmllint disable
     }
 
     Item {

@@ -2,7 +2,11 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en">
 <context>
-    <name>AlertForm</name>
+    <name>ContentView</name>
+    <message>
+        <source>Unknown error</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message>
         <source>Rename Failed</source>
         <translation type="unfinished"></translation>
@@ -11,11 +15,16 @@
         <source>OK</source>
         <translation type="unfinished"></translation>
     </message>
-</context>
-<context>
-    <name>ContentView</name>
     <message>
-        <source>Unknown error</source>
+        <source>Waiting for a Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose it in the folder panel. If you cannot see the panel, cancel and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

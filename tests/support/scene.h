@@ -24,9 +24,12 @@ public:
         return answer;
     }
 
+    void withdraw() override { ++withdrawn; }
+
     std::optional<std::filesystem::path> answer;
     std::function<void()> whileOpen = [] {};
     std::vector<FolderPanelSettings> asked;
+    int withdrawn = 0;
 };
 
 /// Everything a scanner stands on, all of it in the test's hands: both queues, the clock, the panel and the disk.

@@ -21,6 +21,8 @@ class WindowTest(unittest.TestCase):
     # Further variables of the environment.
     environment = {}
     screen = (1280, 900)
+    # Whether the desktop offers its portal.
+    portal = False
     # Words in front of the program's path on its command line.
     before = ()
     # What the toolkit may say on standard error, a pattern of whole lines. Its own folder panel says this when
@@ -28,7 +30,7 @@ class WindowTest(unittest.TestCase):
     toolkitsWords = r"QAccessible(?:Table|Tree)::\w+: [Ii]nvalid index.*\n"
 
     def setUp(self):
-        desktop = Desktop(self.palette, self.screen, self.fontSize, self.characters, self.environment)
+        desktop = Desktop(self.palette, self.screen, self.fontSize, self.characters, self.environment, self.portal)
         self.desktop = self.enterContext(desktop)
         (self.desktop.folder / "holding_shim.so").symlink_to(os.environ["TARVOLT_SHIM"])
         self.errors = self.desktop.folder / "errors"

@@ -24,14 +24,16 @@ palettes = {
 class Desktop:
     """Use it in a `with`: it ends what it started and removes its folder. One at a time in a process, for the
     accessibility library connects once. Its keyboard has the keys of an American one and one more for each of
-    `characters`."""
+    `characters`. On its session bus only accessibility can be started, with `portal` also whatever else is installed
+    here, which the portal needs."""
 
-    def __init__(self, palette="light", size=(1280, 900), fontSize=10, characters="", environment=None):
+    def __init__(self, palette="light", size=(1280, 900), fontSize=10, characters="", environment=None, portal=False):
         self.folder = Path(tempfile.mkdtemp(prefix="tarvolt-"))
         self.home = self.folder / "mara"
         self.runtime = self.folder / "runtime"
         self.size = size
         self.characters = characters
+        self.portal = portal
         self.started = []
         self.environment = {
             "PATH": "/usr/bin:/bin",
@@ -42,6 +44,8 @@ class Desktop:
             "XDG_CURRENT_DESKTOP": "KDE",
             "KDE_SESSION_VERSION": "5",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            # GTK, where it gives the theme, would put a tree of its own beside the program's.
+            "NO_AT_BRIDGE": "1",
             "QT_QPA_PLATFORM": "xcb",
             # It complains on standard error of whoever asks for something that has just vanished.
             "QT_LOGGING_RULES": "qt.accessibility.atspi=false",
@@ -162,8 +166,16 @@ class Desktop:
         subprocess.run([*command, "-", display], input=map, **options)
 
     def _startBus(self):
+        configuration = Path("/usr/share/dbus-1/session.conf")
+        if not self.portal:
+            services = self.folder / "services"
+            services.mkdir()
+            (services / "org.a11y.Bus.service").symlink_to("/usr/share/dbus-1/services/org.a11y.Bus.service")
+            text = configuration.read_text().replace("<standard_session_servicedirs />", f"<servicedir>{services}</servicedir>")
+            configuration = self.folder / "session.conf"
+            configuration.write_text(text)
         bus = self.start(
-            ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"],
+            ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile", "--print-address=1"],
             stdout=subprocess.PIPE,
             text=True,
         )

@@ -92,7 +92,7 @@ class Flow(case.WindowTest):
         self.program.key("End")
         self.program.type("s")
         self.program.waitFor(lambda: field.text == "Blue Hours", "a longer name")
-        self.assertEqual(self.program.elements("dialog", "Select the folder containing your MPC projects"), [])
+        self.assertEqual(self.program.elements("dialog", "Select Folder"), [])
         self.program.key("Escape")
         self.program.waitUntilGone("button", "Cancel")
         self.assertDisk(before)

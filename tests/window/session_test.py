@@ -25,9 +25,9 @@ class Session(case.WindowTest):
 
     def testAsksForAFolderAndTakesNoFile(self):
         self.program.find("button", "Select Folder").click()
-        panel = self.program.find("dialog", "Select the folder containing your MPC projects")
+        panel = self.program.find("dialog", "Select Folder")
         words = [(each.role, each.name) for each in panel.descendants() if each.showing]
-        self.assertIn(("label", "Select the folder containing your MPC projects"), words)
+        self.assertEqual(words.count(("label", "Select the folder containing your MPC projects")), 1)
         self.assertIn(("button", "Select Folder"), words)
         self.typeFolder(self.folder / "Blue Hour.xpj")
         # Had it been taken, there would be no panel left for the second key.

@@ -3,18 +3,19 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// Says why a rename failed.
+// Tells of something that has to be answered with its one button, or Escape, before the window goes on.
 ModalPanel {
     id: root
 
     required property ViewBridge view
+    required property string message
+    required property string button
 
-    objectName: "failureAlert"
-    title: (contentItem as AlertForm).title
+    signal dismissed
+
     width: Theme.alertWidth
     height: Math.min(implicitHeight, parent.height - 2 * Theme.edge)
     padding: Theme.alertPadding
-    visible: view.alertOpen
     scrim: Theme.alertScrim
     scrimFade: visible ? Theme.alertIn : Theme.alertOut
 
@@ -42,6 +43,9 @@ ModalPanel {
     }
 
     contentItem: AlertForm {
-        view: root.view
+        title: root.title
+        message: root.message
+        button: root.button
+        onDismissed: root.dismissed()
     }
 }

@@ -5,18 +5,21 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Tarvolt
 
-// What stands in the failure alert. A message that is too long for the window scrolls.
+// What stands in an alert. A message that is too long for the window scrolls.
 FocusScope {
     id: root
 
-    required property ViewBridge view
-    readonly property alias title: titleLabel.text
+    required property string title
+    required property string message
+    required property string button
+
+    signal dismissed
 
     objectName: "alertForm"
     implicitHeight: column.implicitHeight
     focus: true
     onVisibleChanged: area.contentY = 0
-    Keys.onEscapePressed: root.view.dismissAlert()
+    Keys.onEscapePressed: root.dismissed()
     Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
     ColumnLayout {
@@ -25,10 +28,9 @@ FocusScope {
         spacing: 0
 
         TextLabel {
-            id: titleLabel
             objectName: "alertTitle"
             Layout.fillWidth: true
-            text: qsTr("Rename Failed")
+            text: root.title
             font: Theme.headline
             horizontalAlignment: Text.AlignHCenter
         }
@@ -36,12 +38,12 @@ FocusScope {
         Flickable {
             id: area
             objectName: "alertArea"
-            implicitHeight: Math.ceil(message.implicitHeight)
+            implicitHeight: Math.ceil(messageLabel.implicitHeight)
             Layout.fillWidth: true
             Layout.fillHeight: true
             Layout.topMargin: Theme.alertTextSpacing
             clip: contentHeight > height
-            contentHeight: message.implicitHeight
+            contentHeight: messageLabel.implicitHeight
             boundsBehavior: Flickable.StopAtBounds
 
             T.ScrollBar.vertical: ScrollThumb {
@@ -52,10 +54,10 @@ FocusScope {
             }
 
             TextLabel {
-                id: message
+                id: messageLabel
                 objectName: "alertMessage"
                 width: area.width
-                text: root.view.alertMessage
+                text: root.message
                 font: Theme.verbatim(Theme.body, text)
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
@@ -68,8 +70,8 @@ FocusScope {
             Layout.fillWidth: true
             Layout.topMargin: Theme.alertButtonTop
             focus: true
-            text: qsTr("OK")
-            onClicked: root.view.dismissAlert()
+            text: root.button
+            onClicked: root.dismissed()
         }
     }
 

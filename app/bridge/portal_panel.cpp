@@ -1,0 +1,137 @@
+#include "app/bridge/portal_panel.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QUrl>
+#include <QUuid>
+#include <QWindow>
+
+#include <utility>
+
+namespace tarvolt {
+
+namespace {
+
+constexpr uint leastVersion = 3;   // the first that can ask for a folder
+constexpr int answerLimit = 5000;  // milliseconds; a portal that has yet to be started takes one or two seconds
+constexpr uint choseSomething = 0; // what a response may begin with
+constexpr uint cancelledByPerson = 1;
+
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
+const auto request = QStringLiteral("org.freedesktop.portal.Request");
+
+/// What the portal calls the window that its panel belongs to.
+QString portalName(const QWindow* window) {
+    if (window != nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
+        return QStringLiteral("x11:") + QString::number(window->winId(), 16);
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<std::filesystem::path> localPath(const QString& uri) {
+    const QUrl url(uri, QUrl::StrictMode);
+    const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+    const bool isHere = url.host().isEmpty() || url.host() == QStringLiteral("localhost");
+    if (!url.isLocalFile() || !isHere || !path.startsWith('/') || path.contains('\0')) {
+        return std::nullopt;
+    }
+    return std::filesystem::path(path.toStdString());
+}
+
+PortalPanel::~PortalPanel() {
+    if (!request_.isEmpty()) {
+        bus_.send(QDBusMessage::createMethodCall(portal_, request_, request, QStringLiteral("Close")));
+    }
+}
+
+void PortalPanel::open(const FolderPanelSettings& settings, QWindow* window) {
+    auto question =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"), portalPath,
+                                       QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << fileChooser << QStringLiteral("version");
+    ask(question, [this, settings, window](const QDBusMessage& reply) {
+        const auto version = reply.arguments().value(0).value<QDBusVariant>().variant();
+        if (version.toUInt() < leastVersion) {
+            end(true);
+        } else {
+            openFile(reply.service(), settings, window);
+        }
+    });
+}
+
+void PortalPanel::ask(const QDBusMessage& question, const Answer& answer) {
+    if (!bus_.isConnected()) {
+        QMetaObject::invokeMethod(
+            this, [this] { end(true); }, Qt::QueuedConnection);
+        return;
+    }
+    const auto* call = new QDBusPendingCallWatcher(bus_.asyncCall(question, answerLimit), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, answer](const QDBusPendingCallWatcher* finished) {
+        const QDBusMessage reply = finished->reply();
+        if (reply.type() == QDBusMessage::ReplyMessage) {
+            answer(reply);
+        } else {
+            end(true);
+        }
+    });
+}
+
+void PortalPanel::openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window) {
+    portal_ = portal;
+    const QString token = QStringLiteral("tarvolt") + QUuid::createUuid().toString(QUuid::Id128);
+    // The path that the portal makes of the token. An answer may come before the call returns, so it is awaited first.
+    request_ = QStringLiteral("%1/request/%2/%3")
+                   .arg(portalPath, bus_.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_')), token);
+    bus_.connect(portal_, request_, request, QStringLiteral("Response"), this, SLOT(takeResponse(QDBusMessage)));
+    watcher_.setConnection(bus_);
+    watcher_.addWatchedService(portal_);
+    connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { end(true); });
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
+            [this](const QWindow* active) { wasShown_ = wasShown_ || active == nullptr; });
+
+    auto call = QDBusMessage::createMethodCall(portal_, portalPath, fileChooser, QStringLiteral("OpenFile"));
+    call << portalName(window) << QString::fromStdString(settings.message)
+         << QVariantMap{{QStringLiteral("handle_token"), token},
+                        {QStringLiteral("accept_label"), QString::fromStdString(settings.prompt)},
+                        {QStringLiteral("modal"), true},
+                        {QStringLiteral("multiple"), settings.allowsMultipleSelection},
+                        {QStringLiteral("directory"), settings.canChooseDirectories}};
+    ask(call, [this](const QDBusMessage& reply) {
+        if (reply.arguments().value(0).value<QDBusObjectPath>().path() != request_) {
+            end(true);
+        }
+    });
+}
+
+void PortalPanel::takeResponse(const QDBusMessage& response) {
+    request_.clear();
+    if (response.signature() != QStringLiteral("ua{sv}")) {
+        end(true);
+        return;
+    }
+    const uint code = response.arguments().at(0).toUInt();
+    if (code == choseSomething) {
+        const auto results = qdbus_cast<QVariantMap>(response.arguments().at(1));
+        folder_ = localPath(results.value(QStringLiteral("uris")).toStringList().value(0));
+        end(!folder_);
+    } else {
+        // A panel closed by its frame and one that never came up both count as ended in some other way.
+        end(code != cancelledByPerson && !wasShown_);
+    }
+}
+
+void PortalPanel::end(bool failed) {
+    if (!std::exchange(hasEnded_, true)) {
+        failed_ = failed;
+        emit ended();
+    }
+}
+
+} // namespace tarvolt

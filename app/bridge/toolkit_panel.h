@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/folder_panel.h"
+
+#include <QFileDialog>
+
+class QWindow;
+
+namespace tarvolt {
+
+/// The toolkit's own folder panel: it chooses and does nothing else. It is not modal, for a modal panel would keep the
+/// window's close box from working.
+class ToolkitPanel final : public QFileDialog {
+public:
+    ToolkitPanel(const FolderPanelSettings& settings, QWindow* window);
+
+    /// The folder chosen; none before the panel is accepted.
+    std::optional<std::filesystem::path> folder() const;
+
+private:
+    void takeAwayWhatChanges();
+    void layOut();
+    void showLine(const QString& message);
+    void colour();
+};
+
+} // namespace tarvolt
