@@ -82,8 +82,9 @@ T.ApplicationWindow {
     }
 
     PanelCover {
-        id: cover
         view: root.view
+        // The toolkit gives the focus back only in an active window, and this one is active again a moment later.
+        onClosed: root.contentItem.focus = true
     }
 
     // Said only to someone who stays in this window: the panel has not come up, or has got lost behind others.
@@ -101,7 +102,8 @@ T.ApplicationWindow {
         id: lostPanel
         property bool late: false
         interval: Theme.panelPatience
-        running: root.view.panelOpen && root.active
+        // A window counts as active also while the toolkit's panel, its transient child, has the focus.
+        running: root.view.panelOpen && root.activeFocusItem !== null
         repeat: true
         onTriggered: late = true
         onRunningChanged: late = false

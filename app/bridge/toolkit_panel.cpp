@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -80,6 +81,14 @@ std::optional<std::filesystem::path> ToolkitPanel::folder() const {
         return std::nullopt;
     }
     return std::filesystem::path(QFile::encodeName(selectedFiles().constFirst()).toStdString());
+}
+
+void ToolkitPanel::accept() {
+    if (QFileInfo(selectedFiles().value(0)).isDir()) {
+        QFileDialog::accept();
+    } else if (auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        field->selectAll();
+    }
 }
 
 /// Read-only greys out what renames, deletes and creates. A dragged folder would still be moved by the file manager

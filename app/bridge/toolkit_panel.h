@@ -17,6 +17,9 @@ public:
     /// The folder chosen; none before the panel is accepted.
     std::optional<std::filesystem::path> folder() const;
 
+    /// Refuses what is no folder, without the toolkit's modal message.
+    void accept() override;
+
 private:
     void takeAwayWhatChanges();
     void layOut();

@@ -1,0 +1,203 @@
+"""The desktop's portal, good, bad and missing: whatever it does, a folder can be chosen or the window says why not."""
+
+import json
+import signal
+import subprocess
+import sys
+from pathlib import Path
+
+import case
+
+
+class PortalTest(case.WindowTest):
+    def usePortal(self, deed):
+        self.record = self.desktop.folder / "asked"
+        command = [sys.executable, str(Path(__file__).with_name("fake_portal.py")), deed, str(self.record)]
+        self.portal = self.desktop.start(command, stdout=subprocess.PIPE, text=True)
+        self.assertEqual(self.portal.stdout.readline(), "ready\n")
+
+    def asked(self):
+        """What the portal was asked so far."""
+        return [json.loads(line) for line in self.record.read_text().splitlines()] if self.record.exists() else []
+
+    def openPanel(self):
+        self.program.find("button", "Select Folder").click()
+
+    def cancelOwnPanel(self):
+        self.program.find("dialog", "Select Folder", timeout=30)
+        self.program.key("Escape")
+        self.program.waitUntilGone("dialog")
+        self.assertIsUsable()
+
+    def assertIsUsable(self):
+        """Nothing covers the window any more: the button, which has the focus again, can be pressed."""
+        self.program.find("label", "Select Your MPC Projects Folder")
+        self.program.waitFor(lambda: getattr(self.program.focused(), "name", "") == "Select Folder", "its focus")
+
+    def notice(self):
+        return self.program.find("alert", "Waiting for a Folder", timeout=30)
+
+
+class Portal(PortalTest):
+    def testIsAskedForOneFolderInTheNameOfTheWindow(self):
+        self.usePortal("waits")
+        window = self.program.activeWindow()
+        self.openPanel()
+        question = self.program.waitFor(self.asked, "a question")[0]
+        self.assertEqual(question.pop("parent"), f"x11:{int(window):x}")
+        self.assertRegex(question.pop("handle_token"), "^[A-Za-z0-9_]+$")
+        self.assertEqual(
+            question,
+            {
+                "title": "Select the folder containing your MPC projects",
+                "accept_label": "Select Folder",
+                "directory": True,
+                "multiple": False,
+                "modal": True,
+            },
+        )
+
+    def testGivesAFolderWhoseNameIsNoTextAsItsBytes(self):
+        self.usePortal("chooses-bytes")
+        self.openPanel()
+        self.program.find("label", "/tmp/No such Caf\ufffd%")
+        self.program.find("label", "No MPC Projects Found")
+
+    def testIsCancelledAsAnyPanel(self):
+        self.usePortal("cancels")
+        self.openPanel()
+        self.program.waitFor(self.asked, "a question")
+        self.assertIsUsable()
+        self.assertEqual(self.program.elements("dialog"), [])
+
+
+class BadPortal(PortalTest):
+    def assertOwnPanelFor(self, deed):
+        self.usePortal(deed)
+        self.openPanel()
+        self.cancelOwnPanel()
+
+    def testThatIsTooOldGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("is-old")
+        self.assertEqual(self.asked(), [])
+
+    def testThatHangsGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("hangs")
+
+    def testThatRefusesGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("refuses")
+
+    def testThatVanishesGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("vanishes")
+
+    def testThatVanishesLaterGivesWayToTheToolkitsPanel(self):
+        self.usePortal("waits")
+        self.openPanel()
+        self.program.waitFor(self.asked, "a question")
+        self.portal.kill()
+        self.cancelOwnPanel()
+
+    def testThatOpensAnotherRequestGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("opens-another")
+
+    def testThatTalksNonsenseGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("talks-nonsense")
+
+    def testThatChoosesNothingGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("chooses-nothing")
+
+    def testThatChoosesAPlaceOnAnotherMachineGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("chooses-elsewhere")
+
+    def testThatGivesUpWithoutAPanelGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("gives-up")
+
+
+class WaitingWindow(PortalTest):
+    def testSaysWhatItWaitsForAndCanWithdrawTheQuestion(self):
+        self.usePortal("waits")
+        self.openPanel()
+        self.notice()
+        self.picture("waiting-for-a-folder")
+        self.program.find("button", "Cancel").click()
+        self.program.waitUntilGone("alert")
+        self.assertIsUsable()
+        question, closed = self.program.waitFor(lambda: len(self.asked()) > 1 and self.asked(), "the withdrawal")
+        self.assertEqual(closed, {"closed": question["handle_token"]})
+
+    def testIsItselfAgainAfterEscape(self):
+        self.usePortal("waits")
+        self.openPanel()
+        self.notice()
+        self.program.key("Escape")
+        self.program.waitUntilGone("alert")
+        self.assertIsUsable()
+
+    def testLetsNothingThroughToWhatItCovers(self):
+        self.choose(self.folder)
+        self.scans(1)
+        self.usePortal("waits")
+        rename = self.program.find("button", "Rename Blue Hour").box
+        self.program.find("button", "Change Folder").click()
+        self.program.waitFor(self.asked, "a question")
+        self.desktop.input("mousemove", rename[0] + 5, rename[1] + 5, "click", "1")
+        self.program.key("Tab", "Return", "space", "Tab", "Return")
+        self.notice()
+        self.program.key("Escape")
+        self.program.waitUntilGone("alert")
+        self.assertEqual(self.program.elements("button", "Cancel"), [])
+        self.assertEqual(len([each for each in self.asked() if "title" in each]), 1)
+        self.scans(1)
+
+    def testSaysNothingWhileThePanelHasTheFocus(self):
+        self.openPanel()
+        self.program.find("dialog", "Select Folder")
+        # Longer than the patience that it has.
+        self.desktop.stillPicture(3)
+        self.assertEqual([each.name for each in self.program.elements("dialog")], ["Select Folder"])
+
+    def endsWhile(self, deed, end):
+        if deed:
+            self.usePortal(deed)
+        self.openPanel()
+        if deed == "waits":
+            self.program.waitFor(self.asked, "a question")
+        elif not deed:
+            self.program.find("dialog", "Select Folder")
+        end()
+        self.assertEqual(self.program.process.wait(5), 0)
+
+    def close(self):
+        """Clicks the close box in the window's frame."""
+        left, top, width, _ = self.program.find("frame", "Tarvolt").box
+        self.desktop.input("mousemove", left + width - 10, top - 10, "click", "1")
+
+    def terminate(self):
+        self.program.process.send_signal(signal.SIGTERM)
+
+    def testEndsWhenClosedWithThePortalsPanelOpenAndTakesThatWithIt(self):
+        self.endsWhile("waits", self.close)
+        self.assertIn("closed", self.asked()[-1])
+
+    def testEndsWhenTerminatedWithThePortalsPanelOpen(self):
+        self.endsWhile("waits", self.terminate)
+
+    def testEndsWhenClosedBeforeAPortalThatHangsIsGivenUp(self):
+        self.endsWhile("hangs", self.close)
+
+    def testEndsWhenTerminatedBeforeAPortalThatHangsIsGivenUp(self):
+        self.endsWhile("hangs", self.terminate)
+
+    def testEndsWhenClosedWithTheToolkitsPanelOpen(self):
+        self.endsWhile(None, self.close)
+
+    def testEndsWhenClosedWhileItSaysWhatItWaitsFor(self):
+        self.usePortal("waits")
+        self.openPanel()
+        self.notice()
+        self.close()
+        self.assertEqual(self.program.process.wait(5), 0)
+
+
+if __name__ == "__main__":
+    case.main()
