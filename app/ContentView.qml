@@ -92,6 +92,7 @@ T.ApplicationWindow {
         objectName: "panelNotice"
         view: root.view
         visible: lostPanel.late
+        scrim: "transparent"
         title: qsTr("Waiting for a Folder")
         message: qsTr("Choose it in the folder panel. If you cannot see the panel, cancel and try again.")
         button: qsTr("Cancel")

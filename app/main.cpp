@@ -8,10 +8,12 @@
 #include "foundation/termination.h"
 
 #include <QApplication>
+#include <QDebug>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QPixmap>
-#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 #include <QTranslator>
@@ -33,15 +35,16 @@ QIcon windowIcon() {
     return icon;
 }
 
+/// The toolkit's own texts follow a language only where the window's do.
 void installTranslations(QApplication& application) {
-    const auto install = [&application](const QString& name, const QString& folder) {
-        auto* translator = new QTranslator(&application);
-        if (translator->load(QLocale(), name, QStringLiteral("_"), folder)) {
-            QCoreApplication::installTranslator(translator);
-        }
-    };
-    install(QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    install(QStringLiteral("tarvolt"), QStringLiteral(":/i18n"));
+    auto* window = new QTranslator(&application);
+    auto* toolkit = new QTranslator(&application);
+    if (window->load(QLocale(), QStringLiteral("tarvolt"), QStringLiteral("_"), QStringLiteral(":/i18n")) &&
+        toolkit->load(QLocale(window->language()), QStringLiteral("qtbase"), QStringLiteral("_"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(toolkit);
+    }
+    QCoreApplication::installTranslator(window);
     setTranslator(
         [](const char* context, const char* key) { return QCoreApplication::translate(context, key).toStdString(); });
 }
@@ -67,14 +70,17 @@ int run(int argc, char** argv) {
                      .folderPanel = panel});
     ViewBridge view(ContentView::create(), processServices());
 
-    QQmlApplicationEngine engine;
+    // The toolkit's ready-made engine for applications would install its own translations of whatever language.
+    QQmlEngine engine;
     engine.addImportPath(QStringLiteral(":/qt/qml"));
-    engine.setInitialProperties({{QStringLiteral("view"), QVariant::fromValue(&view)}});
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tarvolt/ContentView.qml")));
-    if (engine.rootObjects().isEmpty()) {
+    QQmlComponent content(&engine, QUrl(QStringLiteral("qrc:/qt/qml/Tarvolt/ContentView.qml")));
+    const std::unique_ptr<QObject> window(
+        content.createWithInitialProperties({{QStringLiteral("view"), QVariant::fromValue(&view)}}));
+    if (!window) {
+        qCritical().noquote() << content.errorString();
         return EXIT_FAILURE;
     }
-    panel->setWindow(qobject_cast<QWindow*>(engine.rootObjects().constFirst()));
+    panel->setWindow(qobject_cast<QWindow*>(window.get()));
 
     const int code = QApplication::exec();
     mainQueue->stop();

@@ -39,7 +39,7 @@ std::optional<std::filesystem::path> localPath(const QString& uri) {
     const QUrl url(uri, QUrl::StrictMode);
     const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
     const bool isHere = url.host().isEmpty() || url.host() == QStringLiteral("localhost");
-    if (!url.isLocalFile() || !isHere || !path.startsWith('/') || path.contains('\0')) {
+    if (!url.isValid() || !url.isLocalFile() || !isHere || !path.startsWith('/') || path.contains('\0')) {
         return std::nullopt;
     }
     return std::filesystem::path(path.toStdString());

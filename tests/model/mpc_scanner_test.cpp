@@ -213,6 +213,8 @@ public:
         return "/p";
     }
 
+    void withdraw() override {}
+
     std::shared_ptr<MPCScanner> scanner;
     bool outlived = false;
 };

@@ -128,7 +128,7 @@ class Desktop:
             for name, background in colours.items()
         ]
         sections.append(f"[Colors:Selection]\nBackgroundNormal={selection}\nForegroundNormal=255,255,255\n")
-        sections.append("[KDE]\nCursorBlinkRate=0\n")
+        sections.append("[KDE]\nCursorBlinkRate=0\nSingleClick=false\n")
         regular = f"{fontSize},-1,5,50,0,0,0,0,0"
         sections.append(f"[General]\nfont=Inter,{regular}\nfixed=JetBrains Mono,{regular}\n")
         (config / "kdeglobals").write_text("\n".join(sections))

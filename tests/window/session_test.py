@@ -64,27 +64,6 @@ class Session(case.WindowTest):
         self.program.key("alt+F4")
         self.assertEqual(self.program.process.wait(10), 0)
 
-    def testLeavesTheHomeFolderAsItWas(self):
-        def home():
-            return sorted(
-                (str(path), path.lstat().st_mtime_ns)
-                for path in self.desktop.home.rglob("*")
-                if not path.is_relative_to(self.folder)
-            )
-
-        before = home()
-        self.program.find("button", "Select Folder").click()
-        self.program.find("button", "Cancel").click()
-        self.program.waitUntilGone("dialog")
-        self.choose(self.folder)
-        self.openSheet("Blue Hour")
-        self.program.type("Green Hour")
-        self.program.key("Return")
-        self.program.find("button", "Rename Green Hour")
-        self.program.key("alt+F4")
-        self.assertEqual(self.program.process.wait(10), 0)
-        self.assertEqual(home(), before)
-
 
 if __name__ == "__main__":
     case.main()

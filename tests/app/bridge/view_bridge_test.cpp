@@ -183,6 +183,19 @@ TEST_F(ViewBridgeTest, DoesNothingBehindTheFolderPanel) {
     EXPECT_TRUE(bridge.sheetOpen()) << "once the panel is closed";
 }
 
+TEST_F(ViewBridgeTest, WithdrawsTheFolderPanel) {
+    scene.panel->answer = std::nullopt;
+    scene.panel->whileOpen = [&] {
+        EXPECT_TRUE(bridge.panelOpen());
+        bridge.withdrawPanel();
+    };
+    QSignalSpy changed(&bridge, &ViewBridge::panelOpenChanged);
+    bridge.selectFolder();
+    EXPECT_EQ(scene.panel->withdrawn, 1);
+    EXPECT_FALSE(bridge.panelOpen());
+    EXPECT_EQ(changed.count(), 2);
+}
+
 TEST_F(ViewBridgeTest, DoesNotStartASecondScanByTheButton) {
     bridge.selectFolder();
     bridge.rescan();

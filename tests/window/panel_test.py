@@ -1,0 +1,75 @@
+"""The toolkit's own folder panel, where the desktop has none to offer: it chooses, and does nothing else."""
+
+import os
+import unittest
+
+import case
+
+
+class OwnPanel(case.WindowTest):
+    environment = {"LANG": "de_DE.UTF-8"}
+    # It misses this locale where it is not installed.
+    toolkitsWords = case.WindowTest.toolkitsWords + '|Detected locale "C"(?:.*\\n){4}'
+
+    def setUp(self):
+        super().setUp()
+        self.program.find("button", "Select Folder").click()
+        self.panel = self.program.find("dialog", "Select Folder")
+
+    def words(self, role):
+        return [each.name for each in self.panel.descendants() if each.showing and each.role == role]
+
+    def testChangesNothingOnDiskByMenuOrKey(self):
+        before = self.disk()
+        item = self.program.find("list item", "Projects")
+        item.click()
+        x, y, width, height = item.box
+        self.desktop.input("mousemove", x + width // 2, y + height // 2, "click", "3")
+        self.desktop.stillPicture(0.5)
+        self.assertEqual(self.program.elements("menu item"), [])
+        item.click()
+        self.program.key("Delete", "F2", "ctrl+shift+n")
+        self.desktop.stillPicture(0.5)
+        self.assertEqual(self.program.elements("alert"), [])
+        self.assertEqual(len(self.program.elements("text")), 1)
+        self.program.key("Escape")
+        self.program.waitUntilGone("dialog")
+        self.assertDisk(before)
+
+    def testShowsNothingThatHasNoUseAndSpeaksTheWindowsLanguage(self):
+        self.assertEqual(self.words("button"), ["Back", "Forward", "Parent Directory", "Select Folder", "Cancel"])
+        labels = ["Look in:", "Directory:", "Select the folder containing your MPC projects"]
+        self.assertEqual(self.words("label"), labels)
+        self.assertEqual(self.words("table column header"), [])
+
+    def testSelectsInTheProgramsColour(self):
+        item = self.program.find("list item", "Projects")
+        item.click()
+        x, y, _, height = item.box
+        self.desktop.input("mousemove", 0, 0)
+        self.assertEqual(self.desktop.stillPicture(0.3).pixel(x + 1, y + height // 2), "#c94e00")
+
+    def testRefusesAFolderThatIsNotThereAndStaysOpen(self):
+        self.typeFolder(self.folder / "Missing")
+        self.program.key("Return")
+        self.desktop.stillPicture(0.5)
+        self.assertEqual(self.program.elements("alert"), [])
+        self.program.find("dialog", "Select Folder")
+
+
+@unittest.skipUnless(os.geteuid() == 0, "only root can mount a card for the program alone")
+class OwnPanelWithACard(case.WindowTest):
+    card = "/media/mara/SD CARD"
+    # Of these, a system's own mount, a network drive and the folder of all cards are no places to choose.
+    mounts = (("/dev/disk", "/media"), ("/dev/card", card), ("/dev/disk", "/boot"), ("server:/share", "/mnt"))
+    commands = [f"mkdir -p '{place}' && mount -t tmpfs {device} '{place}' && " for device, place in mounts]
+    before = ("unshare", "--mount", "sh", "-c", "".join(commands) + 'exec "$0"')
+
+    def testOffersHomeAndTheCardAndNothingElse(self):
+        self.program.find("button", "Select Folder").click()
+        places = self.program.find("list", "Sidebar")
+        self.assertEqual([place.name for place in places.children()], ["mara", "SD CARD"])
+
+
+if __name__ == "__main__":
+    case.main()
