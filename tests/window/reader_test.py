@@ -1,9 +1,7 @@
-"""The window as assistive technology has it: what it hears, and the whole flow without a key or the mouse."""
+"""The window as assistive technology has it, and the whole flow without a key or the mouse."""
 
 import re
 import time
-
-from gi.repository import Atspi, GLib
 
 import case
 import hold
@@ -11,30 +9,6 @@ from driver import Element
 
 
 class Reader(case.WindowTest):
-    def hear(self, *kinds):
-        """Keeps from now on what the program tells of these kinds; returns the list, which `told` fills."""
-        events = []
-
-        def keep(event):
-            if event.source.get_process_id() == self.program.process.pid:
-                events.append((event.type, event.detail1, Element(event.source, self.program)))
-
-        self.listener = Atspi.EventListener.new(keep)
-        for kind in kinds:
-            self.listener.register(kind)
-            self.addCleanup(self.listener.deregister, kind)
-        return events
-
-    def told(self, condition, what):
-        """Waits until the events that have come meet the condition."""
-
-        def met():
-            while GLib.MainContext.default().iteration(False):
-                pass
-            return condition()
-
-        return self.program.waitFor(met, what)
-
     def shown(self):
         """Role and name of all that shows, in the order of the tree, but for the rows and the log's lines."""
         everything = Element(self.program.tree, self.program).walk()
@@ -123,46 +97,6 @@ class Reader(case.WindowTest):
         self.assertEqual(self.shown(), window + sheet)
         self.assertUsable()
 
-    def testHearsOfAFailureAndOfTheEndOfARename(self):
-        self.chooseByPresses(self.folder)
-        self.scans(1)
-        self.program.find("text", "Search projects...").setText("sketch")
-        self.program.waitFor(lambda: self.rows() == ["Sketch 014"], "one row")
-        focus = "object:state-changed:focused"
-        events = self.hear(focus)
-        self.program.find("button", "Rename Sketch 014").press()
-        field = self.sheetField("Sketch 014")
-        self.told(lambda: (focus, 1, "New name") in self.named(events), "the focus on the field")
-        field.setText("Blue Hour")
-        self.program.find("button", "Rename").press()
-        self.told(lambda: (focus, 1, "OK") in self.named(events), "the focus on the alert's button")
-        button = next(element for _, _, element in events if element.name == "OK")
-        alert = button.parent()
-        self.assertEqual((alert.role, alert.name, alert.description), ("dialog", "Rename Failed", ""))
-        self.program.find("label", 'A project named "Blue Hour" already exists.')
-
-        events.clear()
-        button.press()
-        self.program.waitUntilGone("dialog", "Rename Failed")
-        self.told(lambda: (focus, 1, "New name") in self.named(events), "the focus on the field again")
-        field = self.sheetField("Blue Hour")
-        field.setText("Sketch 015")
-        self.program.waitFor(lambda: field.text == "Sketch 015", "the new name")
-        self.program.find("button", "Rename").press()
-        self.told(lambda: (focus, 1, "Rename Sketch 015") in self.named(events), "the focus on the renamed row")
-        self.logged('Renamed "Sketch 014" → "Sketch 015"')
-        self.assertTrue((self.folder / "Sketch 015.xpj").is_file())
-
-    def testTakesASecondReturnWhileItListens(self):
-        self.hear("object:state-changed:focused")
-        self.choose(self.folder)
-        self.scans(1)
-        button = self.program.find("button", "Rename Sketch 014")
-        Atspi.Component.grab_focus(button.accessible)
-        self.program.waitFor(lambda: button.has("focused"), "the focus on the row")
-        self.program.key("Return")
-        self.sheetField("Sketch 014")
-
     def testOffersTheFieldsMenu(self):
         self.chooseByPresses(self.folder)
         self.scans(1)
@@ -185,28 +119,6 @@ class Reader(case.WindowTest):
         paste = self.program.find("menu item", "Paste")
         paste.click()
         self.sheetField("Blue Hour")
-
-    def testIsToldOnceWhatTheWindowShows(self):
-        showing = "object:state-changed:showing"
-        events = self.hear(showing)
-
-        def news():
-            return [each.name for _, shows, each in events if shows and each.role == "notification" and each.name]
-
-        self.chooseByPresses(self.folder)
-        self.told(lambda: "Scan complete: 8 project(s)" in news(), "the end of the scan")
-        self.assertEqual(news().count("Scan complete: 8 project(s)"), 1)
-        self.program.find("text", "Search projects...").setText("sketch")
-        self.told(lambda: "1 project" in news(), "the number of projects found")
-        self.program.find("button", "Rename Sketch 014").press()
-        self.sheetField("Sketch 014").setText("Sketch 015")
-        self.program.find("button", "Rename").press()
-        renamed = 'Renamed "Sketch 014" → "Sketch 015"'
-        self.told(lambda: renamed in news(), "the rename")
-        self.assertEqual(news().count(renamed), 1)
-
-    def named(self, events):
-        return [(kind, detail, element.name) for kind, detail, element in events]
 
     def testCancelsAndRefusesPressesOfWhatIsBehindOrHasNothingToDo(self):
         before = self.disk()
