@@ -33,7 +33,7 @@ class Reader(case.WindowTest):
 
     def chooseByPresses(self, folder, button="Select Folder"):
         self.pressIn(self.program.find("frame"), button)
-        panel = self.program.find("dialog", "Select the folder containing your MPC projects")
+        panel = self.program.find("dialog", "Select Folder")
         field = next(each for each in panel.descendants() if each.role == "text")
         self.program.waitFor(lambda: field.has("focused"), "the focus on the panel's field")
         field.setText(str(folder))
