@@ -9,11 +9,12 @@ BoxItem {
 
     required property real innerRadius
     property int gap: Theme.focusGap
+    property int thickness: Theme.focusWidth
 
     objectName: "focusRing"
     anchors.fill: parent
-    anchors.margins: -gap - Theme.focusWidth
-    radius: innerRadius + gap + Theme.focusWidth
-    borderWidth: Theme.focusWidth
+    anchors.margins: -gap - thickness
+    radius: innerRadius + gap + thickness
+    borderWidth: thickness
     borderColor: Theme.orange
 }

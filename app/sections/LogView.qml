@@ -68,9 +68,11 @@ FocusScope {
         Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
         T.ScrollBar.vertical: ScrollThumb {
-            parent: list
+            // In the list itself it would get the list's height.
+            parent: root
             x: list.width - width - Theme.thumbEdge
-            height: list.height
+            y: list.y + Theme.thumbEdge
+            height: list.height - 2 * Theme.thumbEdge
         }
 
         delegate: LogRow {
@@ -87,8 +89,9 @@ FocusScope {
     FocusRing {
         objectName: "logFocus"
         anchors.fill: list
-        gap: -2 * Theme.focusWidth
-        innerRadius: 0
+        thickness: Theme.thinBorder
+        gap: -thickness
+        innerRadius: Theme.smallButtonRadius
         visible: list.activeFocus
     }
 }

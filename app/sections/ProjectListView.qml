@@ -92,7 +92,8 @@ FocusScope {
 
         FocusRing {
             objectName: "listFocus"
-            gap: 0
+            thickness: Theme.thinBorder
+            gap: -thickness
             innerRadius: Theme.cardRadius
         }
     }

@@ -76,7 +76,7 @@ ColumnLayout {
             Accessible.ignored: !activeFocusOnTab
 
             T.ScrollBar.vertical: ScrollThumb {
-                parent: area
+                parent: box
                 x: area.width - width - Theme.thumbEdge
                 y: Theme.thumbEdge
                 height: area.height - 2 * Theme.thumbEdge

@@ -184,6 +184,24 @@ TEST_F(MeasureControlsTest, TheFocusGoesAroundInOrange) {
     EXPECT_FALSE(ring->isVisible());
 }
 
+TEST_F(MeasureControlsTest, TheRingOfAListIsThinRoundedAndInside) {
+    w.choose();
+    for (int i = 0; i < 60; ++i) {
+        w.view->scanner->log("line", false);
+    }
+    w.settle();
+    w.find("logList")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_EQ(w.box("logFocus"), w.box("logList"));
+    EXPECT_TRUE(w.box("logFocus").adjusted(1, 1, -1, -1).contains(w.box("scrollThumb"))) << "runs over its thumb";
+    QQuickItem* const card = part("projectListView", "listFocus");
+    EXPECT_EQ(SceneWindow::boxOf(card), SceneWindow::boxOf(card->parentItem()));
+    EXPECT_EQ(card->property("radius").toDouble(), 10);
+    EXPECT_EQ(m.property("logFocus", "radius").toDouble(), 6);
+    for (const QQuickItem* ring : {w.find("logFocus"), card}) {
+        EXPECT_EQ(ring->property("borderWidth").toDouble(), 1);
+    }
+}
+
 TEST_F(MeasureControlsTest, AThumbIsThereOnlyWhileSomethingIsOutOfSight) {
     w.choose();
     EXPECT_TRUE(w.findAll("scrollThumb").empty());
@@ -200,7 +218,7 @@ TEST_F(MeasureControlsTest, AThumbIsThereOnlyWhileSomethingIsOutOfSight) {
     const auto thumbs = w.findAll("scrollThumb");
     ASSERT_EQ(thumbs.size(), 2U);
     const QRectF log = w.box("logList");
-    EXPECT_EQ(SceneWindow::boxOf(thumbs[0]), QRectF(log.right() - 8, log.top(), 6, log.height()));
+    EXPECT_EQ(SceneWindow::boxOf(thumbs[0]), QRectF(log.right() - 8, log.top() + 2, 6, log.height() - 4));
     for (const QQuickItem* thumb : thumbs) {
         const auto* drawn = thumb->property("contentItem").value<QQuickItem*>();
         EXPECT_EQ(drawn->property("radius").toDouble(), 3);

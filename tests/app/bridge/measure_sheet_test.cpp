@@ -173,6 +173,8 @@ TEST_F(MeasureSheetTest, ALongPreviewScrollsAndStopsFortyAboveTheButtons) {
     EXPECT_GT(m.property("previewArea", "contentHeight").toDouble(), w.box("previewBox").height());
     EXPECT_EQ(w.box("sheetButtons").bottom(), w.box("panelFace").bottom() - 24);
     EXPECT_EQ(w.box("panelFace").size(), QSizeF(480, 380));
+    const QRectF box = w.box("previewBox");
+    EXPECT_EQ(w.box("scrollThumb"), QRectF(box.right() - 8, box.top() + 2, 6, box.height() - 4));
 }
 
 TEST_F(MeasureSheetTest, TheAlertHasItsSizesAndTexts) {
