@@ -66,9 +66,14 @@ class WindowTest(unittest.TestCase):
         self.program.key("Return")
         self.program.waitUntilGone("dialog")
 
+    def ownPanel(self, timeout=15.0):
+        """The toolkit's folder panel, once keys reach it."""
+        panel = self.program.find("dialog", "Select Folder", timeout)
+        self.program.waitFor(lambda: getattr(self.program.focused(), "role", "") == "text", "the panel's field")
+        return panel
+
     def typeFolder(self, folder):
-        self.program.find("dialog")
-        self.program.waitFor(lambda: (self.program.focused() or self.program).role == "text", "the panel's field")
+        self.ownPanel()
         self.program.type(str(folder))
         self.program.waitFor(lambda: self.program.focused().text == str(folder), "the folder's path")
 

@@ -26,7 +26,7 @@ class HomeTest(case.WindowTest):
 
     def cancel(self):
         self.program.find("button", "Select Folder").click()
-        self.program.find("dialog", "Select Folder")
+        self.ownPanel()
         self.program.key("Escape")
         self.program.waitUntilGone("dialog")
 

@@ -14,7 +14,7 @@ class OwnPanel(case.WindowTest):
     def setUp(self):
         super().setUp()
         self.program.find("button", "Select Folder").click()
-        self.panel = self.program.find("dialog", "Select Folder")
+        self.panel = self.ownPanel()
 
     def words(self, role):
         return [each.name for each in self.panel.descendants() if each.showing and each.role == role]

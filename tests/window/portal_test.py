@@ -24,7 +24,7 @@ class PortalTest(case.WindowTest):
         self.program.find("button", "Select Folder").click()
 
     def cancelOwnPanel(self):
-        self.program.find("dialog", "Select Folder", timeout=30)
+        self.ownPanel(timeout=30)
         self.program.key("Escape")
         self.program.waitUntilGone("dialog")
         self.assertIsUsable()
