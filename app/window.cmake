@@ -2,6 +2,25 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Widgets LinguistTools)
 qt_standard_project_setup()
 
+# The code that talks to a Wayland compositor about windows that other programs may stand over.
+enable_language(C)
+find_library(WAYLAND_CLIENT wayland-client REQUIRED)
+find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
+find_file(XDG_FOREIGN wayland-protocols/unstable/xdg-foreign/xdg-foreign-unstable-v2.xml PATHS /usr/share REQUIRED)
+set(wayland_sources "${CMAKE_CURRENT_BINARY_DIR}/wayland")
+set(xdg_foreign "${wayland_sources}/xdg-foreign-unstable-v2")
+file(MAKE_DIRECTORY "${wayland_sources}")
+add_custom_command(
+  OUTPUT "${xdg_foreign}.c" "${xdg_foreign}-client-protocol.h"
+  COMMAND "${WAYLAND_SCANNER}" private-code "${XDG_FOREIGN}" "${xdg_foreign}.c"
+  COMMAND "${WAYLAND_SCANNER}" client-header "${XDG_FOREIGN}" "${xdg_foreign}-client-protocol.h"
+  DEPENDS "${XDG_FOREIGN}"
+  VERBATIM)
+add_library(tarvolt_xdg_foreign STATIC "${xdg_foreign}.c" "${xdg_foreign}-client-protocol.h")
+set_target_properties(tarvolt_xdg_foreign PROPERTIES AUTOMOC OFF)
+target_include_directories(tarvolt_xdg_foreign SYSTEM INTERFACE "${wayland_sources}")
+target_link_libraries(tarvolt_xdg_foreign PUBLIC "${WAYLAND_CLIENT}")
+
 file(GLOB bridge_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp")
 file(GLOB bridge_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.h")
 file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
@@ -12,6 +31,7 @@ set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)
 
 add_library(tarvolt_window STATIC ${bridge_sources})
+target_link_libraries(tarvolt_window PRIVATE Qt6::GuiPrivate tarvolt_xdg_foreign)
 target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${bridge_headers})
 set_target_properties(tarvolt_window PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 qt_add_qml_module(

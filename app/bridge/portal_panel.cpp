@@ -25,14 +25,6 @@ const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto request = QStringLiteral("org.freedesktop.portal.Request");
 
-/// What the portal calls the window that its panel belongs to.
-QString portalName(const QWindow* window) {
-    if (window != nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
-        return QStringLiteral("x11:") + QString::number(window->winId(), 16);
-    }
-    return {};
-}
-
 } // namespace
 
 std::optional<std::filesystem::path> localPath(const QString& uri) {
@@ -108,6 +100,15 @@ void PortalPanel::openFile(const QString& portal, const FolderPanelSettings& set
             end(true);
         }
     });
+}
+
+/// What the portal calls the window that its panel belongs to.
+QString PortalPanel::portalName(QWindow* window) {
+    if (window != nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
+        return QStringLiteral("x11:") + QString::number(window->winId(), 16);
+    }
+    export_.emplace(window);
+    return export_->handle().isEmpty() ? QString() : QStringLiteral("wayland:") + export_->handle();
 }
 
 void PortalPanel::takeResponse(const QDBusMessage& response) {

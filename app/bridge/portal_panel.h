@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/bridge/wayland_export.h"
 #include "model/folder_panel.h"
 
 #include <QDBusConnection>
@@ -45,12 +46,14 @@ private:
 
     void ask(const QDBusMessage& question, const Answer& answer);
     void openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window);
+    QString portalName(QWindow* window);
     void end(bool failed);
 
     QDBusConnection bus_ = QDBusConnection::sessionBus();
     QDBusServiceWatcher watcher_;
     QString portal_;  ///< the name on the bus that no other process can take
     QString request_; ///< the open panel's object path; empty while there is none
+    std::optional<WaylandExport> export_;
     bool wasShown_ = false;
     bool hasEnded_ = false;
     bool failed_ = false;

@@ -17,7 +17,7 @@ include = re.compile(
     r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE
 )
 standard = re.compile(r"[a-z_0-9]+")
-toolkit = re.compile(r"Q[A-Za-z0-9/_.]+")
+toolkit = re.compile(r"Q[A-Za-z0-9/_.]+|xdg-[a-z0-9-]+-client-protocol\.h")
 foundationOnly = re.compile(r"unicode/.+|[a-z_0-9/]+\.h")
 
 
