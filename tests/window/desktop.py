@@ -171,7 +171,8 @@ class Desktop:
             services = self.folder / "services"
             services.mkdir()
             (services / "org.a11y.Bus.service").symlink_to("/usr/share/dbus-1/services/org.a11y.Bus.service")
-            text = configuration.read_text().replace("<standard_session_servicedirs />", f"<servicedir>{services}</servicedir>")
+            everything, few = "<standard_session_servicedirs />", f"<servicedir>{services}</servicedir>"
+            text = configuration.read_text().replace(everything, few)
             configuration = self.folder / "session.conf"
             configuration.write_text(text)
         bus = self.start(
