@@ -35,7 +35,7 @@ class PortalTest(case.WindowTest):
         self.program.waitFor(lambda: getattr(self.program.focused(), "name", "") == "Select Folder", "its focus")
 
     def notice(self):
-        return self.program.find("alert", "Waiting for a Folder", timeout=30)
+        return self.program.find("dialog", "Waiting for a Folder", timeout=30)
 
 
 class Portal(PortalTest):
@@ -120,7 +120,7 @@ class WaitingWindow(PortalTest):
         self.notice()
         self.picture("waiting-for-a-folder")
         self.program.find("button", "Cancel").click()
-        self.program.waitUntilGone("alert")
+        self.program.waitUntilGone("dialog")
         self.assertIsUsable()
         question, closed = self.program.waitFor(lambda: len(self.asked()) > 1 and self.asked(), "the withdrawal")
         self.assertEqual(closed, {"closed": question["handle_token"]})
@@ -130,7 +130,7 @@ class WaitingWindow(PortalTest):
         self.openPanel()
         self.notice()
         self.program.key("Escape")
-        self.program.waitUntilGone("alert")
+        self.program.waitUntilGone("dialog")
         self.assertIsUsable()
 
     def testLetsNothingThroughToWhatItCovers(self):
@@ -144,7 +144,7 @@ class WaitingWindow(PortalTest):
         self.program.key("Tab", "Return", "space", "Tab", "Return")
         self.notice()
         self.program.key("Escape")
-        self.program.waitUntilGone("alert")
+        self.program.waitUntilGone("dialog")
         self.assertEqual(self.program.elements("button", "Cancel"), [])
         self.assertEqual(len([each for each in self.asked() if "title" in each]), 1)
         self.scans(1)
