@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QSplitter>
 #include <QWindow>
@@ -112,6 +113,9 @@ void ToolkitPanel::layOut() {
     resize(panelWidth * line, panelHeight * line);
     if (auto* splitter = findChild<QSplitter*>()) {
         splitter->setSizes({placesWidth * line, (panelWidth - placesWidth) * line});
+    }
+    if (auto* list = findChild<QListView*>(QStringLiteral("listView"))) {
+        list->setWrapping(false);
     }
 }
 
