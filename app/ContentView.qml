@@ -19,6 +19,12 @@ T.ApplicationWindow {
     title: Qt.application.name
     color: Theme.window
     visible: true
+    // Whatever gives the focus: a sheet that closes, a button that is enabled again, another window left.
+    onActiveFocusItemChanged: {
+        const control = activeFocusItem as T.Control;
+        if (control && root.view.goesByKeys())
+            control.focusReason = Qt.TabFocusReason; // The toolkit's word for a focus that shows.
+    }
 
     HeaderView {
         id: header

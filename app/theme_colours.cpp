@@ -99,9 +99,10 @@ void setNeutralInks(ThemeColours& theme, const PlatformColours& platform) {
     const Surfaces on = surfacesOf(theme);
     theme.primary = mixed(text, window, dark ? 0.06 : 0.09);
     const Colour soft = mixed(text, window, dark ? 0.36 : 0.4);
-    theme.secondary = guarded(soft, 1, dark ? captionContrastDark : captionContrastLight, end,
+    const double captionContrast = dark ? captionContrastDark : captionContrastLight;
+    theme.secondary = guarded(soft, 1, captionContrast, end,
                               {on.window, on.card, on.sheet, on.searchBar, on.previewBox, on.log, on.badge});
-    theme.secondarySixTenths = guarded(soft, 0.6, textContrast, end, {on.log});
+    theme.secondarySixTenths = guarded(soft, 0.6, captionContrast, end, {on.log});
     theme.secondaryEightTenths = guarded(soft, 0.8, textContrast, end, {on.window});
     theme.secondaryHalf = guarded(soft, 0.5, iconContrast, end, {on.window});
     theme.disabledInk = withAlpha(text, 0.36);
@@ -143,7 +144,7 @@ void setControls(ThemeColours& theme, const PlatformColours& platform) {
     theme.prominentLabel = dark ? hex(0x241202) : white;
     theme.face = dark ? mixed(window, text, 0.11) : base;
     theme.faceHover = dark ? mixed(window, text, 0.155) : mixed(window, text, 0.08);
-    theme.facePressed = dark ? mixed(window, black, 0.18) : mixed(window, text, 0.15);
+    theme.facePressed = dark ? mixed(window, black, 0.35) : mixed(window, text, 0.15);
     theme.faceDisabled = withAlpha(theme.face, 0.45);
     theme.faceBorder = withAlpha(text, dark ? 0.09 : 0.15);
     theme.faceBorderDisabled = withAlpha(text, 0.08);

@@ -28,8 +28,12 @@ const auto request = QStringLiteral("org.freedesktop.portal.Request");
 } // namespace
 
 std::optional<std::filesystem::path> localPath(const QString& uri) {
-    const QUrl url(uri, QUrl::StrictMode);
-    const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+    // Some portals leave blanks as they are.
+    const QUrl url(uri, QUrl::TolerantMode);
+    QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+    while (path.size() > 1 && path.endsWith('/')) {
+        path.chop(1);
+    }
     const bool isHere = url.host().isEmpty() || url.host() == QStringLiteral("localhost");
     if (!url.isValid() || !url.isLocalFile() || !isHere || !path.startsWith('/') || path.contains('\0')) {
         return std::nullopt;

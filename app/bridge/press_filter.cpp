@@ -12,7 +12,9 @@ namespace tarvolt {
 
 namespace {
 
-constexpr quint64 quickestFinger = 20; // milliseconds
+// In milliseconds, by the display's clock and by the time of arrival.
+constexpr quint64 quickestFinger = 20;
+constexpr quint64 quickestArrival = 60;
 
 bool countsOnce(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Escape;
@@ -52,6 +54,9 @@ bool PressFilter::eventFilter(QObject* watched, QEvent* event) {
         return QObject::eventFilter(watched, event);
     }
     const auto* key = static_cast<QKeyEvent*>(event);
+    if (keyPress && key->key() != releasedKey_) {
+        releasedKey_ = 0; // A held key is not interrupted by another.
+    }
     if (!countsOnce(key->key())) {
         return false;
     }
@@ -60,7 +65,8 @@ bool PressFilter::eventFilter(QObject* watched, QEvent* event) {
         releasedAt_ = timeOf(*key);
         return false;
     }
-    const bool quick = key->key() == releasedKey_ && timeOf(*key) - releasedAt_ < quickestFinger;
+    const quint64 quickest = key->timestamp() != 0 ? quickestFinger : quickestArrival;
+    const bool quick = key->key() == releasedKey_ && timeOf(*key) - releasedAt_ < quickest;
     if (key->isAutoRepeat() || quick) {
         return key->key() != Qt::Key_Space || typesIn_ == nullptr || typesIn_ != QGuiApplication::focusObject();
     }

@@ -46,6 +46,12 @@ int ProjectListModel::rowOf(const std::string& baseName) const {
     return found == projects_.end() ? -1 : static_cast<int>(found - projects_.begin());
 }
 
+int ProjectListModel::rowShowing(const QString& name) const {
+    const auto found = std::ranges::find(projects_, name,
+                                         [](const MPCProject& project) { return singleLineString(project.baseName); });
+    return found == projects_.end() ? -1 : static_cast<int>(found - projects_.begin());
+}
+
 int ProjectListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(projects_.size());
 }

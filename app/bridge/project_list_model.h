@@ -46,6 +46,9 @@ public:
     /// The row of the project with this name, or -1.
     int rowOf(const std::string& baseName) const;
 
+    /// The first row that shows this name, or -1.
+    Q_INVOKABLE int rowShowing(const QString& name) const;
+
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;

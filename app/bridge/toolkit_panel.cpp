@@ -3,16 +3,19 @@
 #include "app/bridge/platform_style.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QCompleter>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QWindow>
 
@@ -27,6 +30,9 @@ namespace {
 constexpr int panelWidth = 40;
 constexpr int panelHeight = 28;
 constexpr int placesWidth = 10;
+
+// A second press of what opened the panel may come so late, in milliseconds.
+constexpr int impatience = 600;
 
 /// Where a mounted drive or card is, if this line of /proc/self/mounts tells of one. Network drives, whose servers may
 /// not answer, are left out, for the panel looks at each place when it opens.
@@ -75,6 +81,14 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
     colour();
     winId();
     windowHandle()->setTransientParent(window);
+    // It comes to the front again as a modal panel would.
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this, window](const QWindow* active) {
+        if (window != nullptr && active == window) {
+            raise();
+            activateWindow();
+        }
+    });
+    opened_.start();
 }
 
 std::optional<std::filesystem::path> ToolkitPanel::folder() const {
@@ -85,6 +99,10 @@ std::optional<std::filesystem::path> ToolkitPanel::folder() const {
 }
 
 void ToolkitPanel::accept() {
+    const auto* typed = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (typed != nullptr && typed->text().isEmpty() && opened_.elapsed() < impatience) {
+        return;
+    }
     if (QFileInfo(selectedFiles().value(0)).isDir()) {
         QFileDialog::accept();
     } else if (auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
@@ -110,7 +128,8 @@ void ToolkitPanel::takeAwayWhatChanges() {
 
 void ToolkitPanel::layOut() {
     const int line = fontMetrics().height();
-    resize(panelWidth * line, panelHeight * line);
+    const QSize room = screen()->availableSize() - QSize(2 * line, 3 * line); // for the window's frame
+    resize(QSize(panelWidth * line, panelHeight * line).boundedTo(room));
     if (auto* splitter = findChild<QSplitter*>()) {
         splitter->setSizes({placesWidth * line, (panelWidth - placesWidth) * line});
     }
@@ -137,6 +156,9 @@ void ToolkitPanel::colour() {
         if (field->completer() != nullptr) {
             field->completer()->popup()->setPalette(colours);
         }
+    }
+    for (const QComboBox* box : findChildren<QComboBox*>()) {
+        box->view()->setPalette(colours);
     }
     for (QPushButton* button : findChildren<QPushButton*>()) {
         button->setIcon({});

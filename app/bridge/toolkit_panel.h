@@ -2,6 +2,7 @@
 
 #include "model/folder_panel.h"
 
+#include <QElapsedTimer>
 #include <QFileDialog>
 
 class QWindow;
@@ -17,7 +18,7 @@ public:
     /// The folder chosen; none before the panel is accepted.
     std::optional<std::filesystem::path> folder() const;
 
-    /// Refuses what is no folder, without the toolkit's modal message.
+    /// Refuses what is no folder, without the toolkit's modal message, and a second press of what opened the panel.
     void accept() override;
 
 private:
@@ -25,6 +26,8 @@ private:
     void layOut();
     void showLine(const QString& message);
     void colour();
+
+    QElapsedTimer opened_;
 };
 
 } // namespace tarvolt

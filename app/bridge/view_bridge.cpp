@@ -7,7 +7,6 @@
 #include "app/sections/rename_sheet_texts.h"
 #include "app/sections/split_width.h"
 
-
 #include <utility>
 
 namespace tarvolt {
@@ -133,11 +132,11 @@ ViewBridge::Sheet ViewBridge::makeSheet(const MPCProject& project) const {
     return {.currentName = singleLineString(tarvolt::currentNameText(project)),
             .newName = fieldString(newName),
             .offersRename = view_->offersRename(project),
-            .oldFile = displayString(file.oldText),
-            .newFile = displayString(file.newText),
+            .oldFile = singleLineString(file.oldText),
+            .newFile = singleLineString(file.newText),
             .hasDataFolder = hasFolder,
-            .oldFolder = displayString(folder.oldText),
-            .newFolder = displayString(folder.newText)};
+            .oldFolder = singleLineString(folder.oldText),
+            .newFolder = singleLineString(folder.newText)};
 }
 
 void ViewBridge::setSearchText(const QString& text) {

@@ -9,6 +9,8 @@ T.TextField {
     id: root
 
     property string spokenText: ""
+    // Its menu takes the focus only for as long as it is open.
+    readonly property bool inUse: activeFocus || menu.visible
 
     color: Theme.primary
     selectionColor: Theme.selection

@@ -16,7 +16,7 @@ BareField {
         objectName: "frame"
         radius: Theme.fieldRadius
         color: Theme.base
-        borderWidth: root.activeFocus ? Theme.focusWidth : Theme.thinBorder
-        borderColor: root.activeFocus ? Theme.orange : root.hovered ? Theme.fieldBorderHover : Theme.fieldBorder
+        borderWidth: root.inUse ? Theme.focusWidth : Theme.thinBorder
+        borderColor: root.inUse ? Theme.orange : root.hovered ? Theme.fieldBorderHover : Theme.fieldBorder
     }
 }

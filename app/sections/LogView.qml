@@ -71,8 +71,9 @@ FocusScope {
             // In the list itself it would get the list's height.
             parent: root
             x: list.width - width - Theme.thumbEdge
-            y: list.y + Theme.thumbEdge
-            height: list.height - 2 * Theme.thumbEdge
+            // Clear of the corners of the ring.
+            y: list.y + 2 * Theme.thumbEdge
+            height: list.height - 4 * Theme.thumbEdge
         }
 
         delegate: LogRow {

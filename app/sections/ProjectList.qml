@@ -15,6 +15,10 @@ ListView {
     property bool resting: false
     // A focus on the list itself shows.
     property bool ringed: false
+    // The row that the keys go on from while the list rests; -1 for none.
+    property int restingRow: -1
+    // What the focus stays on when the rows are replaced.
+    property string focusedName: ""
     readonly property int rowsInSight: currentItem ? Math.max(1, Math.floor(height / currentItem.height)) : 1
 
     objectName: "projectList"
@@ -27,8 +31,6 @@ ListView {
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
     onActiveFocusChanged: handOnFocus()
-    // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
-    onCountChanged: Qt.callLater(root.handOnFocus) // qmllint disable
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Projects")
 
@@ -37,6 +39,20 @@ ListView {
         x: root.x + root.width + Math.round((Theme.edge - width) / 2)
         y: root.y
         height: root.height
+    }
+
+    Connections {
+        target: root.view.projects
+
+        // The row that comes to stand in this place shows another project.
+        function onModelAboutToBeReset(): void {
+            root.currentIndex = -1;
+        }
+
+        // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
+        function onModelReset(): void {
+            Qt.callLater(root.handOnFocus); // qmllint disable
+        }
     }
 
     delegate: ProjectRow {
@@ -48,8 +64,10 @@ ListView {
         last: index === root.count - 1
         onRenamePressed: root.view.beginRename(index)
         onActiveFocusChanged: {
-            if (activeFocus)
+            if (activeFocus) {
                 root.currentIndex = index;
+                root.focusedName = name;
+            }
         }
     }
 
@@ -68,10 +86,10 @@ ListView {
             event.accepted = root.moveBy(-root.rowsInSight);
             break;
         case Qt.Key_Home:
-            event.accepted = root.moveBy(-root.count);
+            event.accepted = root.goTo(0);
             break;
         case Qt.Key_End:
-            event.accepted = root.moveBy(root.count);
+            event.accepted = root.goTo(root.count - 1);
             break;
         default:
             event.accepted = false;
@@ -81,10 +99,15 @@ ListView {
     Keys.onTabPressed: event => event.accepted = root.moveBy(1)
     Keys.onBacktabPressed: event => event.accepted = root.moveBy(-1)
 
-    // Whether there was a row to go to.
     function moveBy(distance: int): bool {
-        const row = Math.max(0, Math.min(root.count - 1, root.currentIndex + distance));
-        if (root.count === 0 || row === root.currentIndex)
+        const from = root.resting ? root.restingRow : root.currentIndex;
+        return (from >= 0 || distance > 0) && root.goTo(from + distance);
+    }
+
+    // Whether there was another row to go to.
+    function goTo(wanted: int): bool {
+        const row = Math.max(0, Math.min(root.count - 1, wanted));
+        if (root.count === 0 || row === (root.resting ? root.restingRow : root.currentIndex))
             return false;
         root.focusRow(row);
         return true;
@@ -96,7 +119,7 @@ ListView {
         if (item !== root)
             root.resting = root.resting && item === null;
         else if (!root.resting && root.count > 0)
-            root.focusRow(Math.max(0, root.currentIndex));
+            root.focusRow(Math.max(0, root.view.projects.rowShowing(root.focusedName)));
         else if (!root.resting)
             root.ringed = root.view.goesByKeys();
     }
@@ -105,16 +128,22 @@ ListView {
         root.resting = false;
         root.currentIndex = row;
         root.positionViewAtIndex(row, ListView.Contain);
-        (root.currentItem as ProjectRow).takeFocus(root.view.goesByKeys());
+        (root.currentItem as ProjectRow).takeFocus();
     }
 
     // Puts the focus on no row.
     function rest(ring: bool): void {
+        root.restingRow = root.currentIndex;
         root.resting = true;
         root.ringed = ring;
         if (root.currentItem)
             root.currentItem.focus = false;
         root.currentIndex = -1;
         root.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    function stopResting(): void {
+        root.resting = false;
+        root.handOnFocus();
     }
 }

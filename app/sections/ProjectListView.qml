@@ -15,12 +15,16 @@ FocusScope {
 
     objectName: "projectListView"
 
-    // Tab leads nowhere from a search field that is hidden for longer than a scan.
+    // Hidden for longer than a scan.
     readonly property bool searchGone: !searchBar.visible && !view.scanning
+    // The focus goes back to the search field when that is there again.
+    property bool searchAwaited: false
 
     onSearchGoneChanged: {
-        if (searchGone && searchBar.focused)
-            list.forceActiveFocus(Qt.OtherFocusReason);
+        if (searchGone && searchAwaited) {
+            searchAwaited = false;
+            list.stopResting();
+        }
     }
 
     Connections {
@@ -34,7 +38,7 @@ FocusScope {
 
         // Whoever has gone elsewhere meanwhile stays there.
         function onRenamedProjectListed(row: int, hiddenBySearch: bool): void {
-            if (!list.activeFocus && !list.resting)
+            if (!list.resting)
                 return;
             if (row >= 0)
                 list.focusRow(row);
@@ -52,6 +56,17 @@ FocusScope {
         width: parent.width - 2 * Theme.edge
         visible: root.view.showsSearchBar
         view: root.view
+        // Tab leads nowhere from what has been hidden, and typing goes on unseen.
+        onVisibleChanged: {
+            if (!visible && focused) {
+                root.searchAwaited = true;
+                list.rest(false);
+            } else if (visible && root.searchAwaited) {
+                root.searchAwaited = false;
+                if (list.resting)
+                    takeFocus();
+            }
+        }
     }
 
     ScanIndicator {

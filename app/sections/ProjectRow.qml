@@ -26,12 +26,8 @@ FocusScope {
     Accessible.role: Accessible.ListItem
     Accessible.name: sentence
 
-    // With a ring for those who go by keys.
-    function takeFocus(byKeys: bool): void {
-        const reason = byKeys ? Qt.TabFocusReason : Qt.OtherFocusReason;
-        button.forceActiveFocus(reason);
-        // Said again for a row that has come into focus by becoming the list's current one.
-        button.focusReason = reason;
+    function takeFocus(): void {
+        button.forceActiveFocus(Qt.OtherFocusReason);
     }
 
     RowLayout {

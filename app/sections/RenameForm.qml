@@ -84,6 +84,7 @@ FocusScope {
                     id: newName
                     view: root.view
                     field.onCursorPositionChanged: area.contentY = 0
+                    field.onActiveFocusChanged: area.contentY = 0
                 }
 
                 RenamePreview {
@@ -120,6 +121,20 @@ FocusScope {
                 onClicked: root.view.pressRename()
             }
         }
+    }
+
+    // Where something is out of sight.
+    HairLine {
+        x: -Theme.sheetPadding
+        width: parent.width + 2 * Theme.sheetPadding
+        visible: !area.atYBeginning
+    }
+
+    HairLine {
+        x: -Theme.sheetPadding
+        y: area.height
+        width: parent.width + 2 * Theme.sheetPadding
+        visible: !area.atYEnd
     }
 
     ScrollKeys {

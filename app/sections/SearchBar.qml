@@ -66,6 +66,6 @@ Item {
         radius: Theme.searchRadius
         borderWidth: Theme.focusWidth
         borderColor: Theme.orange
-        visible: field.activeFocus
+        visible: field.inUse
     }
 }

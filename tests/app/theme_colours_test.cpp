@@ -34,7 +34,7 @@ TEST(ThemeColoursTest, AreTheOnesOfTheTableForTheUsualPalettes) {
     const RoleRow rows[] = {
         {"primary", &ThemeColours::primary, "#161616", "#F2F2F2"},
         {"secondary", &ThemeColours::secondary, "#606060", "#B0B0B0"},
-        {"secondary .6", &ThemeColours::secondarySixTenths, "#101010", "#DCDCDC"},
+        {"secondary .6", &ThemeColours::secondarySixTenths, "#0B0B0B", "#E6E6E6"},
         {"secondary .8", &ThemeColours::secondaryEightTenths, "#4A4A4A", "#B0B0B0"},
         {"secondary .5", &ThemeColours::secondaryHalf, "#232323", "#B8B8B8"},
         {"orange", &ThemeColours::orange, "#D75600", "#FF9F45"},

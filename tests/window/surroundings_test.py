@@ -77,6 +77,10 @@ class HugeFontDesktop(case.WindowTest):
         self.picture("huge-font-sheet-scrolled")
         self.program.type("s")
         self.program.waitFor(lambda: title.box[1] == top, "the field in sight again")
+        self.program.key("Next")
+        self.program.waitFor(lambda: title.box[1] < top, "the preview in sight")
+        self.program.key("Tab", "Tab", "Tab")
+        self.program.waitFor(lambda: title.box[1] == top, "the field in sight, which has the focus again")
 
 
 class RescaledDesktop(case.WindowTest):

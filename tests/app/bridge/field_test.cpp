@@ -124,6 +124,20 @@ TEST_F(FieldTest, ItsMenuOffersOnlyWhatCanBeDone) {
     EXPECT_TRUE(enabled("Paste") && enabled("Select All"));
 }
 
+TEST_F(FieldTest, ItsFrameStaysWhileItsMenuIsOpen) {
+    w.addProjects(1);
+    w.choose();
+    w.bridge->beginRename(0);
+    w.settle();
+    const QQuickItem* frame = w.find("frame");
+    const auto colour = frame->property("borderColor").value<QColor>();
+    w.press(Qt::Key_Menu);
+    w.settle();
+    ASSERT_TRUE(menuOpen());
+    EXPECT_EQ(frame->property("borderColor").value<QColor>(), colour);
+    EXPECT_EQ(frame->property("borderWidth").toDouble(), 2);
+}
+
 TEST_F(FieldTest, ItsMenuComesWithTheRightMouseButtonAndLeavesTheSelection) {
     openSheet();
     QTest::mouseClick(w.window, Qt::RightButton, {}, w.box("newNameField").center().toPoint());

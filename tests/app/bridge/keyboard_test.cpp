@@ -471,6 +471,42 @@ TEST_F(KeyboardTest, AReturnAfterARenameOpensTheSheetOfARowThatThePersonHasGoneT
     EXPECT_EQ(w.bridge->newName(), "Song 2");
 }
 
+TEST_F(KeyboardTest, AfterARenameTheKeysGoOnFromTheRenamedRow) {
+    choose(4);
+    renameRow(1, "Zebra");
+    w.press(Qt::Key_Down);
+    EXPECT_EQ(focusedName(), "Rename Song 2");
+    passRescan();
+    EXPECT_EQ(focusedName(), "Rename Song 2") << "where the person has gone to";
+    renameRow(0, "Yak");
+    w.press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focusedName(), "Change Folder");
+}
+
+TEST_F(KeyboardTest, WhoeverGoesByKeysSeesTheFocusThatIsGivenBack) {
+    choose(2);
+    const auto rings = [&] { return w.window->activeFocusItem()->property("visualFocus").toBool(); };
+    w.press(Qt::Key_Tab);
+    ASSERT_EQ(focusedName(), "Rescan");
+    w.press(Qt::Key_Return);
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rescan");
+    EXPECT_TRUE(rings()) << "after the scan";
+    w.press(Qt::Key_Tab);
+    w.press(Qt::Key_Tab);
+    w.press(Qt::Key_Return);
+    w.settle();
+    failToRename();
+    EXPECT_EQ(w.focused(), "alertButton");
+    EXPECT_TRUE(rings()) << "in the alert";
+    w.press(Qt::Key_Escape);
+    w.settle();
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_EQ(focusedName(), "Rename Song 0");
+    EXPECT_TRUE(rings()) << "after the sheet";
+}
+
 TEST_F(KeyboardTest, TheFocusStaysWhereThePersonHasGoneToAfterARename) {
     choose(3);
     renameRow(0, "Zebra");

@@ -218,7 +218,7 @@ TEST_F(MeasureControlsTest, AThumbIsThereOnlyWhileSomethingIsOutOfSight) {
     const auto thumbs = w.findAll("scrollThumb");
     ASSERT_EQ(thumbs.size(), 2U);
     const QRectF log = w.box("logList");
-    EXPECT_EQ(SceneWindow::boxOf(thumbs[0]), QRectF(log.right() - 8, log.top() + 2, 6, log.height() - 4));
+    EXPECT_EQ(SceneWindow::boxOf(thumbs[0]), QRectF(log.right() - 8, log.top() + 4, 6, log.height() - 8));
     for (const QQuickItem* thumb : thumbs) {
         const auto* drawn = thumb->property("contentItem").value<QQuickItem*>();
         EXPECT_EQ(drawn->property("radius").toDouble(), 3);

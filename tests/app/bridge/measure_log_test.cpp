@@ -44,7 +44,7 @@ TEST_F(MeasureLogTest, AnEmptyLogSaysSoInTheMiddleOfTheSpaceUnderTheLine) {
     const double top = w.box("logLine").bottom();
     EXPECT_NEAR(m.centre("logEmptyText"), (top + 600) / 2, 1);
     EXPECT_NEAR(m.textRatio("logEmptyText"), testing::caption, 0.01);
-    EXPECT_EQ(m.colour("logEmptyText"), QColor("#101010"));
+    EXPECT_EQ(m.colour("logEmptyText"), QColor("#0B0B0B"));
     EXPECT_DOUBLE_EQ(m.opacity("logEmptyText"), 0.6);
     EXPECT_TRUE(w.findAll("logList").empty()) << "no scrolling area";
 }
@@ -88,7 +88,7 @@ TEST_F(MeasureLogTest, RowsHaveTheirFontsAndColours) {
     EXPECT_DOUBLE_EQ(m.property("logMessage", "lineHeight").toDouble(), 1.1);
     EXPECT_NEAR(m.textRatio("logTime"), testing::caption2, 0.01);
     EXPECT_EQ(m.font("logTime").family(), QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
-    EXPECT_EQ(m.colour("logTime"), QColor("#101010"));
+    EXPECT_EQ(m.colour("logTime"), QColor("#0B0B0B"));
     EXPECT_DOUBLE_EQ(m.opacity("logTime"), 0.6);
 }
 

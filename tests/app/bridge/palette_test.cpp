@@ -69,7 +69,7 @@ TEST_F(PaletteTest, ListAndLogFollowTheDesktop) {
     expectColour(w.part(w.find("rowButton"), "face")->property("color").value<QColor>(), "#3C3C3C");
     expectColour(m.colour("logFill"), "#FFFFFF", 0.14);
     expectColour(m.colour("logDot"), "#62D284");
-    expectColour(m.colour("logTime"), "#DCDCDC");
+    expectColour(m.colour("logTime"), "#E6E6E6");
     expectColour(m.colour("logMessage"), "#F2F2F2");
 }
 

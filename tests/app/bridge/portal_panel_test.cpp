@@ -19,6 +19,15 @@ TEST(LocalPathTest, KeepsTheBytesOfTheName) {
     EXPECT_EQ(pathIn("file:///"), "/");
 }
 
+TEST(LocalPathTest, TakesBlanksAndPercentSignsThatWereLeftAsTheyAre) {
+    EXPECT_EQ(pathIn("file:///home/mara/My Projects"), "/home/mara/My Projects");
+    EXPECT_EQ(pathIn("file:///home/mara/100% mine"), "/home/mara/100% mine");
+}
+
+TEST(LocalPathTest, EndsInNoSlash) {
+    EXPECT_EQ(pathIn("file:///home/mara/Projects//"), "/home/mara/Projects");
+}
+
 TEST(LocalPathTest, IsNoneForWhatIsNoPlaceOnThisMachine) {
     for (const char* uri : {"", "/home", "file:", "file:home", "smb://server/share", "file://server/share",
                             "file:///a%00b", "file://[/a", "trash:///a"}) {

@@ -1,7 +1,9 @@
 #include "app/bridge/toolkit_panel.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QListView>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -9,6 +11,27 @@
 
 namespace tarvolt {
 namespace {
+
+TEST(ToolkitPanelTest, TakesASecondPressOfWhatOpenedItForNone) {
+    ToolkitPanel panel({.canChooseDirectories = true, .canChooseFiles = false, .message = {}, .prompt = {}}, nullptr);
+    panel.show();
+    panel.accept();
+    EXPECT_TRUE(panel.isVisible());
+    QTest::qWait(700);
+    panel.accept();
+    EXPECT_FALSE(panel.isVisible());
+}
+
+TEST(ToolkitPanelTest, FitsOnTheScreenWhateverTheFont) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(60);
+    QApplication::setFont(large);
+    const ToolkitPanel panel({.canChooseDirectories = true, .canChooseFiles = false, .message = {}, .prompt = {}},
+                             nullptr);
+    QApplication::setFont(usual);
+    EXPECT_LE(panel.height(), panel.screen()->availableSize().height());
+}
 
 TEST(ToolkitPanelTest, ListsFoldersBelowEachOther) {
     constexpr int many = 40;

@@ -115,6 +115,13 @@ TEST_F(ViewBridgeTest, ShowsThePreviewOfTheTypedName) {
     EXPECT_FALSE(bridge.hasDataFolder());
 }
 
+TEST_F(ViewBridgeTest, ShowsALineBreakAsABlankInThePreview) {
+    choose();
+    bridge.beginRename(0);
+    bridge.setNewName("two\nlines");
+    EXPECT_EQ(bridge.newFileName(), "two lines.xpj");
+}
+
 TEST_F(ViewBridgeTest, MakesOneRenameOfTwoPresses) {
     choose();
     bridge.beginRename(0);
