@@ -1,6 +1,7 @@
 #include "app/bridge/portal_panel.h"
 
 #include <QDBusArgument>
+#include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -21,6 +22,7 @@ constexpr int answerLimit = 5000;  // milliseconds; a portal that has yet to be 
 constexpr uint choseSomething = 0; // what a response may begin with
 constexpr uint cancelledByPerson = 1;
 
+const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto request = QStringLiteral("org.freedesktop.portal.Request");
@@ -48,16 +50,16 @@ PortalPanel::~PortalPanel() {
 }
 
 void PortalPanel::open(const FolderPanelSettings& settings, QWindow* window) {
-    auto question =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"), portalPath,
-                                       QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    auto question = QDBusMessage::createMethodCall(
+        portalService, portalPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question << fileChooser << QStringLiteral("version");
     ask(question, [this, settings, window](const QDBusMessage& reply) {
         const auto version = reply.arguments().value(0).value<QDBusVariant>().variant();
         if (version.toUInt() < leastVersion) {
             end(true);
         } else {
-            openFile(reply.service(), settings, window);
+            // Whoever has the portal's name now.
+            openFile(bus_.interface()->serviceOwner(portalService), settings, window);
         }
     });
 }

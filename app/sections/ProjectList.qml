@@ -42,7 +42,7 @@ ListView {
     }
 
     Connections {
-        target: root.view.projects
+        target: root.model
 
         // The row that comes to stand in this place shows another project.
         function onModelAboutToBeReset(): void {
