@@ -10,13 +10,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QTreeView>
 #include <QWindow>
 
 #include <algorithm>
@@ -70,7 +71,8 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
     setFileMode(settings.canChooseFiles ? ExistingFile : Directory);
     setOption(ShowDirsOnly, settings.canChooseDirectories && !settings.canChooseFiles);
     setOption(ReadOnly);
-    setViewMode(List);
+    // Of the toolkit's two lists, the only one whose folders assistive technology can tell apart.
+    setViewMode(Detail);
     setSidebarUrls(places());
     const QString prompt = QString::fromStdString(settings.prompt);
     setWindowTitle(prompt);
@@ -133,8 +135,12 @@ void ToolkitPanel::layOut() {
     if (auto* splitter = findChild<QSplitter*>()) {
         splitter->setSizes({placesWidth * line, (panelWidth - placesWidth) * line});
     }
-    if (auto* list = findChild<QListView*>(QStringLiteral("listView"))) {
-        list->setWrapping(false);
+    if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        list->setHeaderHidden(true);
+        list->header()->setSectionResizeMode(QHeaderView::Stretch);
+        for (int column = 1; column < list->model()->columnCount(); ++column) {
+            list->hideColumn(column);
+        }
     }
 }
 

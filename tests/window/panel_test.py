@@ -19,9 +19,16 @@ class OwnPanel(case.WindowTest):
     def words(self, role):
         return [each.name for each in self.panel.descendants() if each.showing and each.role == role]
 
+    def listed(self):
+        files = next(each for each in self.panel.descendants() if each.role in ("tree", "tree table") and each.showing)
+        return [each for each in files.children() if each.showing]
+
+    def folderItem(self, name):
+        return self.program.waitFor(lambda: next((each for each in self.listed() if each.name == name), None), name)
+
     def testChangesNothingOnDiskByMenuOrKey(self):
         before = self.disk()
-        item = self.program.find("list item", "Projects")
+        item = self.folderItem("Projects")
         item.click()
         x, y, width, height = item.box
         self.desktop.input("mousemove", x + width // 2, y + height // 2, "click", "3")
@@ -42,8 +49,15 @@ class OwnPanel(case.WindowTest):
         self.assertEqual(self.words("label"), labels)
         self.assertEqual(self.words("table column header"), [])
 
+    def testSpeaksOfEveryFolderOnce(self):
+        names = [f"Folder {index}" for index in range(5)]
+        for name in names:
+            (self.desktop.home / name).mkdir()
+        expected = [*names, "Projects"]
+        self.program.waitFor(lambda: [each.name for each in self.listed()] == expected, "every folder once")
+
     def testSelectsInTheProgramsColour(self):
-        item = self.program.find("list item", "Projects")
+        item = self.folderItem("Projects")
         item.click()
         x, y, _, height = item.box
         self.desktop.input("mousemove", 0, 0)

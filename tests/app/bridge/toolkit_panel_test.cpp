@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QListView>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ TEST(ToolkitPanelTest, ListsFoldersBelowEachOther) {
     ToolkitPanel panel({.canChooseDirectories = true, .canChooseFiles = false, .message = {}, .prompt = {}}, nullptr);
     panel.setDirectory(folder.path());
     panel.show();
-    const auto* list = panel.findChild<QListView*>(QStringLiteral("listView"));
+    const auto* list = panel.findChild<QTreeView*>(QStringLiteral("treeView"));
     ASSERT_NE(list, nullptr);
     const auto row = [&](int index) { return list->model()->index(index, 0, list->rootIndex()); };
     ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == many; }));
