@@ -40,8 +40,8 @@ class Tour:
         self.step("start", "The window opens and asks for the folder that holds the projects.")
 
         program.find("button", "Select Folder").click()
-        program.find("dialog")
-        program.waitFor(lambda: (program.focused() or program).role == "text", "the panel's field")
+        program.find("dialog", "Select Folder")
+        program.waitFor(lambda: getattr(program.focused(), "role", "") == "text", "the panel's field")
         program.type(str(self.folder))
         self.step("folder-panel", "\"Select Folder\" brings the folder panel; the folder's path is typed into it.")
 
