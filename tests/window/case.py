@@ -103,6 +103,13 @@ class WindowTest(unittest.TestCase):
 
         return self.program.waitFor(focused, f"the field with {text!r} and the focus")
 
+    def focusedName(self):
+        field = self.program.focused()
+        return field and (field.name or field.role)
+
+    def waitForFocus(self, name):
+        self.program.waitFor(lambda: self.focusedName() == name, f"the focus on {name!r}")
+
     def disk(self):
         """Every path below the folder, with the text of the project files."""
         return {

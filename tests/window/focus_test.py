@@ -10,13 +10,6 @@ class Focus(case.WindowTest):
     # How long a key is held; the display repeats it from about 0.7 s on.
     held = 3
 
-    def focusedName(self):
-        field = self.program.focused()
-        return field and (field.name or field.role)
-
-    def waitForFocus(self, name):
-        self.program.waitFor(lambda: self.focusedName() == name, f"the focus on {name!r}")
-
     def hold(self, key):
         self.desktop.input("keydown", key)
         time.sleep(self.held)

@@ -6,13 +6,6 @@ import case
 
 
 class Keyboard(case.WindowTest):
-    def focusedName(self):
-        field = self.program.focused()
-        return field and (field.name or field.role)
-
-    def waitForFocus(self, name):
-        self.program.waitFor(lambda: self.focusedName() == name, f"the focus on {name!r}")
-
     def chooseByKeys(self, folder):
         self.program.key("Return")
         self.typeFolder(folder)
