@@ -1,11 +1,11 @@
 # shellcheck shell=bash
-# What ./run, ./test and .ci/run share: packages, configuring, building, counting tests. Sourced from the project's
-# root; nothing here reads standard input.
+# Shared by ./run, ./test and .ci/run: installing packages, configuring, building, running and counting tests. Sourced
+# from the project's root; nothing here reads standard input.
 
 packageList=${packageList:-packaging/packages.txt}
 osRelease=${osRelease:-/etc/os-release}
 
-# Says in one sentence what is wrong and what to do, and ends the script.
+# Ends the script with one sentence that says what is wrong and what to do.
 fail() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
     exit 1
@@ -15,7 +15,7 @@ heading() {
     printf '\n== %s\n' "$*"
 }
 
-# The code name of the Debian release this is, or nothing where it is none that the package list knows.
+# The code name of this Debian release, or nothing if the package list does not cover it.
 debianRelease() {
     (
         ID='' VERSION_CODENAME=''
@@ -27,7 +27,7 @@ debianRelease() {
     )
 }
 
-# packagesOf RELEASE GROUP...: the names in these groups, one a line; without a release, those common to all.
+# packagesOf RELEASE GROUP...: the packages in these groups, one a line; without a release, those common to both.
 packagesOf() {
     local release=$1
     shift
@@ -37,45 +37,45 @@ packagesOf() {
     ' "$packageList"
 }
 
-# Of the names on standard input, those that are not installed.
+# Of the packages named on standard input, those that are not installed.
 missingOf() {
     local installed
     installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p' | sort -u)
     sort -u | comm -23 - <(printf '%s\n' "$installed")
 }
 
-# needPackages GROUP...: installs what is missing of these groups. Touches no network when nothing is.
+# needPackages GROUP...: installs the packages of these groups that are missing. Uses the network only if some are.
 needPackages() {
     local release missing names asRoot=() log=build/packages.log
     release=$(debianRelease)
     if [ -z "$release" ]; then
         names=$(packagesOf '' "$@" | tr '\n' ' ')
-        fail "this sets itself up on Debian 12 and 13 only; elsewhere, install what these Debian packages hold and" \
-            "build with CMake as README.md shows: $names"
+        fail "packages can be installed on Debian 12 and 13 only; elsewhere, install the equivalents of these Debian" \
+            "packages and build with CMake as README.md shows: $names"
     fi
     missing=$(packagesOf "$release" "$@" | missingOf)
     [ -n "$missing" ] || return 0
-    # shellcheck disable=SC2086 # names of packages hold no blanks
+    # shellcheck disable=SC2086 # package names contain no spaces
     set -- $missing
     if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || fail "packages are missing and sudo is too; as root, run:" \
+        command -v sudo >/dev/null || fail "packages are missing, and so is sudo; as root, run:" \
             "apt-get install --no-install-recommends $*"
         asRoot=(sudo)
     fi
     mkdir -p build
     echo "Installing $# missing packages${asRoot[0]:+ with sudo}: $*"
-    # A list that cannot be refreshed may still be good enough for these packages, so only the installation decides.
+    # Even if the package lists cannot be refreshed, they may be recent enough for these packages.
     "${asRoot[@]}" apt-get update </dev/null >"$log" 2>&1 || true
     "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
         -o DPkg::Lock::Timeout=120 "$@" </dev/null >>"$log" 2>&1 || {
         grep '^E: ' "$log" | tail -n 5 >&2 || tail -n 3 "$log" >&2
-        fail "the packages could not be installed; read $log, mend what it says there (usually the network," \
-            "/etc/apt/sources.list or the right to use sudo) and start again"
+        fail "the packages could not be installed; see $log, fix the cause (usually the network," \
+            "/etc/apt/sources.list or permission to use sudo) and start again"
     }
 }
 
-# configure PRESET: makes the build folder, unless it is there and was made from these presets in this place. Changes
-# to the CMake files are seen by the build itself.
+# configure PRESET: configures the build folder, unless that was done for these presets and this location. The build
+# itself notices changes to the CMake files.
 configure() {
     local folder=build/$1
     if [ "$folder/build.ninja" -nt CMakePresets.json ] &&
@@ -86,31 +86,31 @@ configure() {
     mkdir -p build
     cmake --fresh --preset "$1" >"build/configure-$1.log" 2>&1 || {
         tail -n 20 "build/configure-$1.log" >&2
-        fail "$folder could not be configured; the lines above, from build/configure-$1.log, say why"
+        fail "$folder could not be configured; the lines above, from build/configure-$1.log, show why"
     }
 }
 
-# build PRESET [TARGET...]: configures when that is needed and builds.
+# build PRESET [TARGET...]: configures if needed and builds.
 build() {
     local preset=$1 targets=()
     shift
     configure "$preset"
     [ $# -eq 0 ] || targets=(--target "$@")
-    # The toolkit's compilers complain about any locale that is not UTF-8, once for each file.
+    # Qt's compilers print a warning for every file unless the locale is UTF-8.
     LC_ALL=C.UTF-8 cmake --build --preset "$preset" "${targets[@]}" ||
-        fail "the build in build/$preset failed; its first error stands above"
+        fail "the build in build/$preset failed; see its first error above"
 }
 
-# runTests PRESET [CTEST OPTION...]: runs the built tests and says last how many passed and failed. False when one
-# failed and when none ran.
+# runTests PRESET [CTEST OPTION...]: runs the built tests and prints how many passed and failed. Fails if a test failed
+# or none ran.
 runTests() {
     local preset=$1 report=$PWD/build/$1/tests.xml status=0 tests failed skipped
     shift
     rm -f "$report"
     ctest --preset "$preset" --parallel 2 --no-tests=error --output-junit "$report" "$@" || status=1
-    [ -s "$report" ] || fail "ctest ended without a report; its words above say why"
+    [ -s "$report" ] || fail "ctest ended without a report; its output above shows why"
     tests=$(grep -c '<testcase ' "$report") || true
-    # Skipped is what said so itself; what could not be started for another reason has failed.
+    # Only tests that skipped themselves count as skipped; one that could not be started has failed.
     skipped=$(grep -c '<skipped message="SKIP_' "$report") || true
     failed=$(grep -c -E '<failure|<skipped message="([^S]|S[^K])' "$report") || true
     [ $((tests - skipped)) -gt 0 ] || status=1

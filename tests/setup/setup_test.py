@@ -1,5 +1,4 @@
-"""The shell functions behind ./run and ./test, with commands of the system replaced by small scripts that say how they
-were called."""
+"""The shell functions behind ./run and ./test, with system commands replaced by small scripts that record their calls."""
 
 import os
 import subprocess
@@ -29,7 +28,7 @@ class Setup(unittest.TestCase):
         self.folder = Path(folder.name)
         self.commands = self.folder / "bin"
         self.commands.mkdir()
-        # The machine's own tools but sudo, apt-get, cmake and the like, which a test has only where it makes them.
+        # The machine's tools except sudo, apt-get, cmake and the like, which exist only if a test creates them.
         self.tools = self.folder / "tools"
         self.tools.mkdir()
         for tool in ("awk", "bash", "comm", "cp", "env", "grep", "mkdir", "rm", "sed", "sort", "tail", "tr"):
@@ -58,7 +57,7 @@ class Setup(unittest.TestCase):
         (self.folder / "os-release").write_text(f'PRETTY_NAME="X Y"\nID={name}\nVERSION_CODENAME={codeName}\n')
 
     def run_(self, script):
-        """Runs `script` after the library, in a folder of its own; answers with status, output and calls."""
+        """Runs `script` after sourcing the library; returns status, output and recorded calls."""
         result = subprocess.run(
             ["/bin/bash", "-euo", "pipefail", "-c", f". {library}\n{script}", "./test"],
             cwd=self.folder,
@@ -95,11 +94,11 @@ class Setup(unittest.TestCase):
         self.assertRegex(calls[1], r"^apt-get install -y --no-install-recommends .* shellcheck$")
         self.assertEqual(len(calls), 2)
 
-    def testGoesOnWhenTheListCannotBeRefreshedButThePackagesCanBeInstalled(self):
+    def testInstallsEvenIfTheListCannotBeRefreshed(self):
         self.command("apt-get", '[ "$1" != update ]')
         self.assertEqual(self.run_("needPackages lint")[0], 0)
 
-    def testTakesSudoOnlyWhenNotRootAndSomethingIsMissing(self):
+    def testUsesSudoOnlyWhenNotRootAndSomethingIsMissing(self):
         self.userIs(1000)
         self.command("sudo", '"$@"')
         self.assertEqual(self.run_("needPackages build"), (0, "", []))
@@ -114,7 +113,7 @@ class Setup(unittest.TestCase):
         self.assertEqual((status, calls), (1, []))
         self.assertEqual(
             output,
-            "test: packages are missing and sudo is too; as root, run: "
+            "test: packages are missing, and so is sudo; as root, run: "
             "apt-get install --no-install-recommends shellcheck\n",
         )
 
@@ -123,15 +122,15 @@ class Setup(unittest.TestCase):
         status, output, _ = self.run_("needPackages lint")
         self.assertEqual(status, 1)
         self.assertIn("E: Unable to locate package shellcheck\n", output)
-        self.assertIn("test: the packages could not be installed; read build/packages.log", output)
+        self.assertIn("test: the packages could not be installed; see build/packages.log", output)
 
-    def testSaysWhatToDoWhereSudoRefuses(self):
+    def testSaysWhatToDoWhenSudoRefuses(self):
         self.userIs(1000)
         self.command("sudo", 'echo "mara is not in the sudoers file." >&2; exit 1')
         status, output, _ = self.run_("needPackages lint")
         self.assertEqual(status, 1)
         self.assertIn("mara is not in the sudoers file.\n", output)
-        self.assertIn("test: the packages could not be installed; read build/packages.log", output)
+        self.assertIn("test: the packages could not be installed; see build/packages.log", output)
 
     def testNamesThePackagesAndStopsOnAnotherDistribution(self):
         for name, codeName in (("fedora", ""), ("ubuntu", "noble"), ("debian", "bullseye")):
@@ -139,14 +138,14 @@ class Setup(unittest.TestCase):
                 self.system(name, codeName)
                 status, output, calls = self.run_("needPackages build run; echo went on")
                 self.assertEqual((status, calls), (1, []))
-                self.assertRegex(output, "^test: this sets itself up on Debian 12 and 13 only; ")
+                self.assertRegex(output, "^test: packages can be installed on Debian 12 and 13 only; ")
                 self.assertRegex(output, ": cmake window-module \n$")
 
-    def testStopsWhereTheSystemDoesNotSayWhatItIs(self):
+    def testStopsWhenTheSystemIsUnknown(self):
         (self.folder / "os-release").unlink()
         self.assertEqual(self.run_("needPackages build")[0], 1)
 
-    def testConfiguresOnceAndAgainWhenThePresetsChangedOrTheFolderMoved(self):
+    def testConfiguresAgainOnlyIfThePresetsChangedOrTheFolderMoved(self):
         home = 'echo "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" >build/dev/CMakeCache.txt'
         self.command("cmake", f"mkdir -p build/dev; {home}; : >build/dev/build.ninja")
         presets = self.folder / "CMakePresets.json"
@@ -168,7 +167,7 @@ class Setup(unittest.TestCase):
         os.utime(presets, (1, 1))
         (self.folder / "build/dev/CMakeCache.txt").write_text("CMAKE_HOME_DIRECTORY:INTERNAL=/elsewhere\n")
         self.assertEqual(times(), once)
-        # Broken off in the middle.
+        # Interrupted halfway.
         (self.folder / "build/dev/CMakeCache.txt").unlink()
         self.assertEqual(times(), once)
 
@@ -202,10 +201,10 @@ class Setup(unittest.TestCase):
         skipped = ("notrun", '<skipped message="SKIP_RETURN_CODE=77"/>\n')
         self.assertEqual(self.counted(0, skipped), (1, "0 passed, 0 failed, 1 skipped\n"))
 
-    def testFailsWhenTheTestsLeftNoReport(self):
+    def testFailsWhenThereIsNoReport(self):
         self.command("ctest", "exit 1")
         status, output, _ = self.run_("runTests dev")
-        self.assertEqual((status, output), (1, "test: ctest ended without a report; its words above say why\n"))
+        self.assertEqual((status, output), (1, "test: ctest ended without a report; its output above shows why\n"))
 
 
 if __name__ == "__main__":
