@@ -28,7 +28,7 @@ ContentView::ContentView(Passkey, Services services)
 std::vector<MPCProject> ContentView::filteredProjects() const {
     std::vector<MPCProject> matching;
     std::ranges::copy_if(scanner->projects.get(), std::back_inserter(matching),
-                         [this](const MPCProject& project) { return matchesSearch(project.baseName); });
+                         [this](const MPCProject& project) { return matchesSearch(project.baseName()); });
     return matching;
 }
 
@@ -57,7 +57,7 @@ bool ContentView::showsSearchBar() const {
 }
 
 bool ContentView::offersRename(const MPCProject& project) const {
-    return !newName.get().empty() && newName.get() != project.baseName;
+    return !newName.get().empty() && newName.get() != project.baseName();
 }
 
 std::string ContentView::alertMessage() const {
@@ -65,7 +65,7 @@ std::string ContentView::alertMessage() const {
 }
 
 void ContentView::beginRename(const MPCProject& project) {
-    newName.set(project.baseName);
+    newName.set(project.baseName());
     renamingProject.set(project);
 }
 
@@ -82,10 +82,10 @@ void ContentView::performRename(const MPCProject& project) {
         showError.set(true);
         return;
     }
-    successProject.set(project.id);
-    finishedRename.set(FinishedRename{project.id, name, false});
+    successProject.set(project.id());
+    finishedRename.set(FinishedRename{project.id(), name, false});
     renamingProject.set(std::nullopt);
-    services_.mainQueue->asyncAfter(rescanDelay, [self = shared_from_this(), renamed = project.id] {
+    services_.mainQueue->asyncAfter(rescanDelay, [self = shared_from_this(), renamed = project.id()] {
         // The scan must not keep the view alive.
         self->scanner->scan([weak = self->weak_from_this(), renamed] {
             if (const auto view = weak.lock()) {

@@ -56,9 +56,10 @@ private:
 
 std::vector<MPCProject> namedProjects(int count, bool accents) {
     std::mt19937 random(7);
-    std::vector<MPCProject> projects(static_cast<std::size_t>(count));
-    for (auto& project : projects) {
-        project.baseName = (accents && random() % 4 == 0 ? "Caf\u00e9 " : "Midnight Ferry ") + std::to_string(random());
+    std::vector<MPCProject> projects;
+    for (int i = 0; i < count; ++i) {
+        const std::string start = accents && random() % 4 == 0 ? "Caf\u00e9 " : "Midnight Ferry ";
+        projects.emplace_back(start + std::to_string(random()), fs::path(), std::nullopt, 0, 0);
     }
     return projects;
 }
@@ -67,7 +68,7 @@ void scan(benchmark::State& state) {
     const ProjectsFolder folder(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     const auto disk = makePosixFileManager();
     for (auto _ : state) {
-        auto projects = measureProjects(*disk, folder.path(), listFolder(*disk, folder.path()), UUID::random);
+        auto projects = measureProjects(*disk, folder.path(), listFolder(*disk, folder.path()));
         sortByName(projects, "en_US");
         benchmark::DoNotOptimize(projects.data());
     }
@@ -94,23 +95,19 @@ public:
 /// Renames one project forth and back on the real disk, which is brought up to date each time.
 void rename(benchmark::State& state) {
     const ProjectsFolder folder(0, 0);
-    MPCProject project;
-    project.baseName = "Night Drive";
-    std::string otherName = "Dawn";
-    const auto place = [&] {
-        project.xpjURL = folder.path() / (project.baseName + ".xpj");
-        project.dataFolderURL = folder.path() / (project.baseName + std::string(dataFolderSuffix));
+    const auto projectNamed = [&](const std::string& name) {
+        return MPCProject(name, folder.path() / (name + ".xpj"), folder.path() / (name + "_[ProjectData]"), 0, 0);
     };
-    place();
-    fs::create_directories(*project.dataFolderURL);
-    std::ofstream(project.xpjURL) << projectText(state.range(0));
+    auto project = projectNamed("Night Drive");
+    auto renamed = projectNamed("Dawn");
+    fs::create_directories(*project.dataFolderURL());
+    std::ofstream(project.xpjURL()) << projectText(state.range(0));
     const auto queue = std::make_shared<NoQueue>();
     const auto scanner = MPCScanner::create({makePosixFileManager(), queue, queue, nullptr});
     scanner->folderURL.set(folder.path());
     for (auto _ : state) {
-        scanner->rename(project, otherName);
-        std::swap(project.baseName, otherName);
-        place();
+        scanner->rename(project, renamed.baseName());
+        std::swap(project, renamed);
     }
 }
 BENCHMARK(rename)->Arg(100)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -138,7 +135,7 @@ void search(benchmark::State& state) {
     const auto projects = namedProjects(20'000, state.range(0) != 0);
     for (auto _ : state) {
         for (const auto& project : projects) {
-            benchmark::DoNotOptimize(localizedCaseInsensitiveContains(project.baseName, "ferry 77", "en_US"));
+            benchmark::DoNotOptimize(localizedCaseInsensitiveContains(project.baseName(), "ferry 77", "en_US"));
         }
     }
 }

@@ -21,9 +21,6 @@ struct UUID {
     friend bool operator==(const UUID&, const UUID&) = default;
 };
 
-/// Where a record takes its identity from; tests pass their own.
-using UUIDGenerator = std::function<UUID()>;
-
 } // namespace tarvolt
 
 template<> struct std::hash<tarvolt::UUID> { std::size_t operator()(const tarvolt::UUID& id) const noexcept; };

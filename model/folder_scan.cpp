@@ -31,27 +31,28 @@ void addSize(std::int64_t& sum, std::int64_t size) {
     }
 }
 
-void measureDataFolder(const FileManager& fileManager, MPCProject& project) {
+/// One project of the listing, paired with its data folder and measured.
+MPCProject projectOf(const FileManager& fileManager, const std::filesystem::path& folder, const FolderListing& listing,
+                     const FolderListing::ProjectFile& file) {
+    std::string baseName(baseNameOf(file.name));
+    std::optional<std::filesystem::path> dataFolder;
     std::int64_t count = 0;
     std::int64_t total = 0;
-    try {
-        fileManager.contentsOfDirectory(*project.dataFolderURL, LinkPolicy::refuse, [&](const DirectoryEntry& entry) {
-            ++count;
-            addSize(total, entry.fileSize.value_or(0));
-        });
-    } catch (const FileError&) {
-        // A data folder that cannot be listed counts nothing; the project is still there to be seen and renamed.
-        return;
+    if (const auto expected = baseName + std::string(dataFolderSuffix);
+        std::ranges::binary_search(listing.dataFolderNames, expected)) {
+        dataFolder = appending(folder, expected);
+        try {
+            fileManager.contentsOfDirectory(*dataFolder, LinkPolicy::refuse, [&](const DirectoryEntry& entry) {
+                ++count;
+                addSize(total, entry.fileSize.value_or(0));
+            });
+        } catch (const FileError&) {
+            // A data folder that cannot be listed counts as empty: the project can still be seen and renamed.
+            count = total = 0;
+        }
     }
-    project.fileCount = count;
-    project.totalSize = total;
-}
-
-void measure(const FileManager& fileManager, const FolderListing::ProjectFile& file, MPCProject& project) {
-    if (project.dataFolderURL) {
-        measureDataFolder(fileManager, project);
-    }
-    addSize(project.totalSize, file.fileSize.value_or(0));
+    addSize(total, file.fileSize.value_or(0));
+    return {std::move(baseName), appending(folder, file.name), std::move(dataFolder), count, total};
 }
 
 /// Calls `work` once for each index below `count`, on this thread and, where it pays, on some that end with the call,
@@ -116,24 +117,17 @@ FolderListing listFolder(const FileManager& fileManager, const std::filesystem::
 }
 
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
-                                        const FolderListing& listing, const UUIDGenerator& makeUUID) {
-    std::vector<MPCProject> projects(listing.projectFiles.size());
-    std::size_t dataFolders = 0;
-    for (std::size_t i = 0; i < projects.size(); ++i) {
-        const std::string& fileName = listing.projectFiles[i].name;
-        auto& project = projects[i];
-        project.id = makeUUID();
-        project.baseName = baseNameOf(fileName);
-        project.xpjURL = appending(folder, fileName);
-        const auto expected = project.baseName + std::string(dataFolderSuffix);
-        const auto& names = listing.dataFolderNames;
-        if (std::binary_search(names.begin(), names.end(), expected)) {
-            project.dataFolderURL = appending(folder, expected);
-            ++dataFolders;
-        }
+                                        const FolderListing& listing) {
+    const auto& files = listing.projectFiles;
+    std::vector<std::optional<MPCProject>> measured(files.size());
+    const bool inParallel = std::min(files.size(), listing.dataFolderNames.size()) >= foldersWorthThreads;
+    forEachIndex(files.size(), inParallel,
+                 [&](std::size_t i) { measured[i] = projectOf(fileManager, folder, listing, files[i]); });
+    std::vector<MPCProject> projects;
+    projects.reserve(measured.size());
+    for (auto& project : measured) {
+        projects.push_back(*std::move(project));
     }
-    forEachIndex(projects.size(), dataFolders >= foldersWorthThreads,
-                 [&](std::size_t i) { measure(fileManager, listing.projectFiles[i], projects[i]); });
     return projects;
 }
 
@@ -142,7 +136,7 @@ void sortByName(std::vector<MPCProject>& projects, std::string_view locale) {
     std::vector<std::pair<std::string, std::size_t>> keys;
     keys.reserve(projects.size());
     for (std::size_t i = 0; i < projects.size(); ++i) {
-        keys.emplace_back(order.sortKey(projects[i].baseName), i);
+        keys.emplace_back(order.sortKey(projects[i].baseName()), i);
     }
     // Equal names are told apart by their place in the listing, which is what a stable sort keeps.
     std::sort(keys.begin(), keys.end());

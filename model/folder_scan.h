@@ -2,7 +2,6 @@
 
 #include "foundation/file_manager.h"
 #include "model/mpc_project.h"
-#include "model/services.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -38,11 +37,11 @@ struct FolderListing {
 /// Lists `folder`, one level; links in it are not followed, `folder` itself may be one. Throws FileError.
 FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder);
 
-/// Pairs the project files with their data folders and measures them, in listing order. Nothing here fails: what cannot
-/// be read counts nothing. Ends the process when a sum of sizes leaves 64 bits. May use threads of its own, which end
-/// with the call; `makeUUID` is called on the calling thread only.
+/// The projects of a listing, each paired with its data folder and measured, in listing order. What cannot be read
+/// counts as nothing. Throws only when memory or the random generator fails. Ends the process when a sum of sizes
+/// exceeds 64 bits. May use threads of its own, which end with the call.
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
-                                        const FolderListing& listing, const UUIDGenerator& makeUUID);
+                                        const FolderListing& listing);
 
 /// Sorts by name, ascending, without regard to case by the rules of `locale`; equal names keep their order.
 void sortByName(std::vector<MPCProject>& projects, std::string_view locale);

@@ -7,26 +7,46 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace tarvolt {
 
-/// One project found in the chosen folder: a project file and, usually, a data folder beside it. Two records are equal
-/// when their `id` is, whatever else they hold: each scan makes new identities.
-struct MPCProject {
-    UUID id;                                            ///< drawn afresh by every scan
-    std::string baseName;                               ///< the project file's name without its extension, bytes
-    std::filesystem::path xpjURL;                       ///< the project file
-    std::optional<std::filesystem::path> dataFolderURL; ///< `<baseName>_[ProjectData]` beside it, when there is one
-    std::int64_t fileCount = 0; ///< entries directly in the data folder, hidden ones left out; 0 without one
-    std::int64_t totalSize = 0; ///< bytes of those entries and of the project file
+/// One project found in the chosen folder: a project file and, usually, a data folder beside it. Never changes once
+/// made. Two records are equal when their `id` is, whatever else they hold, so each scan makes different ones.
+class MPCProject {
+public:
+    MPCProject(std::string baseName, std::filesystem::path xpjURL, std::optional<std::filesystem::path> dataFolderURL,
+               std::int64_t fileCount, std::int64_t totalSize)
+        : baseName_(std::move(baseName)), xpjURL_(std::move(xpjURL)), dataFolderURL_(std::move(dataFolderURL)),
+          fileCount_(fileCount), totalSize_(totalSize) {}
 
-    friend bool operator==(const MPCProject& a, const MPCProject& b) { return a.id == b.id; }
+    /// Random, drawn when the record is made.
+    const UUID& id() const { return id_; }
+    /// The project file's name without its extension; bytes, which need not be UTF-8.
+    const std::string& baseName() const { return baseName_; }
+    const std::filesystem::path& xpjURL() const { return xpjURL_; }
+    /// `<baseName>_[ProjectData]` beside the project file; absent when there is none.
+    const std::optional<std::filesystem::path>& dataFolderURL() const { return dataFolderURL_; }
+    /// Entries directly in the data folder, without hidden ones; 0 when there is none or it cannot be listed.
+    std::int64_t fileCount() const { return fileCount_; }
+    /// Bytes of those entries and of the project file.
+    std::int64_t totalSize() const { return totalSize_; }
+
+    friend bool operator==(const MPCProject& a, const MPCProject& b) { return a.id_ == b.id_; }
+
+private:
+    UUID id_ = UUID::random();
+    std::string baseName_;
+    std::filesystem::path xpjURL_;
+    std::optional<std::filesystem::path> dataFolderURL_;
+    std::int64_t fileCount_;
+    std::int64_t totalSize_;
 };
 
 } // namespace tarvolt
 
 template<> struct std::hash<tarvolt::MPCProject> {
     std::size_t operator()(const tarvolt::MPCProject& project) const noexcept {
-        return std::hash<tarvolt::UUID>{}(project.id);
+        return std::hash<tarvolt::UUID>{}(project.id());
     }
 };

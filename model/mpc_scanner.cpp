@@ -38,7 +38,7 @@ MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::pa
     scanner.log("Found " + std::to_string(listing.projectFiles.size()) + " .xpj file(s) and " +
                     std::to_string(listing.dataFolderNames.size()) + " data folder(s)",
                 false);
-    auto projects = measureProjects(*services.fileManager, folder, listing, services.makeUUID);
+    auto projects = measureProjects(*services.fileManager, folder, listing);
     sortByName(projects, services.locale.collate);
     return projects;
 }
@@ -78,8 +78,8 @@ MPCScanner::MPCScanner(Passkey, Services services) : isScanning(false), services
 
 void MPCScanner::log(std::string message, bool isError) {
     services_.mainQueue->async([self = shared_from_this(), message = std::move(message), isError]() mutable {
-        LogEntry entry{self->services_.makeUUID(), self->services_.now(), std::move(message), isError};
-        self->logEntries.change([&](LogEntries& entries) { entries.push_front(std::move(entry)); });
+        self->logEntries.change(
+            [&](LogEntries& entries) { entries.emplace_front(self->services_.now(), std::move(message), isError); });
     });
 }
 

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvolt {
@@ -24,10 +25,13 @@ class MPCScanner final : public std::enable_shared_from_this<MPCScanner> {
 public:
     /// One line of the activity log.
     struct LogEntry {
-        UUID id;
-        std::chrono::system_clock::time_point timestamp; ///< when the line was added, not when it was sent
-        std::string message;                             ///< as shown, UTF-8 but for the bytes of names
-        bool isError = false;
+        LogEntry(std::chrono::system_clock::time_point when, std::string text, bool error)
+            : timestamp(when), message(std::move(text)), isError(error) {}
+
+        const UUID id = UUID::random();
+        const std::chrono::system_clock::time_point timestamp; ///< when the line was added, not when it was sent
+        const std::string message; ///< as shown; UTF-8 except for names, which are bytes as on disk
+        const bool isError;
     };
 
     using Projects = std::vector<MPCProject>;

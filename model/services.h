@@ -3,7 +3,6 @@
 #include "foundation/dispatch_queue.h"
 #include "foundation/file_manager.h"
 #include "foundation/locale.h"
-#include "foundation/uuid.h"
 #include "model/folder_panel.h"
 
 #include <chrono>
@@ -20,7 +19,6 @@ struct Services {
     std::shared_ptr<DispatchQueue> mainQueue;       ///< serial, on the main thread
     std::shared_ptr<DispatchQueue> backgroundQueue; ///< concurrent
     std::shared_ptr<FolderPanel> folderPanel;
-    UUIDGenerator makeUUID = UUID::random;
     WallClock now = std::chrono::system_clock::now;
     UserLocale locale = currentLocale();
 };

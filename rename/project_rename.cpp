@@ -99,16 +99,16 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
         throw RenameError::destinationExists(newName);
     }
     // What is moved and removed later is what was here now, where that can be told.
-    const auto oldFileSeen = fileManager.state(project.xpjURL);
+    const auto oldFileSeen = fileManager.state(project.xpjURL());
     const auto oldFolderSeen =
-        project.dataFolderURL ? fileManager.state(*project.dataFolderURL) : std::optional<FileState>();
-    const std::string oldText = readText(fileManager, project.xpjURL);
-    const std::string newText = updatedText(oldText, project.baseName, newName);
+        project.dataFolderURL() ? fileManager.state(*project.dataFolderURL()) : std::optional<FileState>();
+    const std::string oldText = readText(fileManager, project.xpjURL());
+    const std::string newText = updatedText(oldText, project.baseName(), newName);
     const FileIdentity created = writeProjectFile(fileManager, newProjectFile, newText);
-    if (project.dataFolderURL) {
-        moveDataFolder(fileManager, *project.dataFolderURL, oldFolderSeen, newDataFolder, newProjectFile, created);
+    if (project.dataFolderURL()) {
+        moveDataFolder(fileManager, *project.dataFolderURL(), oldFolderSeen, newDataFolder, newProjectFile, created);
     }
-    removeOldProjectFile(fileManager, project.xpjURL, oldFileSeen, newProjectFile, created);
+    removeOldProjectFile(fileManager, project.xpjURL(), oldFileSeen, newProjectFile, created);
 }
 
 } // namespace
@@ -124,10 +124,10 @@ void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
         throw;
     } catch (const std::exception&) {
         // No memory: nothing can be read here.
-        throw RenameError::readFailed(project.xpjURL.filename());
+        throw RenameError::readFailed(project.xpjURL().filename());
     }
     try {
-        log("Renamed \"" + project.baseName + "\" → \"" + newName + "\"", false);
+        log("Renamed \"" + project.baseName() + "\" → \"" + newName + "\"", false);
     } catch (const std::exception&) {
         // No memory: the rename is done, though its line is missing.
     }

@@ -27,7 +27,7 @@ void ProjectListModel::setRenamed(std::optional<UUID> renamed) {
         return;
     }
     for (int row = 0; row < rowCount(); ++row) {
-        const UUID& id = projects_[static_cast<std::size_t>(row)].id;
+        const UUID& id = projects_[static_cast<std::size_t>(row)].id();
         if (id == previous || id == renamed) {
             emit dataChanged(index(row), index(row), {renamedRole, sentenceRole, detailsSentenceRole});
         }
@@ -47,8 +47,8 @@ int ProjectListModel::rowOf(const std::string& baseName) const {
 }
 
 int ProjectListModel::rowShowing(const QString& name) const {
-    const auto found = std::ranges::find(projects_, name,
-                                         [](const MPCProject& project) { return singleLineString(project.baseName); });
+    const auto found = std::ranges::find(
+        projects_, name, [](const MPCProject& project) { return singleLineString(project.baseName()); });
     return found == projects_.end() ? -1 : static_cast<int>(found - projects_.begin());
 }
 
@@ -63,21 +63,21 @@ QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
     const MPCProject& project = projects_[static_cast<std::size_t>(index.row())];
     switch (role) {
     case nameRole:
-        return singleLineString(project.baseName);
+        return singleLineString(project.baseName());
     case symbolRole:
         return displayString(projectSymbol(project));
     case fileCountRole:
-        return displayString(fileCountText(project.fileCount, locale_));
+        return displayString(fileCountText(project.fileCount(), locale_));
     case sizeRole:
-        return displayString(byteCountText(project.totalSize, locale_));
+        return displayString(byteCountText(project.totalSize(), locale_));
     case hasDataFolderRole:
-        return project.dataFolderURL.has_value();
+        return project.dataFolderURL().has_value();
     case renamedRole:
-        return project.id == renamed_;
+        return project.id() == renamed_;
     case sentenceRole:
-        return singleLineString(projectRowSentence(project, project.id == renamed_, locale_));
+        return singleLineString(projectRowSentence(project, project.id() == renamed_, locale_));
     case detailsSentenceRole:
-        return singleLineString(projectDetailsSentence(project, project.id == renamed_, locale_));
+        return singleLineString(projectDetailsSentence(project, project.id() == renamed_, locale_));
     case buttonSentenceRole:
         return singleLineString(renameButtonSentence(project));
     default:

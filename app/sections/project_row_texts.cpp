@@ -11,12 +11,13 @@ std::string fileCountText(std::int64_t fileCount, std::string_view locale) {
 }
 
 std::string_view projectSymbol(const MPCProject& project) {
-    return project.dataFolderURL ? "music.note.list" : "music.note";
+    return project.dataFolderURL() ? "music.note.list" : "music.note";
 }
 
 std::string projectDetailsSentence(const MPCProject& project, bool renamed, std::string_view locale) {
-    std::string sentence = fileCountText(project.fileCount, locale) + ", " + byteCountText(project.totalSize, locale);
-    if (!project.dataFolderURL) {
+    std::string sentence =
+        fileCountText(project.fileCount(), locale) + ", " + byteCountText(project.totalSize(), locale);
+    if (!project.dataFolderURL()) {
         sentence += ", " + localized("ProjectRow", "No data folder");
     }
     if (renamed) {
@@ -26,11 +27,11 @@ std::string projectDetailsSentence(const MPCProject& project, bool renamed, std:
 }
 
 std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale) {
-    return project.baseName + ", " + projectDetailsSentence(project, renamed, locale);
+    return project.baseName() + ", " + projectDetailsSentence(project, renamed, locale);
 }
 
 std::string renameButtonSentence(const MPCProject& project) {
-    return localized("ProjectRow", "Rename") + " " + project.baseName;
+    return localized("ProjectRow", "Rename") + " " + project.baseName();
 }
 
 } // namespace tarvolt

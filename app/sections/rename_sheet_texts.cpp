@@ -7,21 +7,21 @@ namespace tarvolt {
 namespace {
 
 PreviewRow withEnding(const MPCProject& project, std::string_view newName, std::string_view ending) {
-    return {project.baseName + std::string(ending), std::string(newName) + std::string(ending)};
+    return {project.baseName() + std::string(ending), std::string(newName) + std::string(ending)};
 }
 
 } // namespace
 
 std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName) {
     std::vector<PreviewRow> rows{withEnding(project, newName, projectFileExtension)};
-    if (project.dataFolderURL) {
+    if (project.dataFolderURL()) {
         rows.push_back(withEnding(project, newName, dataFolderSuffix));
     }
     return rows;
 }
 
 std::string currentNameText(const MPCProject& project) {
-    return localized("RenameSheet", "Current: ") + project.baseName;
+    return localized("RenameSheet", "Current: ") + project.baseName();
 }
 
 } // namespace tarvolt

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -35,12 +36,11 @@ protected:
 
     MPCProject project(const std::string& name) {
         for (const auto& each : view->scanner->projects.get()) {
-            if (each.baseName == name) {
+            if (each.baseName() == name) {
                 return each;
             }
         }
-        ADD_FAILURE() << "no project " << name;
-        return {};
+        throw std::out_of_range("no project " + name);
     }
 
     Scene scene;
@@ -213,12 +213,12 @@ TEST_F(ContentViewTest, KeepsTheSearchTextThroughARescanAndARename) {
 
 class RenameFlow : public ContentViewTest {
 protected:
-    RenameFlow() {
+    MPCProject chosenSong() {
         disk.addFile("/p/Song.xpj", "<a>Song_[ProjectData]/k.wav</a>");
         disk.addFolder("/p/Song_[ProjectData]");
         disk.addFile("/p/Other.xpj", "o");
         choose("/p");
-        song = project("Song");
+        return project("Song");
     }
 
     void renameTo(const std::string& name) {
@@ -227,7 +227,7 @@ protected:
         view->performRename(song);
     }
 
-    MPCProject song;
+    MPCProject song = chosenSong();
 };
 
 TEST_F(RenameFlow, OpensTheSheetWithTheNameOfTheRowPressedLast) {
@@ -265,7 +265,7 @@ TEST_F(RenameFlow, OffersARenameForAnotherNameThatIsNotEmptyOnly) {
 TEST_F(RenameFlow, ClosesTheSheetAndMarksTheRowOnSuccess) {
     renameTo("Beat");
     EXPECT_FALSE(view->renamingProject.get().has_value());
-    EXPECT_EQ(view->successProject.get(), song.id);
+    EXPECT_EQ(view->successProject.get(), song.id());
     EXPECT_FALSE(view->showError.get());
     EXPECT_EQ(disk.disk(), (Lines{"/p/", "/p/Beat.xpj=<a>Beat_[ProjectData]/k.wav</a>", "/p/Beat_[ProjectData]/",
                                   "/p/Other.xpj=o"}));
@@ -305,7 +305,7 @@ TEST_F(RenameFlow, ScansAgainHalfASecondLaterAndNotEarlier) {
 TEST_F(RenameFlow, EndsTheHighlightTwoSecondsLaterAndNotEarlier) {
     renameTo("Beat");
     scene.mainQueue->advance(1999ms);
-    EXPECT_EQ(view->successProject.get(), song.id);
+    EXPECT_EQ(view->successProject.get(), song.id());
     scene.mainQueue->advance(1ms);
     EXPECT_FALSE(view->successProject.get().has_value());
 }
@@ -314,8 +314,8 @@ TEST_F(RenameFlow, LosesTheHighlightedRowWithTheRescanBecauseIdentitiesAreNew) {
     renameTo("Beat");
     scene.mainQueue->advance(500ms);
     scene.settle();
-    EXPECT_EQ(view->successProject.get(), song.id);
-    EXPECT_NE(project("Beat").id, song.id);
+    EXPECT_EQ(view->successProject.get(), song.id());
+    EXPECT_NE(project("Beat").id(), song.id());
 }
 
 TEST_F(RenameFlow, EndsTheHighlightOfASecondRenameEarlyWithTheFirst) {
@@ -324,7 +324,7 @@ TEST_F(RenameFlow, EndsTheHighlightOfASecondRenameEarlyWithTheFirst) {
     scene.settle();
     song = project("Beat");
     renameTo("Loop");
-    EXPECT_EQ(view->successProject.get(), song.id);
+    EXPECT_EQ(view->successProject.get(), song.id());
     scene.mainQueue->advance(500ms);
     EXPECT_FALSE(view->successProject.get().has_value());
 }
@@ -421,12 +421,12 @@ TEST_F(RenameFlow, CallsAnErrorWithoutATextUnknown) {
 }
 
 TEST_F(ContentViewTest, TakesARenameWithoutAFolderForASuccess) {
-    const MPCProject song{UUID::random(), "Song", "/p/Song.xpj", std::nullopt, 0, 0};
+    const MPCProject song("Song", "/p/Song.xpj", std::nullopt, 0, 0);
     view->beginRename(song);
     view->newName.set("Beat");
     view->performRename(song);
     EXPECT_FALSE(view->showError.get());
-    EXPECT_EQ(view->successProject.get(), song.id);
+    EXPECT_EQ(view->successProject.get(), song.id());
     EXPECT_FALSE(view->renamingProject.get().has_value());
     EXPECT_TRUE(disk.traffic().empty());
     scene.mainQueue->advance(2s);

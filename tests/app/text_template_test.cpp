@@ -37,7 +37,7 @@ TEST(TextTemplate, HoldsEveryKeyThatTheStateAndTheSectionsAskFor) {
     const auto view = ContentView::create(scene.services());
     view->scanner->selectFolder();
     view->alertMessage();
-    const MPCProject project;
+    const MPCProject project("Song", "/p/Song.xpj", std::nullopt, 0, 0);
     projectCountText(1, "en_US");
     projectRowSentence(project, true, "en_US");
     renameButtonSentence(project);

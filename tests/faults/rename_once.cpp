@@ -33,12 +33,10 @@ int main(int argc, char** argv) {
     const auto scanner = MPCScanner::create({makePosixFileManager(), queue, queue, nullptr});
     scanner->folderURL.set(folder);
     const std::string dataFolder = folder + "/" + name + std::string(dataFolderSuffix);
-    MPCProject project;
-    project.baseName = name;
-    project.xpjURL = folder + "/" + name + ".xpj";
-    if (struct stat status{}; ::stat(dataFolder.c_str(), &status) == 0) {
-        project.dataFolderURL = dataFolder;
-    }
+    struct stat status {};
+    const bool hasDataFolder = ::stat(dataFolder.c_str(), &status) == 0;
+    const MPCProject project(name, folder + "/" + name + ".xpj",
+                             hasDataFolder ? std::optional<std::filesystem::path>(dataFolder) : std::nullopt, 0, 0);
     std::puts("begin");
     std::fflush(stdout);
     try {

@@ -51,10 +51,10 @@ TEST_F(FolderScanOnDisk, FindsPairsAndMeasures) {
     folder.makeFolder("Song_[ProjectData]/more");
     folder.write("Song_[ProjectData]/.hidden", "much more than nothing");
     const auto& song = scan().front();
-    EXPECT_EQ(song.fileCount, 3);
-    EXPECT_EQ(song.totalSize, 520);
-    EXPECT_EQ(song.xpjURL, folder / "Song.xpj");
-    EXPECT_EQ(song.dataFolderURL, folder / "Song_[ProjectData]");
+    EXPECT_EQ(song.fileCount(), 3);
+    EXPECT_EQ(song.totalSize(), 520);
+    EXPECT_EQ(song.xpjURL(), folder / "Song.xpj");
+    EXPECT_EQ(song.dataFolderURL(), folder / "Song_[ProjectData]");
 }
 
 TEST_F(FolderScanOnDisk, FollowsNothingInTheFolderAndCountsLinksAsThemselves) {
@@ -70,10 +70,10 @@ TEST_F(FolderScanOnDisk, FollowsNothingInTheFolderAndCountsLinksAsThemselves) {
     fs::create_symlink(outside / "big.wav", folder / "Beat_[ProjectData]/big.wav");
     ASSERT_EQ(names(scan()), (Lines{"Beat", "Dangling", "Linked", "Loop", "Song"}));
     const auto& projects = scanner->projects.get();
-    EXPECT_EQ(projects[0].fileCount, 1);
-    EXPECT_EQ(projects[0].totalSize, 1 + static_cast<std::int64_t>((outside / "big.wav").native().size()));
-    EXPECT_EQ(projects[1].totalSize, static_cast<std::int64_t>(std::string("nowhere").size()));
-    EXPECT_FALSE(projects[4].dataFolderURL.has_value());
+    EXPECT_EQ(projects[0].fileCount(), 1);
+    EXPECT_EQ(projects[0].totalSize(), 1 + static_cast<std::int64_t>((outside / "big.wav").native().size()));
+    EXPECT_EQ(projects[1].totalSize(), static_cast<std::int64_t>(std::string("nowhere").size()));
+    EXPECT_FALSE(projects[4].dataFolderURL().has_value());
     EXPECT_EQ(messages(*scanner).back(), "Found 5 .xpj file(s) and 1 data folder(s)");
 }
 
@@ -82,15 +82,15 @@ TEST_F(FolderScanOnDisk, FollowsTheChosenFolderItselfWhenItIsALink) {
     folder.write("Song.xpj", "x");
     fs::create_directory_symlink(folder.path(), links / "link");
     ASSERT_EQ(scan(links / "link").size(), 1U);
-    EXPECT_EQ(scanner->projects.get().front().xpjURL, links / "link/Song.xpj");
+    EXPECT_EQ(scanner->projects.get().front().xpjURL(), links / "link/Song.xpj");
 }
 
 TEST_F(FolderScanOnDisk, ListsPipesAndFoldersThatAreNamedLikeProjectsAndNeverBlocks) {
     ASSERT_EQ(mkfifo((folder / "Pipe.xpj").c_str(), 0600), 0);
     folder.makeFolder("Folder.xpj");
     ASSERT_EQ(names(scan()), (Lines{"Folder", "Pipe"}));
-    EXPECT_EQ(scanner->projects.get()[0].totalSize, 0);
-    EXPECT_EQ(scanner->projects.get()[1].totalSize, 0);
+    EXPECT_EQ(scanner->projects.get()[0].totalSize(), 0);
+    EXPECT_EQ(scanner->projects.get()[1].totalSize(), 0);
 }
 
 TEST_F(FolderScanOnDisk, KeepsTheBytesOfNamesThatAreNotUtf8OrHoldControls) {
@@ -98,14 +98,14 @@ TEST_F(FolderScanOnDisk, KeepsTheBytesOfNamesThatAreNotUtf8OrHoldControls) {
     folder.write(broken + ".xpj", "x");
     folder.makeFolder(broken + "_[ProjectData]");
     const auto& project = scan().front();
-    EXPECT_EQ(project.baseName, broken);
-    EXPECT_TRUE(project.dataFolderURL.has_value());
+    EXPECT_EQ(project.baseName(), broken);
+    EXPECT_TRUE(project.dataFolderURL().has_value());
 }
 
 TEST_F(FolderScanOnDisk, ListsTheLongestNamesThereCanBe) {
     const std::string longest(251, 'n');
     folder.write(longest + ".xpj", "x");
-    EXPECT_EQ(scan().front().baseName, longest);
+    EXPECT_EQ(scan().front().baseName(), longest);
 }
 
 TEST_F(FolderScanOnDisk, SkipsADataFolderThatVanishesAfterTheListing) {
@@ -114,10 +114,10 @@ TEST_F(FolderScanOnDisk, SkipsADataFolderThatVanishesAfterTheListing) {
     const auto files = makePosixFileManager();
     const auto listing = listFolder(*files, folder.path());
     fs::remove(folder / "Song_[ProjectData]");
-    const auto projects = measureProjects(*files, folder.path(), listing, UUID::random);
+    const auto projects = measureProjects(*files, folder.path(), listing);
     ASSERT_EQ(projects.size(), 1U);
-    EXPECT_EQ(projects.front().fileCount, 0);
-    EXPECT_EQ(projects.front().totalSize, 1);
+    EXPECT_EQ(projects.front().fileCount(), 0);
+    EXPECT_EQ(projects.front().totalSize(), 1);
 }
 
 TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatBecomesALinkAfterTheListing) {
@@ -129,7 +129,7 @@ TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatBecomesALinkAfterTheListing)
     const auto listing = listFolder(*files, folder.path());
     fs::remove(folder / "Song_[ProjectData]");
     fs::create_directory_symlink(outside.path(), folder / "Song_[ProjectData]");
-    EXPECT_EQ(measureProjects(*files, folder.path(), listing, UUID::random).front().totalSize, 1);
+    EXPECT_EQ(measureProjects(*files, folder.path(), listing).front().totalSize(), 1);
 }
 
 TEST_F(FolderScanOnDisk, ListsAHundredThousandEntriesBesideAndInADataFolder) {
@@ -147,8 +147,8 @@ TEST_F(FolderScanOnDisk, ListsAHundredThousandEntriesBesideAndInADataFolder) {
         fs::remove(folder / "odd");
     }
     ASSERT_EQ(scan().size(), 1U);
-    EXPECT_EQ(scanner->projects.get().front().fileCount, entries);
-    EXPECT_EQ(scanner->projects.get().front().totalSize, 1 + 5 * static_cast<std::int64_t>(entries));
+    EXPECT_EQ(scanner->projects.get().front().fileCount(), entries);
+    EXPECT_EQ(scanner->projects.get().front().totalSize(), 1 + 5 * static_cast<std::int64_t>(entries));
 }
 
 TEST_F(FolderScanOnDisk, EndsWhileEntriesComeGoAndGrow) {

@@ -65,11 +65,11 @@ TEST_F(FolderScan, MeasuresTheDataFolderOneLevelDeepAndAddsTheProjectFile) {
     disk.addFile("/p/Song_[ProjectData]/more/c.wav", 1000);
     ASSERT_EQ(scan().size(), 1U);
     const auto& song = scanner->projects.get().front();
-    EXPECT_EQ(song.baseName, "Song");
-    EXPECT_EQ(song.xpjURL, "/p/Song.xpj");
-    EXPECT_EQ(song.dataFolderURL, "/p/Song_[ProjectData]");
-    EXPECT_EQ(song.fileCount, 3);
-    EXPECT_EQ(song.totalSize, 520);
+    EXPECT_EQ(song.baseName(), "Song");
+    EXPECT_EQ(song.xpjURL(), "/p/Song.xpj");
+    EXPECT_EQ(song.dataFolderURL(), "/p/Song_[ProjectData]");
+    EXPECT_EQ(song.fileCount(), 3);
+    EXPECT_EQ(song.totalSize(), 520);
 }
 
 TEST_F(FolderScan, TakesTheExtensionInAnyCaseButTheFolderNameExactly) {
@@ -78,16 +78,16 @@ TEST_F(FolderScan, TakesTheExtensionInAnyCaseButTheFolderNameExactly) {
     disk.addFile("/p/Beat.xPj", 7);
     disk.addFolder("/p/Beat_[ProjectData]");
     ASSERT_EQ(names(scan()), (Lines{"Beat", "Loop"}));
-    EXPECT_TRUE(scanner->projects.get()[0].dataFolderURL.has_value());
-    EXPECT_FALSE(scanner->projects.get()[1].dataFolderURL.has_value());
+    EXPECT_TRUE(scanner->projects.get()[0].dataFolderURL().has_value());
+    EXPECT_FALSE(scanner->projects.get()[1].dataFolderURL().has_value());
 }
 
 TEST_F(FolderScan, GivesAProjectWithoutADataFolderItsOwnSizeAlone) {
     disk.addFile("/p/Song.xpj", 123);
     const auto& song = scan().front();
-    EXPECT_FALSE(song.dataFolderURL.has_value());
-    EXPECT_EQ(song.fileCount, 0);
-    EXPECT_EQ(song.totalSize, 123);
+    EXPECT_FALSE(song.dataFolderURL().has_value());
+    EXPECT_EQ(song.fileCount(), 0);
+    EXPECT_EQ(song.totalSize(), 123);
 }
 
 TEST_F(FolderScan, CountsADataFolderWithoutAProjectButListsNoProject) {
@@ -111,8 +111,8 @@ TEST_F(FolderScan, LeavesHiddenEntriesOutEverywhere) {
     disk.addFolder("/p/Song_[ProjectData]");
     disk.addFile("/p/Song_[ProjectData]/.cache", 1000);
     ASSERT_EQ(names(scan()), (Lines{"Song"}));
-    EXPECT_EQ(scanner->projects.get().front().fileCount, 0);
-    EXPECT_EQ(scanner->projects.get().front().totalSize, 5);
+    EXPECT_EQ(scanner->projects.get().front().fileCount(), 0);
+    EXPECT_EQ(scanner->projects.get().front().totalSize(), 5);
     EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 1 data folder(s)");
 }
 
@@ -179,15 +179,15 @@ TEST_F(FolderScan, CountsNothingOfADataFolderWhoseListingBreaksOff) {
     disk.addFile("/p/Song_[ProjectData]/b.wav", 100);
     folder.listError = EIO;
     folder.listErrorAfter = 1;
-    EXPECT_EQ(scan().front().fileCount, 0);
-    EXPECT_EQ(scanner->projects.get().front().totalSize, 5);
+    EXPECT_EQ(scan().front().fileCount(), 0);
+    EXPECT_EQ(scanner->projects.get().front().totalSize(), 5);
 }
 
 TEST_F(FolderScan, ListsAFolderNamedLikeAProjectFile) {
     disk.addFolder("/p/Odd.xpj");
     const auto& odd = scan().front();
-    EXPECT_EQ(odd.baseName, "Odd");
-    EXPECT_EQ(odd.totalSize, 0);
+    EXPECT_EQ(odd.baseName(), "Odd");
+    EXPECT_EQ(odd.totalSize(), 0);
 }
 
 TEST_F(FolderScan, CountsAFolderNamedLikeBothAsBoth) {
@@ -200,7 +200,7 @@ TEST_F(FolderScan, TakesALinkNamedLikeADataFolderForNone) {
     disk.addFile("/p/Song.xpj", 5);
     disk.addFolder("/elsewhere");
     disk.addLink("/p/Song_[ProjectData]", "/elsewhere");
-    EXPECT_FALSE(scan().front().dataFolderURL.has_value());
+    EXPECT_FALSE(scan().front().dataFolderURL().has_value());
 }
 
 TEST_F(FolderScan, ShowsAnEmptyListFromItsStartToItsEnd) {
@@ -380,9 +380,9 @@ protected:
         ASSERT_EQ(projects.size(), static_cast<std::size_t>(many));
         for (int i = 0; i < many; ++i) {
             const auto& project = projects[static_cast<std::size_t>(i)];
-            EXPECT_EQ(project.baseName, std::to_string(1000 + i));
-            EXPECT_EQ(project.fileCount, 1);
-            EXPECT_EQ(project.totalSize, 1001 * i);
+            EXPECT_EQ(project.baseName(), std::to_string(1000 + i));
+            EXPECT_EQ(project.fileCount(), 1);
+            EXPECT_EQ(project.totalSize(), 1001 * i);
         }
     }
 
@@ -441,7 +441,7 @@ TEST_F(FolderScan, AddsSizesUpToTheLastThatFits) {
     disk.addFile("/p/Song.xpj", 1);
     disk.addFolder("/p/Song_[ProjectData]");
     disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max() - 1);
-    EXPECT_EQ(scan().front().totalSize, std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(scan().front().totalSize(), std::numeric_limits<std::int64_t>::max());
 }
 
 } // namespace

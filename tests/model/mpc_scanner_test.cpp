@@ -21,6 +21,7 @@ using testing::Scene;
 using Lines = std::vector<std::string>;
 
 static_assert(std::is_final_v<MPCScanner>);
+static_assert(!std::is_copy_assignable_v<MPCScanner::LogEntry>);
 
 TEST(MPCScanner, StartsEmptyAndTouchesNoFile) {
     const Scene scene;

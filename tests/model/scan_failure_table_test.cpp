@@ -141,8 +141,8 @@ const Row rows[] = {
 Lines summaries(const std::vector<MPCProject>& projects) {
     Lines lines;
     for (const auto& project : projects) {
-        lines.push_back(project.baseName + (project.dataFolderURL ? ", " : ", no data folder, ") +
-                        std::to_string(project.fileCount) + " entries, " + std::to_string(project.totalSize) +
+        lines.push_back(project.baseName() + (project.dataFolderURL() ? ", " : ", no data folder, ") +
+                        std::to_string(project.fileCount()) + " entries, " + std::to_string(project.totalSize()) +
                         " bytes");
     }
     return lines;

@@ -42,9 +42,9 @@ TEST(GoldenProject, IsRenamedToTheExpectedTreeByteForByte) {
     scene.settle();
     const auto& projects = scanner->projects.get();
     const auto project = std::find_if(projects.begin(), projects.end(),
-                                      [](const auto& found) { return found.baseName == "Nachtcaf\u00e9 2024"; });
+                                      [](const auto& found) { return found.baseName() == "Nachtcaf\u00e9 2024"; });
     ASSERT_NE(project, projects.end());
-    EXPECT_TRUE(project->dataFolderURL.has_value());
+    EXPECT_TRUE(project->dataFolderURL().has_value());
 
     EXPECT_EQ(testing::errorOfRename(*scanner, MPCProject(*project), "Gro\u00dfe Fahrt (live)"), "");
 

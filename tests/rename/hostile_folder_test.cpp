@@ -139,7 +139,7 @@ TEST_P(InPlaceOfTheProjectFile, IsListedAndCannotBeRead) {
     PUT_OR_SKIP("Song.xpj");
     const auto before = folder.tree();
     ASSERT_EQ(scan().size(), 1U);
-    EXPECT_LT(scan().front().totalSize, 1000);
+    EXPECT_LT(scan().front().totalSize(), 1000);
     EXPECT_EQ(rename("Beat"), "Failed to read file: Song.xpj");
     EXPECT_EQ(folder.tree(), before);
 }
@@ -151,8 +151,8 @@ TEST_P(InPlaceOfTheDataFolder, IsNoneAndStaysWhereItIs) {
     makeSong(true, false);
     PUT_OR_SKIP("Song_[ProjectData]");
     auto expected = folder.tree();
-    EXPECT_EQ(scan().front().dataFolderURL, std::nullopt);
-    EXPECT_EQ(scan().front().fileCount, 0);
+    EXPECT_EQ(scan().front().dataFolderURL(), std::nullopt);
+    EXPECT_EQ(scan().front().fileCount(), 0);
     EXPECT_EQ(rename("Beat"), "");
     *std::find(expected.begin(), expected.end(), "projects/Song.xpj=<a>Song_[ProjectData]/kick.wav</a>") =
         "projects/Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>";
@@ -164,7 +164,7 @@ TEST_P(InPlaceOfTheDataFolder, IsMovedItselfWhereTheRecordSawAFolder) {
     makeSong(true, false);
     fs::create_directory(projects / "Song_[ProjectData]");
     const auto project = scan().front();
-    ASSERT_TRUE(project.dataFolderURL);
+    ASSERT_TRUE(project.dataFolderURL());
     fs::remove(projects / "Song_[ProjectData]");
     PUT_OR_SKIP("Song_[ProjectData]");
     const auto outside = testing::treeOf(folder / "outside");
@@ -205,8 +205,8 @@ TEST_P(BesideTheProject, AndInItsDataFolderIsCountedAndLeftAlone) {
     makeSong();
     PUT_OR_SKIP("odd");
     PUT_OR_SKIP("Song_[ProjectData]/odd");
-    EXPECT_EQ(scan().front().fileCount, 2);
-    EXPECT_LT(scan().front().totalSize, 1000);
+    EXPECT_EQ(scan().front().fileCount(), 2);
+    EXPECT_LT(scan().front().totalSize(), 1000);
     const auto outside = testing::treeOf(folder / "outside");
     EXPECT_EQ(rename("Beat"), "");
     EXPECT_EQ(testing::treeOf(folder / "outside"), outside);
@@ -214,7 +214,7 @@ TEST_P(BesideTheProject, AndInItsDataFolderIsCountedAndLeftAlone) {
         struct stat status {};
         EXPECT_EQ(::lstat((projects / name).c_str(), &status), 0) << name;
     }
-    EXPECT_EQ(scan().front().fileCount, 2);
+    EXPECT_EQ(scan().front().fileCount(), 2);
 }
 
 } // namespace

@@ -42,11 +42,7 @@ TEST_P(OddName, IsGivenAndTakenByTheByte) {
     EXPECT_THAT(folder.tree(), Contains(name + ".xpj=<a>" + name + "_[ProjectData]/kick.wav</a>"));
     EXPECT_THAT(folder.tree(), Contains(name + "_[ProjectData]/kick.wav=boom"));
     EXPECT_THAT(folder.tree(), Not(Contains("Song_[ProjectData]/")));
-    auto project = testing::projectIn(folder.path());
-    project.baseName = name;
-    project.xpjURL = folder / (name + ".xpj");
-    project.dataFolderURL = folder / (name + "_[ProjectData]");
-    EXPECT_EQ(testing::errorOfRename(*scanner, project, "Song"), "");
+    EXPECT_EQ(testing::errorOfRename(*scanner, testing::projectIn(folder.path(), name), "Song"), "");
     EXPECT_EQ(folder.tree(), before);
 }
 

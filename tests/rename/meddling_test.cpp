@@ -30,7 +30,7 @@ protected:
             }
         };
         try {
-            scanner->rename({UUID::random(), "Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 0}, "Beat");
+            scanner->rename({"Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 0}, "Beat");
             return "renamed";
         } catch (const RenameError& error) {
             return error.errorDescription();

@@ -87,14 +87,13 @@ TEST_F(ProjectRenameOnDisk, InLetterCaseOnlySucceedsOnACaseSensitiveFileSystem) 
 TEST_F(ProjectRenameOnDisk, ThatChangesTheExtensionAloneCannotMoveTheDataFolderOntoItself) {
     folder.write("Song.XPJ", "Song_[ProjectData]");
     folder.write("Song_[ProjectData]/kick.wav", "boom");
-    auto project = projectIn(folder.path());
-    project.xpjURL = folder / "Song.XPJ";
+    const MPCProject project("Song", folder / "Song.XPJ", folder / "Song_[ProjectData]", 0, 0);
     const auto before = folder.tree();
     EXPECT_EQ(errorOfRename(*scanner, project, "Song"),
               "Failed to write file: Could not rename data folder: File exists");
     EXPECT_EQ(folder.tree(), before);
-    project.dataFolderURL.reset();
-    EXPECT_EQ(errorOfRename(*scanner, project, "Song"), "");
+    const MPCProject withoutDataFolder("Song", folder / "Song.XPJ", std::nullopt, 0, 0);
+    EXPECT_EQ(errorOfRename(*scanner, withoutDataFolder, "Song"), "");
     EXPECT_THAT(folder.tree(),
                 ElementsAre("Song.xpj=Song_[ProjectData]", "Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"));
 }
@@ -122,9 +121,7 @@ TEST_F(ProjectRenameOnDisk, FailsToReadThroughADanglingLink) {
 TEST_F(ProjectRenameOnDisk, ReadsALinkedProjectFileThroughItsLinkAndRemovesTheLinkAlone) {
     folder.write("elsewhere/real", "Song_[ProjectData]");
     fs::create_symlink("elsewhere/real", folder / "Song.xpj");
-    auto project = projectIn(folder.path());
-    project.dataFolderURL.reset();
-    EXPECT_EQ(errorOfRename(*scanner, project, "Beat"), "");
+    EXPECT_EQ(errorOfRename(*scanner, testing::projectWithoutDataFolderIn(folder.path()), "Beat"), "");
     EXPECT_THAT(folder.tree(),
                 ElementsAre("Beat.xpj=Beat_[ProjectData]", "elsewhere/", "elsewhere/real=Song_[ProjectData]"));
 }
@@ -198,8 +195,7 @@ TEST_F(ProjectRenameOnDisk, RollsBackWhenTheDataFolderIsOnAnotherDevice) {
     const auto before = folder.tree();
     const auto reason = testing::withSmallDisk(100'000, [&](const fs::path& other) {
         fs::create_directory(other / "Song_[ProjectData]");
-        auto project = projectIn(folder.path());
-        project.dataFolderURL = other / "Song_[ProjectData]";
+        const MPCProject project("Song", folder / "Song.xpj", other / "Song_[ProjectData]", 0, 0);
         EXPECT_EQ(errorOfRename(*scanner, project, "Beat"),
                   "Failed to write file: Could not rename data folder: Invalid cross-device link");
         EXPECT_TRUE(fs::exists(other / "Song_[ProjectData]"));
@@ -229,10 +225,8 @@ TEST_F(ProjectRenameOnDisk, KeepsEverythingWhenTheFolderThatHoldsTheOldFileMustN
     folder.write("closed/Song.xpj", "Song_[ProjectData]");
     ASSERT_EQ(::chmod((folder / "closed").c_str(), 0500), 0);
     scanner->folderURL.set(folder / "chosen");
-    auto project = projectIn(folder / "closed");
-    project.dataFolderURL.reset();
     testing::withoutPrivileges([&] {
-        EXPECT_EQ(errorOfRename(*scanner, project, "Beat"),
+        EXPECT_EQ(errorOfRename(*scanner, testing::projectWithoutDataFolderIn(folder / "closed"), "Beat"),
                   "Failed to delete: Could not remove old .xpj: Permission denied");
     });
     EXPECT_THAT(folder.tree(), ElementsAre("chosen/", "chosen/Beat.xpj=Beat_[ProjectData]", "closed/",

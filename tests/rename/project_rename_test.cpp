@@ -101,9 +101,7 @@ TEST_F(ProjectRename, RollsBackWhenTheNewDataFolderAlreadyExists) {
 }
 
 TEST_F(ProjectRename, OfAProjectWithoutDataFolderWritesTheNewFileAndRemovesTheOldOne) {
-    auto project = projectIn("/p");
-    project.dataFolderURL.reset();
-    EXPECT_EQ(errorOfRename(*scanner, project, "Beat"), "");
+    EXPECT_EQ(errorOfRename(*scanner, testing::projectWithoutDataFolderIn("/p"), "Beat"), "");
     EXPECT_THAT(scene.disk->traffic(),
                 ElementsAre("exists /p/Beat.xpj", "state /p/Song.xpj", "read /p/Song.xpj", "create /p/Beat.xpj",
                             "state /p/Song.xpj", "state /p/Beat.xpj", "remove /p/Song.xpj"));
@@ -163,9 +161,7 @@ TEST_F(ProjectRename, UsesTheNameWithTheBlanksItWasGiven) {
 TEST_F(ProjectRename, AppendsAnyAcceptedNameAsOneComponent) {
     for (const char* name : {".", "..", ".hidden", "~", "a\nb", "-rf"}) {
         scene.disk->addFile("/p/Song.xpj", "text");
-        auto project = projectIn("/p");
-        project.dataFolderURL.reset();
-        EXPECT_EQ(errorOfRename(*scanner, project, name), "") << name;
+        EXPECT_EQ(errorOfRename(*scanner, testing::projectWithoutDataFolderIn("/p"), name), "") << name;
         EXPECT_TRUE(scene.disk->fileExists(std::string("/p/") + name + ".xpj")) << name;
     }
 }
@@ -179,8 +175,7 @@ TEST_F(ProjectRename, WritesIntoTheChosenFolderAlsoWhenTheRecordIsOfAnother) {
 }
 
 TEST_F(ProjectRename, NamesTheFileWithItsOwnExtensionWhenItCannotBeRead) {
-    auto project = projectIn("/p");
-    project.xpjURL = "/p/Song.XPJ";
+    const MPCProject project("Song", "/p/Song.XPJ", std::nullopt, 0, 0);
     EXPECT_EQ(errorOfRename(*scanner, project, "Beat"), "Failed to read file: Song.XPJ");
 }
 

@@ -10,12 +10,11 @@ namespace tarvolt::testing {
 
 /// The record of a project of this name in `folder`, with a data folder.
 inline MPCProject projectIn(const std::filesystem::path& folder, const std::string& name = "Song") {
-    MPCProject project;
-    project.id = UUID::random();
-    project.baseName = name;
-    project.xpjURL = folder / (name + ".xpj");
-    project.dataFolderURL = folder / (name + "_[ProjectData]");
-    return project;
+    return {name, folder / (name + ".xpj"), folder / (name + "_[ProjectData]"), 0, 0};
+}
+
+inline MPCProject projectWithoutDataFolderIn(const std::filesystem::path& folder, const std::string& name = "Song") {
+    return {name, folder / (name + ".xpj"), std::nullopt, 0, 0};
 }
 
 /// The message of the error that the rename throws; empty when it throws none.

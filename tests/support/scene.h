@@ -78,7 +78,7 @@ inline std::vector<std::string> messages(const MPCScanner& scanner) {
 inline std::vector<std::string> names(const std::vector<MPCProject>& projects) {
     std::vector<std::string> list;
     for (const auto& project : projects) {
-        list.push_back(project.baseName);
+        list.push_back(project.baseName());
     }
     return list;
 }

@@ -88,7 +88,7 @@ TEST_F(AccessibilityTest, ARowsButtonSaysWhatTheRowShows) {
 
 TEST_F(AccessibilityTest, TheHighlightIsSaidInWords) {
     choose();
-    w->view->successProject.set(w->view->scanner->projects.get()[0].id);
+    w->view->successProject.set(w->view->scanner->projects.get()[0].id());
     w->settle();
     EXPECT_TRUE(heard().contains("ListItem: Blue Hour, 0 files, 1 byte, Renamed"));
     EXPECT_EQ(description("rowButton"), "0 files, 1 byte, Renamed");

@@ -153,10 +153,10 @@ protected:
         std::vector<MPCProject> projects;
         for (const char* name :
              {"Basement Loops Vol. 2", "Blue Hour", "The Long Way Home From The Late Show (take 3)"}) {
-            projects.push_back({UUID::random(), name, "/p/x.xpj", "/p/x", 212'345, 999'990'000'000});
+            projects.emplace_back(name, "/p/x.xpj", "/p/x", 212'345, 999'990'000'000);
         }
         for (int i = 0; i < 5; ++i) {
-            projects.push_back({UUID::random(), "Sketch", "/p/x.xpj", std::nullopt, 0, 888'800'000});
+            projects.emplace_back("Sketch", "/p/x.xpj", std::nullopt, 0, 888'800'000);
         }
         w->view->scanner->projects.set(std::move(projects));
         w->view->scanner->log("Scan error: /home/mara/Music/MPC Projects: No such file or directory", true);
@@ -183,7 +183,7 @@ TEST_P(LargeFontTest, NoTextIsCutInTheListAndTheLog) {
         w->settle();
         expectWhole("list");
     }
-    w->view->successProject.set(w->view->scanner->projects.get()[0].id);
+    w->view->successProject.set(w->view->scanner->projects.get()[0].id());
     w->settle();
     expectWhole("renamed");
 }

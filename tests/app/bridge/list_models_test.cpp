@@ -9,16 +9,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tarvolt {
 namespace {
 
-MPCProject project(const std::string& name, std::uint8_t id) {
-    MPCProject made{UUID{{id}}, name, "/p/" + name + ".xpj", std::nullopt, 0, 48000};
-    return made;
+MPCProject project(const std::string& name) {
+    return {name, "/p/" + name + ".xpj", std::nullopt, 0, 48000};
 }
 
 class ProjectListModelTest : public ::testing::Test {
@@ -32,10 +30,7 @@ protected:
 };
 
 TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
-    auto withFolder = project("Slow\nGlass", 1);
-    withFolder.dataFolderURL = "/p/x";
-    withFolder.fileCount = 12;
-    model.setProjects({withFolder, project("Sketch \xFF", 2)});
+    model.setProjects({MPCProject("Slow\nGlass", "/p/x.xpj", "/p/x", 12, 48000), project("Sketch \xFF")});
     ASSERT_EQ(model.rowCount(), 2);
     EXPECT_EQ(at(0, ProjectListModel::nameRole), "Slow Glass");
     EXPECT_EQ(at(0, ProjectListModel::symbolRole), "music.note.list");
@@ -52,23 +47,25 @@ TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
 }
 
 TEST_F(ProjectListModelTest, LeavesTheRowsAloneForTheSameRecords) {
-    model.setProjects({project("a", 1), project("b", 2)});
+    const std::vector<MPCProject> records{project("a"), project("b")};
+    model.setProjects(records);
     resets.clear();
-    model.setProjects({project("a", 1), project("b", 2)});
+    model.setProjects(records);
     EXPECT_EQ(resets.size(), 0);
-    model.setProjects({project("a", 3), project("b", 4)});
+    model.setProjects({project("a"), project("b")});
     EXPECT_EQ(resets.size(), 1) << "the same names with other identities are other records";
 }
 
 TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOnlyOfTheRowsThatChange) {
-    model.setProjects({project("a", 1), project("b", 2), project("c", 3)});
-    model.setRenamed(UUID{{2}});
+    const std::vector<MPCProject> records{project("a"), project("b"), project("c")};
+    model.setProjects(records);
+    model.setRenamed(records[1].id());
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.at(0).at(0).toModelIndex().row(), 1);
     EXPECT_EQ(at(1, ProjectListModel::renamedRole), true);
     EXPECT_EQ(at(0, ProjectListModel::renamedRole), false);
     EXPECT_EQ(at(1, ProjectListModel::sentenceRole), "b, 0 files, 48 KB, No data folder, Renamed");
-    model.setRenamed(UUID{{3}});
+    model.setRenamed(records[2].id());
     EXPECT_EQ(changes.size(), 3);
     model.setRenamed(std::nullopt);
     EXPECT_EQ(at(2, ProjectListModel::renamedRole), false);
@@ -78,10 +75,10 @@ TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOnlyOfTheRowsThatChange
 }
 
 TEST_F(ProjectListModelTest, FindsRowsAndRecords) {
-    model.setProjects({project("a", 1), project("b", 2)});
+    model.setProjects({project("a"), project("b")});
     EXPECT_EQ(model.rowOf("b"), 1);
     EXPECT_EQ(model.rowOf("B"), -1);
-    EXPECT_EQ(model.projectAt(1)->baseName, "b");
+    EXPECT_EQ(model.projectAt(1)->baseName(), "b");
     EXPECT_FALSE(model.projectAt(2).has_value());
     EXPECT_FALSE(model.projectAt(-1).has_value());
     EXPECT_FALSE(at(5, ProjectListModel::nameRole).isValid());
@@ -90,7 +87,7 @@ TEST_F(ProjectListModelTest, FindsRowsAndRecords) {
 class LogModelTest : public ::testing::Test {
 protected:
     void log(const std::string& message, bool isError = false) {
-        entries.push_front({UUID::random(), std::chrono::system_clock::time_point{}, message, isError});
+        entries.emplace_front(std::chrono::system_clock::time_point{}, message, isError);
     }
 
     QVariant at(int row, LogModel::Role role) const { return model.data(model.index(row), role); }

@@ -21,7 +21,7 @@ protected:
     void showProjects(int count) {
         std::vector<MPCProject> projects;
         for (int i = 0; i < count; ++i) {
-            projects.push_back({UUID::random(), "Song " + std::to_string(i), "/p/x.xpj", std::nullopt, 0, 1});
+            projects.emplace_back("Song " + std::to_string(i), "/p/x.xpj", std::nullopt, 0, 1);
         }
         w.view->scanner->folderURL.set("/p");
         w.view->scanner->projects.set(std::move(projects));

@@ -102,11 +102,8 @@ TEST_F(MeasureListTest, ALongNameIsCutAtItsEndAndTheButtonStays) {
 TEST_F(MeasureListTest, NamesOfEveryScriptAreOnTheLeftAndNeverMarkup) {
     const std::string names[] = {"<b>bold</i> &amp;", "line\nbreak", "\u05E9\u05DC\u05D5\u05DD", "\u0645\u0634\u0631"};
     for (const std::string& name : names) {
-        std::vector<MPCProject> projects(1);
-        projects[0].id = UUID::random();
-        projects[0].baseName = name;
         w.view->scanner->folderURL.set("/p");
-        w.view->scanner->projects.set(projects);
+        w.view->scanner->projects.set({MPCProject(name, "/p/x.xpj", std::nullopt, 0, 0)});
         w.settle();
         EXPECT_EQ(m.property("rowName", "effectiveHorizontalAlignment").toInt(), Qt::AlignLeft) << name;
         EXPECT_EQ(m.property("rowName", "textFormat").toInt(), Qt::PlainText) << name;
@@ -133,7 +130,7 @@ TEST_F(MeasureListTest, TheRenamedRowTurnsGreenAndBack) {
     w.addProject("Blue Hour");
     w.addProject("Cold Storage");
     w.choose();
-    w.view->successProject.set(w.view->scanner->projects.get()[1].id);
+    w.view->successProject.set(w.view->scanner->projects.get()[1].id());
     w.settle();
     EXPECT_EQ(inRow(0, "rowSymbol")->property("colour").value<QColor>(), QColor("#D75600"));
     EXPECT_EQ(inRow(1, "rowSymbol")->property("colour").value<QColor>(), QColor("#1A7533"));

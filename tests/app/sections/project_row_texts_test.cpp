@@ -9,13 +9,8 @@ namespace tarvolt {
 namespace {
 
 MPCProject project(bool withDataFolder) {
-    MPCProject made{UUID::random(), "Slow Glass", "/p/Slow Glass.xpj", std::nullopt, 0, 48000};
-    if (withDataFolder) {
-        made.dataFolderURL = "/p/Slow Glass_[ProjectData]";
-        made.fileCount = 12;
-        made.totalSize = 3200000;
-    }
-    return made;
+    return withDataFolder ? MPCProject("Slow Glass", "/p/Slow Glass.xpj", "/p/Slow Glass_[ProjectData]", 12, 3200000)
+                          : MPCProject("Slow Glass", "/p/Slow Glass.xpj", std::nullopt, 0, 48000);
 }
 
 TEST(ProjectRowTexts, HaveNoSingularForFiles) {
@@ -46,8 +41,7 @@ TEST(ProjectRowTexts, SayTheWholeRowInOneSentence) {
 }
 
 TEST(ProjectRowTexts, TellAnEmptyDataFolderFromNone) {
-    auto empty = project(true);
-    empty.fileCount = 0;
+    const MPCProject empty("Slow Glass", "/p/Slow Glass.xpj", "/p/Slow Glass_[ProjectData]", 0, 3200000);
     EXPECT_EQ(projectSymbol(empty), "music.note.list");
     EXPECT_EQ(projectRowSentence(empty, false, "en_US"), "Slow Glass, 0 files, 3.2 MB");
 }

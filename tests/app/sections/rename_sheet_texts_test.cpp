@@ -6,7 +6,7 @@ namespace tarvolt {
 namespace {
 
 MPCProject song() {
-    return {UUID::random(), "Song", "/p/Song.xpj", std::nullopt, 0, 10};
+    return {"Song", "/p/Song.xpj", std::nullopt, 0, 10};
 }
 
 TEST(RenameSheetTexts, PreviewTheFileAloneWithoutADataFolder) {
@@ -14,8 +14,7 @@ TEST(RenameSheetTexts, PreviewTheFileAloneWithoutADataFolder) {
 }
 
 TEST(RenameSheetTexts, PreviewFileAndFolderWhereThereIsOne) {
-    auto project = song();
-    project.dataFolderURL = "/p/Song_[ProjectData]";
+    const MPCProject project("Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 10);
     EXPECT_EQ(previewRows(project, "Beat"),
               (std::vector<PreviewRow>{{"Song.xpj", "Beat.xpj"}, {"Song_[ProjectData]", "Beat_[ProjectData]"}}));
 }
