@@ -1,4 +1,4 @@
-# What every target of this project is compiled with.
+# The compiler settings of every target in this project.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -8,7 +8,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 option(TARVOLT_COVERAGE "Count which conditions come out which way (needs Clang)" OFF)
 set(TARVOLT_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
-# GCC 12 takes the joining of two strings for an overlapping copy when it optimises; GCC 13 no longer does.
+# When it optimises, GCC 12 mistakes a string concatenation for an overlapping copy; GCC 13 no longer does.
 set(gcc12 "$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>")
 
 add_library(tarvolt_options INTERFACE)
@@ -28,21 +28,21 @@ target_compile_options(
             -Wimplicit-fallthrough
             $<${gcc12}:-Wno-restrict>)
 if(TARVOLT_SANITIZE)
-  # The check of an object's type (vptr) feels for memory by writing to a pipe, which the tests that answer system calls
-  # take for a write of the program.
+  # The check of an object's type (vptr) probes memory by writing to a pipe. Tests that intercept system calls would take
+  # that for a write by the program.
   target_compile_options(tarvolt_options INTERFACE -fsanitize=${TARVOLT_SANITIZE} -fno-sanitize=vptr
                                                    -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tarvolt_options INTERFACE -fsanitize=${TARVOLT_SANITIZE})
 endif()
 if(TARVOLT_COVERAGE)
-  # The relocation lets the counters be kept in their file, where a process that ends itself leaves them.
+  # With relocation the counters live in their file, so they survive a process that ends itself.
   target_compile_options(tarvolt_options INTERFACE -fprofile-instr-generate -fcoverage-mapping
                                                    "SHELL:-mllvm -runtime-counter-relocation")
   target_link_options(tarvolt_options INTERFACE -fprofile-instr-generate)
 endif()
 
-# A layer: a library of the sources in this folder and in those of its subfolders that are named. Its headers are
-# compiled one by one as well. A program's main file belongs to no layer.
+# Defines a layer: a library of the sources in this folder and the subfolders given. Its headers are also compiled on
+# their own. A program's main file belongs to no layer.
 function(tarvolt_layer name)
   list(TRANSFORM ARGN PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE folders)
   list(PREPEND folders "${CMAKE_CURRENT_SOURCE_DIR}")

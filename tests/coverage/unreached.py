@@ -1,9 +1,8 @@
-"""Which outcomes of conditions no test reached: unreached.py EXPORT EXPLAINED
+"""Lists the branches that no test reaches: unreached.py EXPORT EXPLAINED
 
-EXPORT is what `llvm-cov export` writes, EXPLAINED the list of outcomes that no test can reach. Both must name the same.
-Counted are both outcomes of every condition, each side of && and || for itself, every case of a switch, and parts that
-never ran, such as the handlers of exceptions. Where an exception may leave a call no condition is written, so none is
-counted.
+EXPORT is the output of `llvm-cov export`, EXPLAINED the list of branches that no test can reach. They must agree.
+Counted are both outcomes of every condition, with each side of && and || on its own, every case of a switch, and code
+that never ran, such as exception handlers. The implicit branches of exceptions that leave a call are not counted.
 """
 
 import json
@@ -17,10 +16,10 @@ def source_of(path):
 
 
 def outcomes_of(file, lines):
-    """{(line, column, outcome): (count, text)} of a file; what a template is made into several times counts as one."""
+    """{(line, column, outcome): (count, text)} of a file; instances of a template count as one."""
     outcomes = {}
     for line, column, last_line, last_column, taken, not_taken, *_ in file["branches"]:
-        # A comparison that the compiler writes is told as one condition without a count of its own.
+        # A defaulted comparison is reported as one condition without a count.
         if "= default" in lines[line - 1]:
             continue
         text = lines[line - 1][column - 1:last_column - 1 if line == last_line else None]
@@ -31,11 +30,11 @@ def outcomes_of(file, lines):
 
 
 def never_run(file, lines):
-    """The parts that never ran, by the text that they begin with."""
+    """The code that never ran, by its first words."""
     for line, column, count, is_counted, begins, is_gap in file["segments"]:
         text = lines[line - 1][column - 1:]
         if is_counted and begins and not is_gap and count == 0:
-            # A handler is known by its head, not by its brace.
+            # A handler is identified by its head, not by its brace.
             yield line, lines[line - 1].strip() if text in ("{", "{}") else text
 
 
@@ -54,10 +53,10 @@ def main(export, explained):
                 found.append((f"{path}: never {outcome}: {text}", line))
         found += [(f"{path}: never run: {text}", line) for line, text in never_run(file, lines)]
     if total == 0:
-        sys.exit("no condition was counted: this check finds nothing")
+        sys.exit("no condition was counted, so this check finds nothing")
     with open(explained, encoding="utf-8") as file:
         known = [line for line in file.read().splitlines() if line and not line.startswith("#")]
-    print(f"{reached} of {total} outcomes of conditions in {len(files)} files reached ({100 * reached / total:.1f} %)")
+    print(f"{reached} of {total} branches in {len(files)} files reached ({100 * reached / total:.1f} %)")
     unexplained = [(what, line) for what, line in found if what not in known]
     outdated = [what for what in known if what not in [each for each, _ in found]]
     for what, line in unexplained:

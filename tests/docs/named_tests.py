@@ -1,4 +1,4 @@
-"""That docs/window.md names only tests that there are.
+"""Checks that docs/window.md names only tests that exist.
 
     named_tests.py ROOT      fails and prints what it names in vain
 
@@ -29,5 +29,5 @@ for line in (root / "docs/window.md").read_text(encoding="utf-8").splitlines():
 
 patterns = {name: re.escape(name).replace("…", r"[\w.]*") for name in named}
 in_vain = [name for name in named if not any(re.fullmatch(patterns[name], test) for test in there)]
-print(*in_vain, f"{len(named)} tests named, {len(in_vain)} of them not there", sep="\n")
+print(*in_vain, f"{len(named)} tests named, {len(in_vain)} of them missing", sep="\n")
 sys.exit(1 if in_vain or not named else 0)

@@ -1,21 +1,21 @@
-// Put between a program and the C library by LD_PRELOAD. TARVOLT_SHIM holds what it does, words with commas between:
+// Preloaded into a program by LD_PRELOAD. TARVOLT_SHIM says what it does, in words separated by commas:
 //
-//   stop             say on standard error what call comes next, and stop until the driver continues the process
-//   short            carry over at most a few bytes in one read or write, as a signal or a full pipe would
-//   no-unnamed       be a file system that makes no files without a name,
-//   no-naming        ... that cannot name them,
-//   no-links         ... that has no links,
-//   no-flag          ... that knows no flag not to replace,
-//   no-sync          ... that knows nothing of bringing anything to the disk
+//   stop             print the next call on standard error and stop until the driver continues the process
+//   short            transfer at most a few bytes in one read or write, as happens after a signal or with a full pipe
+//   no-unnamed       imitate a file system without unnamed files,
+//   no-naming        ... that cannot name unnamed files,
+//   no-links         ... without hard links,
+//   no-flag          ... without moves that replace nothing,
+//   no-sync          ... that cannot flush
 //
-// and, for drivers to show that they find it, faults that the program itself does not have:
+// and faults that the program does not have, so that the drivers can show that they find them:
 //
-//   no-fsync         bring nothing to the disk and say it is done
+//   no-fsync         do not flush, but report success
 //   replacing-move   move without the flag that forbids replacing
-//   lying-write      write half and say all
-//   blind-identity   take whatever stands at a path for the file that was just written
-//   deaf-sync        take a file for brought to the disk also when that failed
-//   deaf-removal     take an item for removed also when that failed
+//   lying-write      write half, but report all
+//   blind-identity   take whatever is at a path for the file just written
+//   deaf-sync        report success when a flush failed
+//   deaf-removal     report success when a removal failed
 //   early-name       give the new file its name before it is written
 #include <dlfcn.h>
 #include <fcntl.h>

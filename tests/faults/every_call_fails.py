@@ -1,8 +1,8 @@
-"""Every system call of a rename fails once, with each error it can give: every_call_fails.py PROGRAMS
+"""Makes every system call of a rename fail once, with each error it can return: every_call_fails.py PROGRAMS
 
-For each the message must be the one that the failure of that step has, the disk must be as that message says, nothing
-temporary may be left and no other file changed. Which errors the rename survives, and how, is written down below
-independently of the program. The same is run first with planted faults, each of which must be found.
+Each time the message must be the one for that step, the disk must be as the message says, and no temporary file and no
+change to another file may remain. Which errors the rename survives, and how, is listed below independently of the
+program. The driver first has to find each of its planted faults.
 """
 
 import errno
@@ -43,14 +43,14 @@ def message_of(outcome, error):
         UNREAD: [f"Failed to read file: {OLD}.xpj"],
         UNWRITTEN: [f"Failed to write file: {NEW}.xpj"],
         UNMOVED: ["Failed to write file: Could not rename data folder: " + os.strerror(getattr(errno, error))],
-        # What cannot be looked at again may be another item by now, which counts as somebody else's.
+        # An item that cannot be checked again may have been replaced, so it counts as foreign.
         UNREMOVED: ["Failed to delete: Could not remove old .xpj: " + os.strerror(getattr(errno, error)),
                     "Failed to delete: Could not remove old .xpj: " + os.strerror(errno.EBUSY)],
     }[outcome]
 
 
 def steps_of(calls):
-    """The step that each call belongs to: looking, reading, creating, moving or removing."""
+    """The step that each call belongs to: checking, reading, creating, moving or removing."""
     steps, step, folders = [], "look", 0
     for call in calls:
         old_by_path = f'/{OLD}.xpj"' in call.line
@@ -66,7 +66,7 @@ def steps_of(calls):
 
 
 def look(call, _):
-    # What cannot be looked at counts as absent. For the old file that means at the end that it may be another one.
+    # What cannot be checked counts as absent. For the old file, at the end, that means that it may have been replaced.
     return UNREMOVED if f'/{OLD}.xpj"' in call.line else RENAMED
 
 
@@ -112,7 +112,7 @@ def remove(call, error):
 
 
 def annotate(calls):
-    """Marks the look before a move that could replace, and the close at which a file system tells of lost bytes."""
+    """Marks the check before a move that could replace, and the close that reports lost bytes."""
     for call, before, after in zip(calls, [None] + calls[:-1], calls[1:] + [None]):
         call.decides = call.name == "newfstatat" and after is not None and after.name == "renameat"
         call.counts = call.name == "close" and before is not None and before.name == "fcntl"
@@ -125,7 +125,7 @@ def expected(call, step, error):
 
 
 def fault_in(outcome, allowed, error):
-    """What is wrong with the outcome; nothing if it is one of those allowed."""
+    """What is wrong with the outcome, or None if it is allowed."""
     if outcome.ended != 0:
         return f"ended with {outcome.ended}"
     if outcome.leftovers:

@@ -1,8 +1,8 @@
-"""A rename is killed before each of its system calls: killed.py PROGRAMS
+"""Kills a rename before each of its system calls: killed.py PROGRAMS
 
-Afterwards the folder must be in one of the four clean states, each of which must come up, in their order: a whole
-project file, the whole data folder, never a part of a file under a project's name. A hidden file may be left only where
-the file system makes no files without a name. The same is run first with planted faults, each of which must be found.
+Afterwards the folder must be in one of the four clean states, and all four must occur, in their order: a complete
+project file, the complete data folder, never a partial file under a project's name. A hidden file may remain only on a
+file system without unnamed files. The driver first has to find each of its planted faults.
 """
 
 import sys
@@ -42,7 +42,7 @@ if __name__ == "__main__":
     for planted in ("early-name", "lying-write"):
         try:
             found = faults_of(PROGRAMS, planted)[1]
-        except SystemExit as unwell:  # the rename did not even go well of itself
+        except SystemExit as unwell:  # the rename fails even if it is left alone
             found = [unwell.code]
         if not found:
             sys.exit(f"the planted fault {planted} went unnoticed: this check finds nothing")

@@ -1,11 +1,11 @@
-"""The power goes at each step of a rename, on a journalling file system: power_cut.py PROGRAMS
+"""Cuts the power at each step of a rename, on a journalling file system: power_cut.py PROGRAMS
 
-The rename runs on a loop image that is mounted with a short commit time. Before each of its calls it is stopped until
-the journal has been committed; then the image is copied as it is, which is what a disk holds after a power cut at that
-moment. Each copy is mounted again: the project must be in one of the clean states, whole. The same is run first with a
-program that brings nothing to the disk itself, which must be found out.
+The rename runs on a loop image that is mounted with a short commit time. It is stopped before each of its calls until
+the journal has been committed. The image is then copied, which gives what a disk holds after a power cut at that
+moment. Each copy is mounted, and the project must be complete and in one of the clean states. The driver first has to
+find fault with a program that never flushes.
 
-Needs root, ext4 and loop devices; says so and is skipped (exit status 77) where they are missing.
+Needs root, ext4 and loop devices; without them it says so and is skipped (exit status 77).
 """
 
 import os
@@ -47,7 +47,7 @@ def make_image(path):
 
 
 def why_not(work):
-    """Why this machine cannot do it, or nothing."""
+    """Why this machine cannot run the driver, or None."""
     try:
         make_image(f"{work}/probe")
         with Image(f"{work}/probe"):
@@ -57,14 +57,14 @@ def why_not(work):
 
 
 def copies_at_each_call(programs, work, shim):
-    """Runs one rename and copies the image before each call that writes, and at the end: [(call, copy)]; and what the
-    rename said."""
+    """Runs one rename and copies the image before each call that writes, and at the end. Returns [(call, copy)] and the
+    message of the rename."""
     image = f"{work}/disk"
     make_image(image)
     copies = []
 
     def copy(call):
-        # A little more than the commit time, and twice: a commit that has begun is waited for too.
+        # Long enough for a commit that has begun and one more.
         time.sleep(2.2 * COMMIT)
         copies.append((call, f"{work}/copy{len(copies)}"))
         shutil.copyfile(image, copies[-1][1])
@@ -90,7 +90,7 @@ def faults_of(programs, work, shim):
             states.append(str(state))
             if not isinstance(state, int):
                 faults.append(f"power cut before {call}: {state}")
-            # What has no name in the folder is no harm, but a half-written file that has one would be.
+            # A half-written file does harm only if it has a name in the folder.
             odd = [name for name in os.listdir(folder) if name.startswith(".")]
             if odd:
                 faults.append(f"power cut before {call}: {odd} is left")
@@ -104,10 +104,10 @@ if __name__ == "__main__":
     try:
         REASON = why_not(WORK)
         if REASON:
-            print(f"skipped: no file system of its own can be mounted here ({REASON})")
+            print(f"skipped: no file system can be mounted here ({REASON})")
             sys.exit(SKIPPED)
         if not faults_of(PROGRAMS, WORK, "stop,no-fsync")[0]:
-            sys.exit("a rename that brings nothing to the disk itself went unnoticed: this check finds nothing")
+            sys.exit("a rename that never flushes went unnoticed: this check finds nothing")
         FAULTS, STATES = faults_of(PROGRAMS, WORK, "stop")
         if list(dict.fromkeys(STATES)) != ["1", "2", "3", "4"]:
             FAULTS.append("not every clean state came up, in their order")

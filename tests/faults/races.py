@@ -1,11 +1,11 @@
-"""Another process meddles at the worst moment: races.py PROGRAMS
+"""Lets another process interfere at the worst moment: races.py PROGRAMS
 
-The rename is stopped before each of its calls, in a fresh folder each time, and one foreign act is done there. Whatever
-the rename then answers, nothing foreign may be overwritten, removed or followed, and the project must be whole. The
-same is run first with planted faults, each of which must be found.
+The rename is stopped before each of its calls, in a new folder each time, and one foreign action is carried out there.
+Whatever the rename then reports, nothing foreign may be overwritten, removed or followed, and the project must be
+complete. The driver first has to find each of its planted faults.
 
-One window is left, for no call removes a file only if it is a certain one: between the last look and the removal of the
-old file, or of the new one in a roll-back. What gets in there is counted apart.
+No call removes a file on the condition that it is a certain one. One window is therefore left: between the last check
+and the removal of the old file, or of the new one in a roll-back. Races won there are counted separately.
 """
 
 import os
@@ -73,12 +73,12 @@ ACTS = [make_new_file, replace_new_file, replace_new_file_before_the_roll_back, 
         make_new_folder_with_content, remove_old_file, replace_old_file, swap_data_folder_for_a_link,
         swap_old_file_for_a_link, swap_projects_for_a_link]
 
-# What is done before the rename begins, so that it fails and is rolled back.
+# Done before the rename begins, so that it fails and is rolled back.
 BEFORE = {replace_new_file_before_the_roll_back: make_new_folder_with_content}
 
 
 def foreign_items(folder):
-    """What belongs to somebody else, by path: bytes of files, and which item on disk a foreign folder is."""
+    """What belongs to others, by path: the bytes of files and the identity of folders."""
     found = {path: what for path, what in tree(folder.path).items() if what == FOREIGN or path.startswith("outside")}
     new_folder = f"{folder.projects}/{NEW}{DATA}"
     if os.path.isdir(new_folder) and os.stat(new_folder).st_ino != folder.data_inode:
@@ -89,13 +89,13 @@ def foreign_items(folder):
 def lost(folder, before):
     after = foreign_items(folder)
     if read(f"{folder.projects}/{NEW}.xpj") == FOREIGN:
-        # The old file was replaced before it was read: then that is what was given the new name.
+        # If the old file was replaced before it was read, the replacement got the new name.
         before.pop(f"projects/{OLD}.xpj", None)
     return [path for path, what in before.items() if after.get(path) != what]
 
 
 def is_whole(folder):
-    """The project's text and its samples are there, under the old or the new name, wherever they were put."""
+    """Whether the project's text and samples exist, under the old or the new name, wherever they were put."""
     places = [folder.projects, f"{folder.path}/moved projects", folder.path]
     texts = [read(f"{place}/{name}.xpj") for place in places for name in (OLD, NEW, "kept")]
     data = [f"{folder.path}/moved away"] + [f"{place}/{name}{DATA}" for place in places for name in (OLD, NEW)]
@@ -104,7 +104,7 @@ def is_whole(folder):
 
 
 def is_last_window(act, calls):
-    """Whether the program, stopped before the last of `calls`, has looked for the last time and not yet removed."""
+    """Whether the program, stopped before the last of `calls`, is between its last check and the removal."""
     if act is replace_new_file_before_the_roll_back:
         return calls[-1] == f"unlinkat {NEW}.xpj"
     if any(call == f"unlinkat {OLD}.xpj" for call in calls[:-1]):
@@ -115,7 +115,7 @@ def is_last_window(act, calls):
 
 
 def one_race(programs, plant, act, at):
-    """Runs to the call number `at`, acts, runs to the end. None when there are fewer calls, else the faults."""
+    """Runs to call number `at`, acts, and runs to the end. Returns the faults, or None if there are fewer calls."""
     with Folder() as folder:
         folder.data_inode = os.stat(f"{folder.projects}/{OLD}{DATA}").st_ino
         write(f"{folder.path}/outside/victim.xpj", FOREIGN)
@@ -137,7 +137,7 @@ def one_race(programs, plant, act, at):
             return []  # the rename was over: what becomes of the new file is no longer its affair
         faults = [f"{path} was lost or changed" for path in lost(folder, before)]
         has_data, has_text = is_whole(folder)
-        # Removing or replacing the old file is the foreign act itself: then the text is lost only to that.
+        # If the foreign action itself removes or replaces the old file, the text is not lost by the rename.
         if not has_data or (not has_text and act not in (remove_old_file, replace_old_file)):
             faults.append(f"the project is not whole (data {has_data}, text {has_text})")
         if faults and is_last_window(act, stopped_at):
@@ -146,7 +146,7 @@ def one_race(programs, plant, act, at):
 
 
 def races(programs, plant=None, acts=None):
-    """The faults, how many races there were, and how many of them were won in the last window."""
+    """Returns the faults, the number of races, and how many of these were won in the last window."""
     faults, count = [], 0
     for act in acts or ACTS:
         at = 1

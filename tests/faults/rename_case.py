@@ -1,4 +1,4 @@
-"""One rename of one project, run in a folder of its own under the call shim, and what must hold afterwards."""
+"""One rename of one project, in a folder of its own and under the call shim, and what must hold afterwards."""
 
 import os
 import shutil
@@ -15,7 +15,7 @@ SAMPLES = {"kick.wav": b"k" * 999, "deep/snare.wav": b"s" * 77}
 
 
 def fill(folder):
-    """Puts the project OLD and one that must never change into `folder`."""
+    """Creates the project OLD, and one that must never change, in `folder`."""
     os.makedirs(folder, exist_ok=True)
     write(f"{folder}/{OLD}.xpj", TEXT)
     for name, data in SAMPLES.items():
@@ -38,7 +38,7 @@ def read(path):
 
 
 def tree(folder):
-    """Everything below `folder`, links not followed: {relative path: bytes, "folder" or ("link", target)}."""
+    """Everything below `folder`, without following links: {relative path: bytes, "folder" or ("link", target)}."""
     found = {}
     for at, folders, files in os.walk(folder):
         for name in folders + files:
@@ -58,7 +58,7 @@ def whole_data(folder, name):
 
 
 def clean_state(folder):
-    """The number of the clean state that `folder` is in, or a text that says what is wrong with it."""
+    """The number of the clean state that `folder` is in, or a text that says what is wrong."""
     old, new = read(f"{folder}/{OLD}.xpj"), read(f"{folder}/{NEW}.xpj")
     at_old, at_new = whole_data(folder, OLD), whole_data(folder, NEW)
     if old not in (None, TEXT):
@@ -73,12 +73,12 @@ def clean_state(folder):
     return state or f"old file {old is not None}, new file {new is not None}, data {at_old} {at_new}"
 
 
-# Both as seen from the folder of the programs: the path of a library to preload can hold no blank.
+# Both relative to the folder of the programs, because the path of a preloaded library cannot contain a space.
 PROGRAM, SHIM = "./tarvolt_rename_once", "./libtarvolt_call_shim.so"
 
 
 class Run:
-    """The rename program under the shim, in the mode `shim`; with "stop" it is driven from call to call."""
+    """The rename program under the shim, in the mode `shim`. With "stop" it can be stepped from call to call."""
 
     def __init__(self, programs, folder, shim, new=NEW):
         environment = dict(os.environ, LD_PRELOAD=SHIM, TARVOLT_SHIM=shim)
@@ -87,7 +87,7 @@ class Run:
         self.calls = []
 
     def next_call(self):
-        """Lets the program go on to its next call and returns that; None at the end."""
+        """Continues the program to its next call and returns that call, or None at the end."""
         if self.calls:
             self.process.send_signal(signal.SIGCONT)
         _, status = os.waitpid(self.process.pid, os.WUNTRACED)
@@ -125,7 +125,7 @@ class Folder:
 
 
 def verdict(faults, what):
-    """Ends the driver: says what was tried, and every fault that was found."""
+    """Ends the driver: prints what was tried and every fault that was found."""
     for fault in faults:
         print("FAULT:", fault)
     print(f"{what}: {len(faults)} faults found")

@@ -1,5 +1,5 @@
-// Performs one rename on the real disk: tarvolt_rename_once FOLDER OLD NEW. Prints "renamed" or the message a person
-// would see; the exit status is 0 either way, so that any other status is a crash.
+// Performs one rename on the real disk: tarvolt_rename_once FOLDER OLD NEW. Prints "renamed" or the message that the
+// window would show. The exit status is 0 either way, so any other status is a crash.
 #include "foundation/posix_file_manager.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"

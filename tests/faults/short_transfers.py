@@ -1,6 +1,6 @@
-"""Reads and writes that carry over a few bytes at a time lose none of them: short_transfers.py PROGRAMS
+"""Reads and writes that transfer a few bytes at a time must lose none: short_transfers.py PROGRAMS
 
-Runs the same with a write that says more than it did first, which it must find.
+The driver first has to find fault with a write that reports more than it wrote.
 """
 
 import sys
@@ -18,5 +18,5 @@ def faults_of(programs, shim):
 if __name__ == "__main__":
     PROGRAMS = sys.argv[1]
     if not faults_of(PROGRAMS, "lying-write"):
-        sys.exit("a write that says more than it did went unnoticed: this check finds nothing")
+        sys.exit("a write that reports more than it wrote went unnoticed: this check finds nothing")
     verdict(faults_of(PROGRAMS, "short"), f"{len(NEW_TEXT)} bytes in short pieces")

@@ -1,4 +1,4 @@
-"""The rename program under strace: which system calls it makes, and what comes of it when one is tampered with."""
+"""The rename program under strace: which system calls it makes, and what happens if one is tampered with."""
 
 import concurrent.futures
 import os
@@ -10,23 +10,23 @@ import sys
 from rename_case import DATA, NEW, OLD, PROGRAM, SAMPLES, SHIM, Folder, clean_state, tree
 
 SKIPPED = 77
-# What may be there at any time; clean_state says which of it must be there at which.
+# What may exist at some time; clean_state says what must exist when.
 KNOWN = {"projects", "projects/Bystander.xpj"}.union(
     *({f"projects/{name}.xpj", f"projects/{name}{DATA}", f"projects/{name}{DATA}/deep",
        *(f"projects/{name}{DATA}/{sample}" for sample in SAMPLES)} for name in (OLD, NEW)))
 
-# Between threads, and around the random numbers of newer C libraries: neither concerns the folder nor can it fail.
+# Used between threads and for the random numbers of newer C libraries. They do not concern the folder and cannot fail.
 THE_LIBRARYS_OWN = ("futex", "rt_sigprocmask")
 
 A_HANG = 60  # seconds; a rename takes a tenth of one
 
-# The file systems that the rename is tried on: the one below, and those that the shim makes of it by refusing calls, as
-# FAT sticks, network drives and file systems in user space do. No such file system needs to be here for that.
+# The file systems on which the rename is tried: the real one, and those that the shim imitates by refusing calls as FAT
+# sticks, network drives and FUSE do.
 FILE_SYSTEMS = ["", "no-unnamed", "no-naming", "no-unnamed,no-links", "no-unnamed,no-links,no-flag,no-sync"]
 
 
 class Call:
-    """A system call of the rename: its name, how many of that name it is since the program began, and its words."""
+    """A system call of the rename: its name, its number among the calls of that name, and its line in the trace."""
 
     def __init__(self, name, number, line):
         self.name, self.number, self.line = name, number, line
@@ -36,14 +36,14 @@ class Call:
 
 
 class Outcome:
-    """What the program said, and what is on disk after it ended."""
+    """The program's message, and what is on disk after it ended."""
 
     def __init__(self, message, state, leftovers, ended):
         self.message, self.state, self.leftovers, self.ended = message, state, leftovers, ended
 
 
 def traced(programs, shim, *options):
-    """One rename in a folder of its own, traced with these options; its outcome."""
+    """Runs one rename in a folder of its own, traced with these options, and returns the outcome."""
     with Folder() as folder:
         environment = ["-E", f"LD_PRELOAD={SHIM}", "-E", f"TARVOLT_SHIM={shim}"]
         process = subprocess.Popen(["strace", "-qq", *options, *environment, PROGRAM, folder.projects, OLD, NEW],
@@ -62,7 +62,7 @@ def traced(programs, shim, *options):
 
 
 def calls_of(programs, shim):
-    """The calls of a rename that goes well, from the first to the last that concerns the folder."""
+    """The calls of a successful rename, from the first to the last that concerns the folder."""
     trace = os.path.join(os.environ.get("TMPDIR", "/tmp"), f"tarvolt-trace-{os.getpid()}")
     try:
         outcome = traced(programs, shim, "-o", trace)
@@ -75,10 +75,10 @@ def calls_of(programs, shim):
         if os.path.exists(trace):
             os.remove(trace)
     if outcome.message == "" and not lines:
-        print("skipped: strace may trace no program here")
+        print("skipped: strace is not allowed to trace programs here")
         sys.exit(SKIPPED)
     if (outcome.message, outcome.state) != ("renamed", 4):
-        sys.exit(f"the rename does not go well of itself: {outcome.message}; {outcome.state}")
+        sys.exit(f"the rename fails even if it is left alone: {outcome.message}; {outcome.state}")
     numbers, calls, begun = {}, [], False
     for line in lines:
         match = re.match(r"(\w+)\(", line)
@@ -97,6 +97,6 @@ def calls_of(programs, shim):
 
 
 def side_by_side(task, items):
-    """The results of `task` for all items, in their order."""
+    """The results of `task` for all items, in order."""
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         return list(pool.map(task, items))

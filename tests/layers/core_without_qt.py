@@ -1,4 +1,4 @@
-"""That the core needs no Qt: configures it in a folder of its own and looks for traces of Qt in what came out.
+"""Checks that the core needs no Qt: configures it in a folder of its own and searches the result for traces of Qt.
 
     core_without_qt.py ROOT SCRATCH
 """
@@ -10,7 +10,7 @@ from pathlib import Path
 
 root, scratch = Path(sys.argv[1]), Path(sys.argv[2])
 shutil.rmtree(scratch, ignore_errors=True)
-# As the preset "core" does it, but here even a Qt that is installed could be found if anything asked for it.
+# As the preset "core" does, except that an installed Qt would be found if anything asked for it.
 configured = subprocess.run(
     ["cmake", "-S", root, "-B", scratch, "-G", "Ninja", "-DTARVOLT_WINDOW=OFF"], capture_output=True, text=True
 )

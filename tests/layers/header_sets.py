@@ -1,6 +1,6 @@
-"""That every header of the layers is among those that the build compiles alone.
+"""Checks that the build compiles every header of the layers on its own.
 
-    header_sets.py ROOT BUILD      fails and names the headers that BUILD/compile_commands.json does not compile alone
+    header_sets.py ROOT BUILD      fails and lists the headers that BUILD/compile_commands.json does not compile
 """
 
 import json
@@ -22,5 +22,5 @@ verified = [entry["file"] for entry in json.loads((build / "compile_commands.jso
 verified = [name for name in verified if "_verify_interface_header_sets/" in name]
 missing = [header for header in sorted(headers) if not any(name.endswith(f"/{header}.cxx") for name in verified)]
 
-print(*missing, f"{len(headers)} headers, {len(missing)} of them not compiled alone", sep="\n")
+print(*missing, f"{len(headers)} headers, {len(missing)} of them not compiled on their own", sep="\n")
 sys.exit(1 if missing or not headers else 0)

@@ -1,4 +1,4 @@
-"""Plants each kind of wrong include in a small tree and sees that it is found, and that right ones are left alone."""
+"""Plants each kind of wrong include in a small tree and checks that it is found and that correct ones are accepted."""
 
 import tempfile
 import unittest
@@ -9,7 +9,7 @@ import includes
 
 class Includes(unittest.TestCase):
     def faults(self, **files):
-        """The faults of a tree in which each file, named with __ for / and _h for .h, has the text given."""
+        """The faults of a tree with these files, named with __ for / and _h for .h."""
         with tempfile.TemporaryDirectory() as folder:
             root = Path(folder)
             for name, text in files.items():

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Makes the golden folders before/ and after/ beside this script: a projects folder before and after its project
-"Nachtcafé 2024" is renamed to "Große Fahrt (live)". The same bytes come out every time.
+"""Writes the golden folders before/ and after/ beside this script: a projects folder before and after its project
+"Nachtcafé 2024" is renamed to "Große Fahrt (live)". The bytes are the same every time.
 
 `make.py` writes them; `make.py --check` only says whether they are as they would be written.
 """
@@ -16,7 +16,7 @@ TAIL = "_[ProjectData]"
 
 
 class Chance:
-    """A generator of our own, so that the bytes do not hang on a library's version."""
+    """A generator of our own, so that the bytes do not depend on a library's version."""
 
     def __init__(self, seed):
         self.state = seed
@@ -49,7 +49,7 @@ def state_of_plug_in(chance):
 
 
 def project_text(folders):
-    """The project file; `folders` are the names of the data folder to refer to, one after the other, again and again."""
+    """The project file; it refers to the data folder by each of the names in `folders` in turn."""
     chance = Chance(20240611)
     lines = []
     count = 0
@@ -62,7 +62,7 @@ def project_text(folders):
     add = lines.append
     add('<?xml version="1.0" encoding="UTF-8"?>')
     add(f'<Project name="{OLD}" format="7">')
-    # The bare name, the folders of other projects and other spellings are no references and stay.
+    # The bare name, other projects' folders and other spellings are not references and stay.
     add(f"  <Title>{OLD}</Title>")
     add(f'  <Comment>{unicodedata.normalize("NFD", OLD)} &amp; more; see Andere{TAIL}/notes.txt</Comment>')
     add(f'  <Comment>{OLD.lower()}{TAIL}, {OLD}_[projectdata], {OLD} {TAIL}, {OLD}{TAIL}\u0301</Comment>')
@@ -102,7 +102,7 @@ def folder_of(name, references):
     files = {f"{name}.xpj": project_text(references)}
     for path, content in data_files():
         files[f"{name}{TAIL}/{path}"] = content
-    # What has nothing to do with the project and must not change, although it names it.
+    # Unrelated files, which must not change although they mention the project.
     files["Andere.xpj"] = f"<Project>{OLD}{TAIL}/x.wav Andere{TAIL}</Project>\n".encode()
     files[f"Andere{TAIL}/notes.txt"] = f"borrowed from {OLD}{TAIL}\n".encode()
     files["read me.txt"] = f"{OLD} is the one to play.\n".encode()
