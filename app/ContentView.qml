@@ -18,6 +18,9 @@ T.ApplicationWindow {
     minimumHeight: Theme.leastHeight
     title: Qt.application.name
     color: Theme.window
+    // What the toolkit's folder panel selects in.
+    palette.highlight: Theme.prominent
+    palette.highlightedText: Theme.prominentLabel
     visible: true
     // Whatever gives the focus: a sheet that closes, a button that is enabled again, another window left.
     onActiveFocusItemChanged: {

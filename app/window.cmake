@@ -1,4 +1,4 @@
-# The window: the bridge between the view state and the toolkit, the QML with it, and the program.
+# The window: the bridge between the view state and the toolkit, what is drawn, the QML with both, and the program.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Widgets LinguistTools)
 qt_standard_project_setup()
 
@@ -21,8 +21,10 @@ set_target_properties(tarvolt_xdg_foreign PROPERTIES AUTOMOC OFF)
 target_include_directories(tarvolt_xdg_foreign SYSTEM INTERFACE "${wayland_sources}")
 target_link_libraries(tarvolt_xdg_foreign PUBLIC "${WAYLAND_CLIENT}")
 
-file(GLOB bridge_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp")
-file(GLOB bridge_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.h")
+file(GLOB window_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.cpp"
+     "${CMAKE_CURRENT_SOURCE_DIR}/drawing/*.cpp")
+file(GLOB window_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*.h"
+     "${CMAKE_CURRENT_SOURCE_DIR}/drawing/*.h")
 file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
      "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
 set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
@@ -30,9 +32,9 @@ set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)
 
-add_library(tarvolt_window STATIC ${bridge_sources})
+add_library(tarvolt_window STATIC ${window_sources})
 target_link_libraries(tarvolt_window PRIVATE Qt6::GuiPrivate tarvolt_xdg_foreign)
-target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${bridge_headers})
+target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${window_headers})
 set_target_properties(tarvolt_window PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 qt_add_qml_module(
   tarvolt_window
@@ -46,7 +48,8 @@ qt_add_qml_module(
 set_target_properties(tarvolt_window PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
 target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::DBus Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)
 # The registration that the toolkit generates names the headers of the QML types without their folder.
-target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/bridge")
+target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/bridge"
+                                                  "${CMAKE_CURRENT_SOURCE_DIR}/drawing")
 
 # The texts of the window. tarvolt_en.ts is the template for other languages: the target tarvolt_texts brings it up to
 # date, and a test tells when that has been forgotten. Each tarvolt_<language>.ts beside it is built in.

@@ -1,7 +1,5 @@
 #include "app/bridge/toolkit_panel.h"
 
-#include "app/bridge/platform_style.h"
-
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
@@ -15,6 +13,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QQmlProperty>
 #include <QScreen>
 #include <QSplitter>
 #include <QTreeView>
@@ -80,7 +79,7 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
     takeAwayWhatChanges();
     layOut();
     showLine(QString::fromStdString(settings.message));
-    colour();
+    colour(window);
     winId();
     windowHandle()->setTransientParent(window);
     // It comes to the front again as a modal panel would.
@@ -152,11 +151,13 @@ void ToolkitPanel::showLine(const QString& message) {
     layout()->setMenuBar(line);
 }
 
-void ToolkitPanel::colour() {
-    const PlatformStyle style;
+void ToolkitPanel::colour(QWindow* window) {
     QPalette colours = palette();
-    colours.setColor(QPalette::Highlight, style.prominent());
-    colours.setColor(QPalette::HighlightedText, style.prominentLabel());
+    if (window != nullptr) {
+        colours.setColor(QPalette::Highlight, QQmlProperty::read(window, "palette.highlight").value<QColor>());
+        colours.setColor(QPalette::HighlightedText,
+                         QQmlProperty::read(window, "palette.highlightedText").value<QColor>());
+    }
     setPalette(colours);
     for (const QLineEdit* field : findChildren<QLineEdit*>()) {
         if (field->completer() != nullptr) {

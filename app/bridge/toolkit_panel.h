@@ -10,7 +10,7 @@ class QWindow;
 namespace tarvolt {
 
 /// The toolkit's own folder panel: it chooses and does nothing else. It is not modal, for a modal panel would keep the
-/// window's close box from working.
+/// window's close box from working. It marks what is selected as the palette of `window`, a Quick window, does.
 class ToolkitPanel final : public QFileDialog {
 public:
     ToolkitPanel(const FolderPanelSettings& settings, QWindow* window);
@@ -25,7 +25,7 @@ private:
     void takeAwayWhatChanges();
     void layOut();
     void showLine(const QString& message);
-    void colour();
+    void colour(QWindow* window);
 
     QElapsedTimer opened_;
 };

@@ -1,7 +1,7 @@
 """Where an include may point.
 
-The folders are layers, and a file includes its own layer and those before it only. The toolkit's headers belong to the
-bridge and the entry point, those of ICU and of the operating system to the foundation; everything else has the standard
+The folders are layers, and a file includes its own layer and those before it only; bridge and drawing are beside each
+other and do not know each other. The toolkit's headers belong to these two and the entry point, those of ICU and of the operating system to the foundation; everything else has the standard
 library alone.
 
     includes.py ROOT      prints one line for each include that breaks this and fails when there is one
@@ -11,7 +11,9 @@ import re
 import sys
 from pathlib import Path
 
-layers = ["foundation", "model", "rename", "app", "app/bridge", "app/main.cpp"]
+layers = ["foundation", "model", "rename", "app", "app/bridge", "app/drawing", "app/main.cpp"]
+besideEachOther = {"app/bridge", "app/drawing"}
+withToolkit = besideEachOther | {"app/main.cpp"}
 
 include = re.compile(
     r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE
@@ -38,14 +40,15 @@ def faultOf(root, path, match):
             return "is not written from the project's root"
         if layerOf(target) is None:
             return "points out of the layers"
-        if layerOf(target) > layerOf(path):
-            return f"points from {layer} to {layers[layerOf(target)]}"
+        aim = layers[layerOf(target)]
+        if layerOf(target) > layerOf(path) or (aim != layer and {aim, layer} == besideEachOther):
+            return f"points from {layer} to {aim}"
         return None
     header = match["angle"]
     if standard.fullmatch(header):
         return None
     if toolkit.fullmatch(header):
-        return None if layer in ("app/bridge", "app/main.cpp") else f"brings the toolkit into {layer}"
+        return None if layer in withToolkit else f"brings the toolkit into {layer}"
     if foundationOnly.fullmatch(header):
         return None if layer == "foundation" else f"brings the system or ICU into {layer}"
     return "is no header that any layer may include"

@@ -30,7 +30,9 @@ class Includes(unittest.TestCase):
                 app__view_h='#include "rename/rules.cpp"\n',
                 app__sections__row_h='#include "app/view.h"\n',
                 app__bridge__facade_h='#include "app/view.h"\n#include <QObject>\n#include <QtQml/qqml.h>\n',
-                app__main_cpp='#include "app/bridge/facade.h"\n#include <QApplication>\n',
+                app__drawing__box_h='#include "app/drawing/shape.h"\n#include <QColor>\n',
+                app__drawing__shape_h="#include <QImage>\n",
+                app__main_cpp='#include "app/bridge/facade.h"\n#include "app/drawing/box.h"\n#include <QApplication>\n',
                 tests__free_cpp='#include <anything/at.all>\n#include "free.h"\n',
             ),
             [],
@@ -52,6 +54,13 @@ class Includes(unittest.TestCase):
             app__bridge__a_cpp='#include "app/main.cpp"\n',
             app__main_cpp="",
         )
+
+    def testFindsThatBridgeAndDrawingKnowEachOther(self):
+        for here, there in (("bridge", "drawing"), ("drawing", "bridge")):
+            self.assertFault(
+                f'app/{here}/a.h:1: #include "app/{there}/b.h" points from app/{here} to app/{there}',
+                **{f"app__{here}__a_h": f'#include "app/{there}/b.h"\n', f"app__{there}__b_h": ""},
+            )
 
     def testFindsTheToolkitLeftOfTheBridge(self):
         for header in ("QString", "QtCore/QString", "QtGlobal", "QtCore/qglobal.h"):

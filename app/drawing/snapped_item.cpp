@@ -1,4 +1,4 @@
-#include "app/bridge/snapped_item.h"
+#include "app/drawing/snapped_item.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>

@@ -1,4 +1,4 @@
-#include "app/bridge/shadow_item.h"
+#include "app/drawing/shadow_item.h"
 
 #include <QPainter>
 

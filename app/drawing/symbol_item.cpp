@@ -1,6 +1,6 @@
-#include "app/bridge/symbol_item.h"
+#include "app/drawing/symbol_item.h"
 
-#include "app/bridge/symbol_drawing.h"
+#include "app/drawing/symbol_drawing.h"
 
 namespace tarvolt {
 

@@ -1,4 +1,4 @@
-#include "app/bridge/drawing_path.h"
+#include "app/drawing/drawing_path.h"
 
 #include <QLineF>
 #include <QPointF>

@@ -1,4 +1,4 @@
-#include "app/bridge/platform_style.h"
+#include "app/drawing/platform_style.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "app/bridge/spinner_item.h"
+#include "app/drawing/spinner_item.h"
 
 #include <QPainter>
 

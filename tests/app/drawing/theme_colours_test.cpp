@@ -1,4 +1,4 @@
-#include "app/theme_colours.h"
+#include "app/drawing/theme_colours.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
-#include "app/bridge/symbol_drawing.h"
+#include "app/drawing/symbol_drawing.h"
 
-#include "app/bridge/drawing_path.h"
+#include "app/drawing/drawing_path.h"
 
 #include <QLinearGradient>
 #include <QPixmap>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/bridge/snapped_item.h"
+#include "app/drawing/snapped_item.h"
 
 #include <QColor>
 #include <QtQmlIntegration/qqmlintegration.h>

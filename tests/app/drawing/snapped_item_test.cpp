@@ -1,4 +1,4 @@
-#include "app/bridge/box_item.h"
+#include "app/drawing/box_item.h"
 #include "tests/app/bridge/print_qt.h"
 
 #include <QImage>

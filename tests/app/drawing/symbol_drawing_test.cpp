@@ -1,4 +1,4 @@
-#include "app/bridge/symbol_drawing.h"
+#include "app/drawing/symbol_drawing.h"
 
 #include <QImage>
 #include <QPainter>

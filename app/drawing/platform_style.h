@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/theme_colours.h"
+#include "app/drawing/theme_colours.h"
 
 #include <QColor>
 #include <QFont>

@@ -1,4 +1,4 @@
-#include "app/bridge/platform_style.h"
+#include "app/drawing/platform_style.h"
 #include "tests/app/bridge/measures.h"
 
 #include <QGlyphRun>
