@@ -132,17 +132,14 @@ std::vector<MPCProject> measureProjects(const FileManager& fileManager, const st
 }
 
 void sortByName(std::vector<MPCProject>& projects, std::string_view locale) {
-    const CaseInsensitiveOrder order(locale);
-    std::vector<std::pair<std::string, std::size_t>> keys;
-    keys.reserve(projects.size());
-    for (std::size_t i = 0; i < projects.size(); ++i) {
-        keys.emplace_back(order.sortKey(projects[i].baseName()), i);
+    std::vector<std::string_view> names;
+    names.reserve(projects.size());
+    for (const auto& project : projects) {
+        names.push_back(project.baseName());
     }
-    // Equal names are told apart by their place in the listing, which is what a stable sort keeps.
-    std::sort(keys.begin(), keys.end());
     std::vector<MPCProject> sorted;
     sorted.reserve(projects.size());
-    for (const auto& [key, index] : keys) {
+    for (const std::size_t index : localizedCaseInsensitiveCompareOrder(names, locale)) {
         sorted.push_back(std::move(projects[index]));
     }
     projects = std::move(sorted);
