@@ -100,7 +100,10 @@ public:
     }
     ProcessTimeZone(const ProcessTimeZone&) = delete;
     ProcessTimeZone& operator=(const ProcessTimeZone&) = delete;
-    ~ProcessTimeZone() { before_ ? setenv("TZ", before_->c_str(), 1) : unsetenv("TZ"); }
+    ~ProcessTimeZone() {
+        before_ ? setenv("TZ", before_->c_str(), 1) : unsetenv("TZ");
+        tzset(); // localtime_r need not read the variable again
+    }
 
 private:
     std::optional<std::string> before_;
