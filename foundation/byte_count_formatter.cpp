@@ -2,8 +2,9 @@
 
 #include "foundation/icu.h"
 
+#include <algorithm>
 #include <array>
-#include <optional>
+#include <limits>
 
 #include <unicode/numberformatter.h>
 #include <unicode/unistr.h>
@@ -12,58 +13,35 @@ namespace tarvolt {
 
 namespace {
 
+using icu::number::Precision;
+using icu::number::Scale;
+
 struct Unit {
     const char* name;
-    std::int64_t bytes;
-    std::int64_t steps; ///< how many of the smallest shown difference are one unit
+    std::int32_t powerOfTen;
+    std::int32_t fractionDigits;
+    std::int64_t last; ///< the largest byte count that does not round to 1,000 units
 };
 
-constexpr std::array<Unit, 6> units{{{"KB", 1'000, 1},
-                                     {"MB", 1'000'000, 10},
-                                     {"GB", 1'000'000'000, 100},
-                                     {"TB", 1'000'000'000'000, 100},
-                                     {"PB", 1'000'000'000'000'000, 100},
-                                     {"EB", 1'000'000'000'000'000'000, 100}}};
+constexpr std::array<Unit, 6> units{{{"KB", 3, 0, 999'499},
+                                     {"MB", 6, 1, 999'949'999},
+                                     {"GB", 9, 2, 999'994'999'999},
+                                     {"TB", 12, 2, 999'994'999'999'999},
+                                     {"PB", 15, 2, 999'994'999'999'999'999},
+                                     {"EB", 18, 2, std::numeric_limits<std::int64_t>::max()}}};
 
-/// The number format of a locale. Making one is slow and lists ask for the same again and again, so each thread keeps
-/// its last one ready.
-const icu::number::LocalizedNumberFormatter& numberFormat(std::string_view locale) {
-    struct Last {
-        std::optional<std::string> locale;
-        icu::number::LocalizedNumberFormatter format;
-    };
-    thread_local Last last;
-    if (last.locale != locale) {
-        last.format =
-            icu::number::NumberFormatter::withLocale(icuLocale(locale)).precision(icu::number::Precision::unlimited());
-        last.locale = locale;
-    }
-    return last.format;
-}
-
-std::string decimalText(const std::string& decimal, std::string_view locale) {
+std::string numberText(std::int64_t number, const Scale& scale, const Precision& precision, std::string_view locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::string text;
-    numberFormat(locale).formatDecimal(decimal, status).toString(status).toUTF8String(text);
-    throwIfFailed(status, "NumberFormatter::formatDecimal");
+    icu::number::NumberFormatter::withLocale(icuLocale(locale))
+        .scale(scale)
+        .precision(precision)
+        .roundingMode(UNUM_ROUND_HALFEVEN)
+        .formatInt(number, status)
+        .toString(status)
+        .toUTF8String(text);
+    throwIfFailed(status, "NumberFormatter::formatInt");
     return text;
-}
-
-/// `byteCount` in steps of `unit`, halves rounded to the even number.
-std::int64_t roundedSteps(std::int64_t byteCount, const Unit& unit) {
-    const std::int64_t step = unit.bytes / unit.steps;
-    const std::int64_t whole = byteCount / step;
-    const std::int64_t rest = byteCount % step;
-    const bool up = rest > step / 2 || (rest == step / 2 && whole % 2 != 0);
-    return whole + (up ? 1 : 0);
-}
-
-/// `steps` of a `unit` as a decimal number without trailing zeros.
-std::string decimalOf(std::int64_t steps, const Unit& unit) {
-    std::string decimal = std::to_string(steps / unit.steps);
-    std::string fraction = std::to_string(unit.steps + steps % unit.steps).substr(1);
-    fraction.erase(fraction.find_last_not_of('0') + 1);
-    return fraction.empty() ? decimal : decimal + '.' + fraction;
 }
 
 } // namespace
@@ -73,21 +51,16 @@ std::string byteCountText(std::int64_t byteCount, std::string_view locale) {
         return "Zero KB";
     }
     if (byteCount < 1'000) {
-        const std::string count = decimalText(std::to_string(byteCount), locale);
-        return count + (byteCount == 1 ? " byte" : " bytes");
+        return integerText(byteCount, locale) + (byteCount == 1 ? " byte" : " bytes");
     }
-    // The unit is chosen by the rounded count: what rounds to 1,000 of a unit is 1 of the next.
-    const Unit* unit = units.data();
-    std::int64_t steps = roundedSteps(byteCount, *unit);
-    while (steps >= 1'000 * unit->steps) {
-        ++unit;
-        steps = roundedSteps(byteCount, *unit);
-    }
-    return decimalText(decimalOf(steps, *unit), locale) + ' ' + unit->name;
+    const auto* unit = std::ranges::find_if(units, [&](const Unit& each) { return byteCount <= each.last; });
+    return numberText(byteCount, Scale::powerOfTen(-unit->powerOfTen), Precision::maxFraction(unit->fractionDigits),
+                      locale) +
+           ' ' + unit->name;
 }
 
 std::string integerText(std::int64_t number, std::string_view locale) {
-    return decimalText(std::to_string(number), locale);
+    return numberText(number, Scale::none(), Precision::integer(), locale);
 }
 
 } // namespace tarvolt

@@ -1,13 +1,15 @@
 #pragma once
 
+#include <unicode/umachine.h>
+
 namespace tarvolt {
 
-/// Whether `character` belongs to the one before it: it, or what it canonically decomposes into, begins with one of
+/// Whether `character` belongs to the one before it: it, or the first character of its canonical decomposition, is of
 /// general category Mn or Me.
-bool isMark(char32_t character);
+bool isMark(UChar32 character);
 
-/// Whether `before` and `after`, side by side, are parts of one Hangul syllable: leading consonant, vowel and perhaps a
-/// trailing consonant, one of each. A further one of the same kind is a character of its own.
-bool isInsideHangulSyllable(char32_t before, char32_t after);
+/// Whether the neighbours `before` and `after` are parts of one Hangul syllable: a leading consonant, a vowel and
+/// perhaps a trailing consonant, one of each. A second one of the same kind starts a new character.
+bool isInsideHangulSyllable(UChar32 before, UChar32 after);
 
 } // namespace tarvolt

@@ -1,19 +1,21 @@
 #include "foundation/character_boundary.h"
 #include "foundation/icu.h"
 #include "foundation/text.h"
-#include "foundation/utf8.h"
 
 #include <algorithm>
-
-#include <unicode/normalizer2.h>
-#include <unicode/unistr.h>
+#include <type_traits>
 
 namespace tarvolt {
 
 namespace {
 
-bool isAscii(const icu::UnicodeString& text) {
-    return std::all_of(text.getBuffer(), text.getBuffer() + text.length(), [](char16_t unit) { return unit < 0x80; });
+/// Whether all of `text`, bytes or UTF-16, is ASCII. There is no early exit, so that the compiler can vectorise it.
+template<class Unit> bool isAscii(const Unit* text, std::size_t length) {
+    unsigned bits = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        bits |= static_cast<std::make_unsigned_t<Unit>>(text[i]);
+    }
+    return bits < 0x80;
 }
 
 bool hasTurkicCaseRules(std::string_view locale) {
@@ -22,7 +24,7 @@ bool hasTurkicCaseRules(std::string_view locale) {
 }
 
 bool asciiContains(std::string_view text, std::string_view search, bool turkic) {
-    // The Turkish I is no form of i, and of its own form there is none in ASCII.
+    // In Turkish, I is not the capital of i, and the small letter that belongs to it is not in ASCII.
     const auto folded = [turkic](char letter) {
         const bool isUpper = letter >= 'A' && letter <= 'Z' && !(turkic && letter == 'I');
         return isUpper ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -31,26 +33,14 @@ bool asciiContains(std::string_view text, std::string_view search, bool turkic) 
     return std::search(text.begin(), text.end(), search.begin(), search.end(), equal) != text.end();
 }
 
-const icu::Normalizer2& normalizer(bool composing) {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* found =
-        composing ? icu::Normalizer2::getNFCInstance(status) : icu::Normalizer2::getNFDInstance(status);
-    throwIfFailed(status, "Normalizer2::getInstance");
-    return *found;
-}
-
-/// `text` in a form in which texts that differ in case or by canonical equivalence alone are the same.
+/// `text` in a form that is the same for all texts that differ only in case or by canonical equivalence.
 icu::UnicodeString folded(std::string_view text, bool turkic) {
-    // The Turkish rules tell a dotted I from a plain one, so a dot above has to be part of its letter when they look.
-    UErrorCode status = U_ZERO_ERROR;
-    icu::UnicodeString result = normalizer(turkic).normalize(icu::UnicodeString::fromUTF8(text), status);
-    result.foldCase(turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT);
-    result = normalizer(false).normalize(result, status);
-    throwIfFailed(status, "Normalizer2::normalize");
-    return result;
+    // The Turkish rules distinguish a dotted I from a plain one, so a dot above must first be composed with its letter.
+    icu::UnicodeString result = normalized(turkic ? nfc() : nfd(), icu::UnicodeString::fromUTF8(text));
+    return normalized(nfd(), result.foldCase(turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT));
 }
 
-/// The folded search text. A whole list is filtered by one, so each thread keeps its last one ready.
+/// The folded search text. Each thread caches its last one, because a whole list is filtered by the same text.
 const icu::UnicodeString& foldedSearch(std::string_view search, bool turkic) {
     struct Last {
         std::string search;
@@ -64,18 +54,11 @@ const icu::UnicodeString& foldedSearch(std::string_view search, bool turkic) {
     return last.folded;
 }
 
-bool isCharacterBoundary(const icu::UnicodeString& text, std::int32_t at) {
-    if (at == 0 || at == text.length()) {
-        return true;
-    }
-    const auto before = static_cast<char32_t>(text.char32At(at - 1));
-    const auto after = static_cast<char32_t>(text.char32At(at));
-    return !isInsideHangulSyllable(before, after);
-}
-
 bool isWhole(const icu::UnicodeString& text, std::int32_t start, std::int32_t end) {
-    const bool cutsMark = end < text.length() && isMark(static_cast<char32_t>(text.char32At(end)));
-    return !cutsMark && isCharacterBoundary(text, start) && isCharacterBoundary(text, end);
+    const auto isInside = [&](std::int32_t at) {
+        return at > 0 && at < text.length() && isInsideHangulSyllable(text.char32At(at - 1), text.char32At(at));
+    };
+    return !isInside(start) && !isInside(end) && !(end < text.length() && isMark(text.char32At(end)));
 }
 
 } // namespace
@@ -85,13 +68,13 @@ bool localizedCaseInsensitiveContains(std::string_view text, std::string_view se
         return false;
     }
     const bool turkic = hasTurkicCaseRules(locale);
-    const bool textIsAscii = isAscii(text);
-    if (textIsAscii && isAscii(search)) {
+    const bool textIsAscii = isAscii(text.data(), text.size());
+    if (textIsAscii && isAscii(search.data(), search.size())) {
         return asciiContains(text, search, turkic);
     }
     const icu::UnicodeString& needle = foldedSearch(search, turkic);
-    if (textIsAscii && !turkic && !isAscii(needle)) {
-        return false; // nothing in the text folds to what is beyond ASCII
+    if (textIsAscii && !turkic && !isAscii(needle.getBuffer(), static_cast<std::size_t>(needle.length()))) {
+        return false; // ASCII text folds to ASCII
     }
     const icu::UnicodeString haystack = folded(text, turkic);
     std::int32_t start = haystack.indexOf(needle);

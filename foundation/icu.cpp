@@ -27,4 +27,25 @@ icu::Locale icuLocale(std::string_view identifier) {
     return U_FAILURE(status) || status == U_USING_DEFAULT_WARNING ? icu::Locale::getRoot() : locale;
 }
 
+const icu::Normalizer2& nfd() {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* normalizer = icu::Normalizer2::getNFDInstance(status);
+    throwIfFailed(status, "Normalizer2::getNFDInstance");
+    return *normalizer;
+}
+
+const icu::Normalizer2& nfc() {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* normalizer = icu::Normalizer2::getNFCInstance(status);
+    throwIfFailed(status, "Normalizer2::getNFCInstance");
+    return *normalizer;
+}
+
+icu::UnicodeString normalized(const icu::Normalizer2& normalizer, const icu::UnicodeString& text) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString result = normalizer.normalize(text, status);
+    throwIfFailed(status, "Normalizer2::normalize");
+    return result;
+}
+
 } // namespace tarvolt

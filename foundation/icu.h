@@ -3,16 +3,24 @@
 #include <string_view>
 
 #include <unicode/locid.h>
-#include <unicode/utypes.h>
+#include <unicode/normalizer2.h>
+#include <unicode/unistr.h>
 
 namespace tarvolt {
 
 /// Throws a std::runtime_error that names `call` and the failure, if there is one.
 void throwIfFailed(UErrorCode status, const char* call);
 
-/// The ICU locale of an identifier's language, script and territory. A language that ICU knows nothing of becomes the
-/// root locale: ICU itself would take the process's default, which is `en_US_POSIX` wherever no locale is set. Variants
-/// are dropped: that one sorts by ASCII code.
+/// The ICU locale of an identifier's language, script and territory. Variants are dropped, because `en_US_POSIX` sorts
+/// by ASCII code. A language unknown to ICU gives the root locale; ICU would use the process's default, which is
+/// `en_US_POSIX` wherever no locale is set.
 icu::Locale icuLocale(std::string_view identifier);
+
+/// Canonical decomposition (NFD) and composition (NFC).
+const icu::Normalizer2& nfd();
+const icu::Normalizer2& nfc();
+
+/// `text` normalised by `normalizer`.
+icu::UnicodeString normalized(const icu::Normalizer2& normalizer, const icu::UnicodeString& text);
 
 } // namespace tarvolt

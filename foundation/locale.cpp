@@ -1,50 +1,30 @@
 #include "foundation/locale.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 #include <utility>
+
+#include <unicode/localebuilder.h>
 
 namespace tarvolt {
 
 namespace {
 
-// The C library's functions depend on the locale themselves; these look at ASCII alone.
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool isLanguage(std::string_view part) {
-    return (part.size() == 2 || part.size() == 3) && std::ranges::all_of(part, isLetter);
-}
-
-bool isTerritory(std::string_view part) {
-    return (part.size() == 2 && std::ranges::all_of(part, isLetter)) ||
-           (part.size() == 3 && std::ranges::all_of(part, isDigit));
-}
-
-std::string inCase(std::string_view part, char first, char last, int shift) {
-    std::string result(part);
-    for (char& c : result) {
-        c = c >= first && c <= last ? static_cast<char>(c + shift) : c;
-    }
-    return result;
-}
-
-/// The script that a modifier names; what else a modifier may say ("@euro") is no part of an identifier.
+/// The script that a modifier names; empty for other modifiers ("euro"), which identifiers have no place for.
 std::string_view scriptOf(std::string_view modifier) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> scripts{
-        {{"latin", "_Latn"}, {"cyrillic", "_Cyrl"}, {"devanagari", "_Deva"}, {"iqtelif", "_Latn"}}};
-    const auto* found = std::ranges::find(scripts, modifier, &std::pair<std::string_view, std::string_view>::first);
-    return found == scripts.end() ? std::string_view() : found->second;
+    using Script = std::pair<std::string_view, std::string_view>;
+    for (const auto& [name, script] : {Script{"latin", "Latn"}, Script{"cyrillic", "Cyrl"},
+                                       Script{"devanagari", "Deva"}, Script{"iqtelif", "Latn"}}) {
+        if (modifier == name) {
+            return script;
+        }
+    }
+    return {};
 }
 
-/// What stands before the first of `separator`; `rest` keeps what follows it.
+/// Takes the part before the first `separator` off the front of `rest`, and the separator with it.
 std::string_view cut(std::string_view& rest, char separator) {
     const std::string_view whole = rest;
     const std::size_t at = std::min(whole.find(separator), whole.size());
@@ -52,31 +32,28 @@ std::string_view cut(std::string_view& rest, char separator) {
     return whole.substr(0, at);
 }
 
-/// The identifier for language[_TERRITORY][.codeset][@modifier], or nothing for C, POSIX and what is no locale's name.
+/// The identifier for language[_TERRITORY][.codeset][@modifier]; absent for C, POSIX and anything else.
 std::optional<std::string> identifierOf(std::string_view name) {
     std::string_view modifier = name;
     std::string_view codeset = cut(modifier, '@');
     std::string_view territory = cut(codeset, '.');
     const std::string_view language = cut(territory, '_');
-    if (!isLanguage(language) || (!territory.empty() && !isTerritory(territory))) {
-        return std::nullopt;
+    if (language.size() < 2 || language.size() > 3) {
+        return std::nullopt; // ICU accepts up to eight letters: "posix", "turkish"
     }
-    std::string identifier = inCase(language, 'A', 'Z', 'a' - 'A');
-    identifier += scriptOf(modifier);
-    if (!territory.empty()) {
-        identifier += '_' + inCase(territory, 'a', 'z', 'A' - 'a');
-    }
-    return identifier;
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale =
+        icu::LocaleBuilder().setLanguage(language).setScript(scriptOf(modifier)).setRegion(territory).build(status);
+    return U_SUCCESS(status) ? std::optional<std::string>(locale.getName()) : std::nullopt;
 }
 
 } // namespace
 
-UserLocale UserLocale::from(const std::function<std::optional<std::string>(const char*)>& variable) {
+UserLocale UserLocale::from(const std::function<const char*(const char*)>& variable) {
     const auto take = [&](const char* category, std::string& identifier) {
         for (const char* name : {"LC_ALL", category, "LANG"}) {
-            const std::optional<std::string> value = variable(name);
-            if (value && !value->empty()) {
-                identifier = identifierOf(*value).value_or(identifier);
+            if (const char* value = variable(name); value != nullptr && *value != '\0') {
+                identifier = identifierOf(value).value_or(identifier);
                 return;
             }
         }
@@ -89,15 +66,8 @@ UserLocale UserLocale::from(const std::function<std::optional<std::string>(const
     return locale;
 }
 
-UserLocale UserLocale::fromEnvironment() {
-    return from([](const char* name) -> std::optional<std::string> {
-        const char* value = std::getenv(name);
-        return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
-    });
-}
-
 const UserLocale& currentLocale() {
-    static const UserLocale locale = UserLocale::fromEnvironment();
+    static const UserLocale locale = UserLocale::from(std::getenv);
     return locale;
 }
 

@@ -3,12 +3,9 @@
 #include "foundation/text.h"
 #include "foundation/utf8.h"
 
-#include <cstring>
+#include <algorithm>
 #include <optional>
 #include <vector>
-
-#include <unicode/normalizer2.h>
-#include <unicode/unistr.h>
 
 namespace tarvolt {
 
@@ -19,31 +16,38 @@ struct Span {
     std::size_t end;
 };
 
-/// A name as it may stand in a text: itself or any canonically equivalent sequence.
+icu::UnicodeString decomposed(std::string_view text) {
+    return normalized(nfd(), icu::UnicodeString::fromUTF8(text));
+}
+
+std::int32_t decomposedLength(UChar32 character) {
+    if (character < 0x80) {
+        return 1;
+    }
+    icu::UnicodeString decomposition;
+    return nfd().getDecomposition(character, decomposition) ? decomposition.length() : U16_LENGTH(character);
+}
+
+/// A name as it can appear in a text: any sequence that is canonically equivalent to it.
 class EquivalentName {
 public:
-    explicit EquivalentName(std::string_view name) : bytes_(name) {
-        UErrorCode status = U_ZERO_ERROR;
-        normalizer_ = icu::Normalizer2::getNFDInstance(status);
-        throwIfFailed(status, "Normalizer2::getNFDInstance");
-        decomposed_ = decomposed(name);
-    }
+    explicit EquivalentName(std::string_view name) : bytes_(name), decomposed_(decomposed(name)) {}
 
-    /// Where the name begins if it ends at `end` and begins at or after `earliest`.
+    /// Where the name starts, if it ends at `end` and starts at or after `earliest`.
     std::optional<std::size_t> startBefore(std::string_view text, std::size_t earliest, std::size_t end) const {
         const std::string_view front = text.substr(earliest, end - earliest);
         if (front.ends_with(bytes_)) {
             return end - bytes_.size();
         }
-        // Equivalent sequences decompose to the same length, so there is one place where the name can begin.
+        // Equivalent sequences decompose to the same length, so there is only one place where the name can start.
         std::int32_t toCome = decomposed_.length();
         std::size_t start = front.size();
         while (start > 0 && toCome > 0) {
             const DecodedCharacter last = lastCharacter(front.substr(0, start));
             toCome -= decomposedLength(last.character);
             start -= last.length;
-            // An ASCII character keeps its place when decomposed, and most other names differ in one of these.
-            if (last.character < 0x80 && decomposed_.charAt(toCome) != static_cast<char16_t>(last.character)) {
+            // An ASCII character keeps its place when decomposed, and most other names differ in one of them.
+            if (last.character < 0x80 && decomposed_.charAt(toCome) != last.character) {
                 return std::nullopt;
             }
         }
@@ -54,26 +58,7 @@ public:
     }
 
 private:
-    icu::UnicodeString decomposed(std::string_view text) const {
-        UErrorCode status = U_ZERO_ERROR;
-        icu::UnicodeString result = normalizer_->normalize(icu::UnicodeString::fromUTF8(text), status);
-        throwIfFailed(status, "Normalizer2::normalize");
-        return result;
-    }
-
-    std::int32_t decomposedLength(char32_t character) const {
-        if (character < 0x80) {
-            return 1;
-        }
-        icu::UnicodeString decomposition;
-        if (normalizer_->getDecomposition(static_cast<UChar32>(character), decomposition)) {
-            return decomposition.length();
-        }
-        return U16_LENGTH(character);
-    }
-
     std::string_view bytes_;
-    const icu::Normalizer2* normalizer_ = nullptr;
     icu::UnicodeString decomposed_;
 };
 
@@ -87,16 +72,13 @@ bool isWhole(std::string_view text, Span match) {
 
 std::vector<Span> matchesBeforeTail(std::string_view text, const EquivalentName& name, std::string_view tail) {
     std::vector<Span> matches;
-    std::size_t free = 0;
-    std::size_t from = 0;
-    while (const void* found = memmem(text.data() + from, text.size() - from, tail.data(), tail.size())) {
-        const auto tailStart = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-        from = tailStart + 1;
-        const std::optional<std::size_t> start = name.startBefore(text, free, tailStart);
-        const std::size_t end = tailStart + tail.size();
+    std::size_t free = 0; // the end of the last match
+    for (auto at = text.find(tail); at != std::string_view::npos; at = text.find(tail, std::max(at + 1, free))) {
+        const std::optional<std::size_t> start = name.startBefore(text, free, at);
+        const std::size_t end = at + tail.size();
         if (start && isWhole(text, {*start, end})) {
             matches.push_back({*start, end});
-            from = free = end;
+            free = end;
         }
     }
     return matches;

@@ -1,34 +1,22 @@
+#include "foundation/icu.h"
 #include "foundation/text.h"
-#include "foundation/utf8.h"
 
-#include <unicode/uchar.h>
+#include <unicode/uniset.h>
 
 namespace tarvolt {
 
-namespace {
-
-bool isWhitespace(char32_t character) {
-    return character == U'\t' || u_charType(static_cast<UChar32>(character)) == U_SPACE_SEPARATOR;
-}
-
-} // namespace
-
 std::string_view trimWhitespace(std::string_view text) {
-    while (!text.empty()) {
-        const DecodedCharacter first = firstCharacter(text);
-        if (!isWhitespace(first.character)) {
-            break;
-        }
-        text.remove_prefix(first.length);
-    }
-    while (!text.empty()) {
-        const DecodedCharacter last = lastCharacter(text);
-        if (!isWhitespace(last.character)) {
-            break;
-        }
-        text.remove_suffix(last.length);
-    }
-    return text;
+    static const icu::UnicodeSet whitespace = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::UnicodeSet set(u"[\\t\\p{Zs}]", status);
+        throwIfFailed(status, "UnicodeSet");
+        set.freeze();
+        return set;
+    }();
+    const auto length = static_cast<std::int32_t>(text.size());
+    const auto back = whitespace.spanBackUTF8(text.data(), length, USET_SPAN_CONTAINED);
+    const auto front = whitespace.spanUTF8(text.data(), back, USET_SPAN_CONTAINED);
+    return text.substr(static_cast<std::size_t>(front), static_cast<std::size_t>(back - front));
 }
 
 } // namespace tarvolt

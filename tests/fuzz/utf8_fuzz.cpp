@@ -16,10 +16,10 @@ void checkBothDirections(std::string_view text) {
     std::vector<char32_t> forward;
     std::vector<char32_t> backward;
     for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(firstCharacter(rest).length)) {
-        forward.push_back(firstCharacter(rest).character);
+        forward.push_back(static_cast<char32_t>(firstCharacter(rest).character));
     }
     for (std::string_view rest = text; !rest.empty(); rest.remove_suffix(lastCharacter(rest).length)) {
-        backward.push_back(lastCharacter(rest).character);
+        backward.push_back(static_cast<char32_t>(lastCharacter(rest).character));
     }
     require(forward == testing::slowDecode(text), "reads forward what the bits say");
     require(std::vector(backward.rbegin(), backward.rend()) == forward, "reads the same from both ends");
