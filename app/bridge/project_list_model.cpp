@@ -1,7 +1,7 @@
 #include "app/bridge/project_list_model.h"
 
 #include "app/bridge/qt_text.h"
-#include "app/sections/project_row_texts.h"
+#include "app/sections/list_texts.h"
 #include "foundation/byte_count_formatter.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #include "app/bridge/view_bridge.h"
 
 #include "app/bridge/qt_text.h"
-#include "app/sections/log_time_text.h"
+#include "app/sections/list_texts.h"
+#include "app/sections/log_texts.h"
 #include "app/sections/preview_widths.h"
-#include "app/sections/project_count_text.h"
-#include "app/sections/rename_sheet_texts.h"
+#include "app/sections/sheet_texts.h"
 #include "app/sections/split_width.h"
 
 #include <utility>

@@ -1,7 +1,6 @@
 #include "app/content_view.h"
-#include "app/sections/project_count_text.h"
-#include "app/sections/project_row_texts.h"
-#include "app/sections/rename_sheet_texts.h"
+#include "app/sections/list_texts.h"
+#include "app/sections/sheet_texts.h"
 #include "foundation/localized.h"
 #include "tests/support/scene.h"
 

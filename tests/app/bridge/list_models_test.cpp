@@ -1,7 +1,7 @@
 #include "app/bridge/log_model.h"
 #include "app/bridge/project_list_model.h"
 
-#include "app/sections/log_time_text.h"
+#include "app/sections/log_texts.h"
 #include "tests/app/bridge/print_qt.h"
 
 #include <QAbstractItemModelTester>

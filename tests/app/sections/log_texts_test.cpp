@@ -1,4 +1,4 @@
-#include "app/sections/log_time_text.h"
+#include "app/sections/log_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/sections/rename_sheet_texts.h"
+#include "app/sections/sheet_texts.h"
 
 #include "foundation/localized.h"
 #include "model/folder_scan.h"

@@ -1,10 +1,25 @@
-#include "app/sections/project_row_texts.h"
+#include "app/sections/list_texts.h"
 
-#include "app/sections/count_text.h"
 #include "foundation/byte_count_formatter.h"
 #include "foundation/localized.h"
 
 namespace tarvolt {
+namespace {
+
+/// `text` with its "%lld" replaced by `number`. A translation may have left the placeholder out.
+std::string withNumber(std::string text, std::int64_t number, std::string_view locale) {
+    constexpr std::string_view placeholder = "%lld";
+    if (const auto at = text.find(placeholder); at != std::string::npos) {
+        text.replace(at, placeholder.size(), integerText(number, locale));
+    }
+    return text;
+}
+
+} // namespace
+
+std::string projectCountText(std::int64_t count, std::string_view locale) {
+    return withNumber(localized("HeaderView", "%lld"), count, locale) + " project" + (count == 1 ? "" : "s");
+}
 
 std::string fileCountText(std::int64_t fileCount, std::string_view locale) {
     return withNumber(localized("ProjectRow", "%lld files"), fileCount, locale);

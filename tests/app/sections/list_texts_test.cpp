@@ -1,4 +1,4 @@
-#include "app/sections/project_row_texts.h"
+#include "app/sections/list_texts.h"
 #include "foundation/localized.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +13,19 @@ MPCProject project(bool withDataFolder) {
                           : MPCProject("Slow Glass", "/p/Slow Glass.xpj", std::nullopt, 0, 48000);
 }
 
+TEST(ProjectCountText, SaysProjectForExactlyOneAndProjectsElse) {
+    EXPECT_EQ(projectCountText(0, "en_US"), "0 projects");
+    EXPECT_EQ(projectCountText(1, "en_US"), "1 project");
+    EXPECT_EQ(projectCountText(2, "en_US"), "2 projects");
+    EXPECT_EQ(projectCountText(21, "en_US"), "21 projects");
+}
+
+TEST(ProjectCountText, WritesTheNumberAsTheLocaleDoes) {
+    EXPECT_EQ(projectCountText(20000, "en_US"), "20,000 projects");
+    EXPECT_EQ(projectCountText(20000, "de_DE"), "20.000 projects");
+    EXPECT_EQ(projectCountText(12, "fa_IR"), "۱۲ projects");
+}
+
 TEST(ProjectRowTexts, HaveNoSingularForFiles) {
     EXPECT_EQ(fileCountText(0, "en_US"), "0 files");
     EXPECT_EQ(fileCountText(1, "en_US"), "1 files");
@@ -24,6 +37,8 @@ TEST(ProjectRowTexts, UseTheTranslationOfTheFilesKey) {
         return std::string(key) == "%lld files" ? std::string("Dateien: %lld") : std::string(key);
     });
     EXPECT_EQ(fileCountText(1200, "de_DE"), "Dateien: 1.200");
+    setTranslator([](const char*, const char*) { return std::string("viele Dateien"); });
+    EXPECT_EQ(fileCountText(1200, "de_DE"), "viele Dateien") << "the translation leaves the number out";
     setTranslator({});
     EXPECT_EQ(fileCountText(3, "en_US"), "3 files");
 }
