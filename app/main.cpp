@@ -3,8 +3,8 @@
 #include "app/bridge/view_bridge.h"
 #include "app/content_view.h"
 #include "app/drawing/symbol_drawing.h"
+#include "foundation/file_manager.h"
 #include "foundation/localized.h"
-#include "foundation/posix_file_manager.h"
 #include "foundation/termination.h"
 
 #include <QApplication>

@@ -1,11 +1,10 @@
 // The jobs a person waits for: a scan, a rename and in it the rewriting of the project file, the order of the list and
 // the search.
 // Figures mean something only beside others of the same run; compare medians of two builds measured in turn.
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "foundation/text.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
-#include "rename/reference_rewrite.h"
 
 #include <benchmark/benchmark.h>
 
@@ -115,7 +114,7 @@ BENCHMARK(rename)->Arg(100)->Unit(benchmark::kMillisecond)->UseRealTime();
 void rewrite(benchmark::State& state) {
     const std::string text = projectText(state.range(0));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(rewriteReferences(text, "Night Drive", "Dawn"));
+        benchmark::DoNotOptimize(replaceAllBeforeTail(text, "Night Drive", "Dawn", dataFolderSuffix));
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(text.size()));
 }

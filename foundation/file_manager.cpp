@@ -15,12 +15,11 @@ std::filesystem::path appending(const std::filesystem::path& folder, std::string
     return bytes;
 }
 
-FileError::FileError(int errorNumber, std::string call, std::filesystem::path path)
-    : std::system_error(errorNumber, std::system_category(), call + " " + path.native()), call_(std::move(call)),
-      path_(std::move(path)) {}
+FileError::FileError(int errorNumber, const std::string& call, std::filesystem::path path)
+    : std::system_error(errorNumber, std::system_category(), call + " " + path.native()), path_(std::move(path)) {}
 
 std::string FileError::localizedDescription() const {
-    // The C library answers in the character set of the user's locale, which need not be UTF-8.
+    // The C library uses the character set of the user's locale, which need not be UTF-8.
     return displayText(code().message());
 }
 

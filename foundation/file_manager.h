@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,34 +11,32 @@
 
 namespace tarvolt {
 
-/// `folder` with one component more, byte for byte; the path type's own joining reads a meaning into some names.
+/// `folder` with `component` appended, byte for byte. (`path::operator/` interprets some names.)
 std::filesystem::path appending(const std::filesystem::path& folder, std::string_view component);
 
-/// Why a file operation failed, for a person to read. `code()` is the operating system's error.
+/// A failed file operation. `code()` is the operating system's error.
 class FileError : public std::system_error {
 public:
-    /// `call` names the operation in English ("open"), `path` the item it was made on.
-    FileError(int errorNumber, std::string call, std::filesystem::path path);
+    /// `call` is the operation ("open"), for `what()`; `path` is the item it failed on.
+    FileError(int errorNumber, const std::string& call, std::filesystem::path path);
 
-    const std::string& call() const { return call_; }
     const std::filesystem::path& path() const { return path_; }
 
     /// The operating system's own text for the error, in UTF-8: "Permission denied".
     std::string localizedDescription() const;
 
 private:
-    std::string call_;
     std::filesystem::path path_;
 };
 
-/// One entry of a listing. The views are valid during the visit only.
+/// One entry of a listing. `name` is valid only during the visit.
 struct DirectoryEntry {
     std::string_view name;                ///< bytes as on disk, never "." or ".."
-    std::optional<bool> isDirectory;      ///< of the entry itself, a link is none; absent when it cannot be told
-    std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder and when it cannot be read
+    std::optional<bool> isDirectory;      ///< of the entry itself: false for a link; absent when unknown
+    std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder and when unknown
 };
 
-/// Which item on disk something is; it outlives a move of the item and not its replacement.
+/// Identifies an item on disk. It stays the same when the item is moved, and changes when the item is replaced.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
@@ -45,20 +44,20 @@ struct FileIdentity {
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
-/// An item on disk as it was at one moment; another once the item is replaced or written to.
+/// An item on disk at one moment. It changes when the item is replaced or written to.
 struct FileState {
     FileIdentity identity;
     std::int64_t size = 0;                ///< bytes
-    std::int64_t modified = 0;            ///< whole seconds since 1970; a file may bear any date
-    std::int64_t modifiedNanoseconds = 0; ///< and so much more
+    std::int64_t modified = 0;            ///< whole seconds since 1970; any date is possible
+    std::int64_t modifiedNanoseconds = 0; ///< the rest of that time
 
     friend bool operator==(const FileState&, const FileState&) = default;
 };
 
 enum class LinkPolicy { follow, refuse };
 
-/// The seam between the program and the disk. Paths are bytes; one that holds a NUL byte names nothing and is never
-/// cut. All calls are whole-item, leave no handle open, and may come from any thread.
+/// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte names nothing and is never
+/// cut off there. Each call handles a whole item, leaves no handle open and may come from any thread.
 class FileManager {
 public:
     using Visitor = std::function<void(const DirectoryEntry&)>;
@@ -68,41 +67,44 @@ public:
     FileManager& operator=(const FileManager&) = delete;
     virtual ~FileManager() = default;
 
-    /// Visits the entries of a folder, one level, in the order of the file system, hidden ones (a leading dot) left
-    /// out. With `LinkPolicy::refuse` a path whose last component is a link is no folder. An entry that vanishes in
-    /// between is visited without a size. Throws FileError when the folder cannot be opened and also when the listing
-    /// breaks off; some entries may then have been visited, and the caller must forget them.
+    /// Visits the entries of a folder, one level deep, in the file system's order, without hidden ones (a leading dot).
+    /// With `LinkPolicy::refuse` a path whose last component is a link is not a folder. An entry that vanishes
+    /// meanwhile is visited without a size. Throws FileError when the folder cannot be opened or the listing fails
+    /// halfway. In the latter case entries have been visited, which the caller must discard.
     virtual void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
                                      const Visitor& visit) const = 0;
 
-    /// Whether anything at all is at `path`, a dangling link included. False when that cannot be told.
+    /// Whether anything is at `path`, dangling links included. False when that cannot be determined.
     virtual bool fileExists(const std::filesystem::path& path) const = 0;
 
-    /// What is at `path` itself, a link not followed; absent when that cannot be told.
+    /// What is at `path` itself, links not followed; absent when that cannot be determined.
     virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
 
-    /// The whole bytes of the regular file at `path`, links followed; absent when it cannot be read, or is a pipe, a
-    /// device, a socket or a folder. None of these is read or waited for, and none opened but one that takes the place
-    /// of a file at that moment. Throws std::bad_alloc only.
+    /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, or is a pipe, a device,
+    /// a socket or a folder. These are never read or waited for, and only opened when they replace a file at the moment
+    /// of the call. Throws only std::bad_alloc.
     virtual std::optional<std::string> contents(const std::filesystem::path& path) const = 0;
 
-    /// Makes the file `path` with `contents` and mode 0666 less the umask, durably: when this returns an identity, the
-    /// bytes and the name are on the disk as far as the file system can promise it. The file appears whole or not at
-    /// all and replaces nothing (as moveItem). Absent result: it was not made, or could not be made durable and was
-    /// removed again; only where that removal fails too, it stays, whole.
+    /// Creates the file `path` with `contents` and mode 0666 minus the umask, durably: when this returns an identity,
+    /// the bytes and the name are on disk, as far as the file system can guarantee that. The file appears whole or not
+    /// at all and replaces nothing (see moveItem). An absent result means that it was not created, or could not be made
+    /// durable and was removed again. Only if that removal fails does a whole file stay.
     virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) = 0;
 
-    /// Moves an item within one file system and makes both folders durable as far as they allow. Never replaces
-    /// anything, an empty folder included; where the file system cannot promise that, what is there a moment before is
-    /// looked for. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError; the item is then
-    /// where it was, unless a network drive moved it and lost its answer and that to the question where it is.
+    /// Moves an item within one file system and flushes both folders as far as possible. Never replaces anything, not
+    /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. With
+    /// `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError, and the item is then where it
+    /// was, unless a network drive moved it but lost the replies to the move and to the question where the item is.
     virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                           std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 
-    /// Removes the file or link at `path` itself, never a folder nor what a link leads to, and makes its folder durable
-    /// as far as it allows. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError when
-    /// it cannot be removed.
+    /// Removes the file or link at `path` itself, never a folder or the target of a link, and flushes its folder as far
+    /// as possible. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError when it cannot
+    /// be removed.
     virtual void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 };
+
+/// The real disk, accessed through POSIX calls and, where the guarantees need them, Linux ones.
+std::shared_ptr<FileManager> makePosixFileManager();
 
 } // namespace tarvolt

@@ -1,8 +1,6 @@
 #include "foundation/posix_calls.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdio>
 
@@ -10,7 +8,7 @@ namespace tarvolt::posix {
 
 bool Descriptor::close() {
     const int number = release();
-    // After EINTR the descriptor is gone all the same; closing it again could hit one of another thread.
+    // After EINTR the descriptor is closed all the same; closing it again could close another thread's.
     return number < 0 || ::close(number) == 0 || errno == EINTR;
 }
 
@@ -23,6 +21,15 @@ bool synchronise(const Descriptor& descriptor) {
         return true;
     }
     return errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+}
+
+FileState stateOf(const struct stat& status) {
+    return {{status.st_dev, status.st_ino}, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
+
+std::optional<FileState> stateAt(int folder, const char* name) {
+    struct stat status {};
+    return ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) == 0 ? std::optional(stateOf(status)) : std::nullopt;
 }
 
 Place::Place(const std::filesystem::path& path, const char* call) {
@@ -38,7 +45,7 @@ Place::Place(const std::filesystem::path& path, const char* call) {
     };
     folder_ = Descriptor(openFolder(O_RDONLY));
     if (!folder_ && errno == EACCES) {
-        // Names can be made and removed in a folder that must not be listed.
+        // Names can be created and removed in a folder even where listing it is forbidden.
         isReadable_ = false;
         folder_ = Descriptor(openFolder(O_PATH));
     }
@@ -47,23 +54,16 @@ Place::Place(const std::filesystem::path& path, const char* call) {
     }
 }
 
-std::optional<FileIdentity> Place::identity() const {
-    struct stat status {};
-    if (::fstatat(folder(), name(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
-        return std::nullopt;
-    }
-    return FileIdentity{status.st_dev, status.st_ino};
-}
-
 bool Place::holds(const std::optional<FileIdentity>& expected) const {
     if (!expected) {
         return true;
     }
-    const auto found = identity();
-    if (found && *found != *expected) {
-        errno = EBUSY; // somebody else is at work here
+    const auto found = state();
+    if (found && found->identity != *expected) {
+        errno = EBUSY; // another process has replaced it
+        return false;
     }
-    return found == expected;
+    return found.has_value();
 }
 
 bool Place::synchroniseFolder() const {
@@ -77,10 +77,9 @@ int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const c
     if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) {
         return -1;
     }
-    // The file system knows no such flag (FAT, network and user-space ones). What comes to be at `to` between the look
-    // and the move is replaced if it is a file or an empty folder: the narrowest gap such a file system allows.
-    struct stat status {};
-    if (::fstatat(toFolder, to, &status, AT_SYMLINK_NOFOLLOW) == 0) {
+    // The file system does not support the flag (FAT, network and user-space ones). A file or an empty folder that
+    // appears at `to` between the check and the move is replaced: no smaller gap is possible on such a file system.
+    if (stateAt(toFolder, to)) {
         errno = EEXIST;
         return -1;
     }

@@ -2,7 +2,8 @@
 
 #include "foundation/file_manager.h"
 
-#include <sys/types.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -13,9 +14,9 @@
 
 namespace tarvolt::posix {
 
-static_assert(sizeof(off_t) == 8, "sizes and inode numbers of 64 bits are needed");
+static_assert(sizeof(off_t) == 8, "64-bit sizes and inode numbers are needed");
 
-/// Owns an open descriptor, or none.
+/// Owns an open file descriptor, or none.
 class Descriptor {
 public:
     Descriptor() = default;
@@ -29,49 +30,50 @@ public:
     explicit operator bool() const { return number_ >= 0; }
     int number() const { return number_; }
 
-    /// Closes it now; false when the file system reports, only now, that something written is lost.
+    /// Closes it now. False when the file system reports only now that written data was lost.
     bool close();
 
-    /// Gives it away unclosed.
+    /// Gives up ownership without closing.
     int release() { return std::exchange(number_, -1); }
 
 private:
     int number_ = -1;
 };
 
-/// Makes `call` again for as long as a signal breaks it off.
+/// Repeats `call` as long as a signal interrupts it.
 template<class Call> auto uninterrupted(Call call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR) {
-        result = call();
-    }
-    return result;
+    return static_cast<decltype(call())>(TEMP_FAILURE_RETRY(call()));
 }
 
-/// Whether `path` holds a NUL byte, at which the kernel would cut it.
+/// Whether `path` contains a NUL byte, where the kernel would cut it off.
 bool holdsNul(const std::filesystem::path& path);
 
-/// Brings what was written to the disk. False when that failed; a file system that knows no such thing has not failed.
+/// Flushes what was written to disk. False when that failed; a file system that has no such call has not failed.
 bool synchronise(const Descriptor& descriptor);
 
-/// The name of an item in its folder, with the folder held open: all calls through one Place are about the same folder,
-/// whatever happens to the path meanwhile.
+FileState stateOf(const struct stat& status);
+
+/// The state of `name` in `folder`, links not followed; absent (and errno set) when there is no such item.
+std::optional<FileState> stateAt(int folder, const char* name);
+
+/// An item's name and its folder, which is held open: all calls through one Place refer to the same folder, even if the
+/// path leads elsewhere by then.
 class Place {
 public:
-    /// Opens the folder of `path`; throws FileError, with `call` as its call.
+    /// Opens the folder of `path`. Throws FileError, with `call` as its call.
     Place(const std::filesystem::path& path, const char* call);
 
     int folder() const { return folder_.number(); }
     const char* name() const { return name_.c_str(); }
 
-    /// The item itself, a link not followed; absent (and errno set) when there is none.
-    std::optional<FileIdentity> identity() const;
+    /// The state of the item, links not followed; absent (and errno set) when there is none.
+    std::optional<FileState> state() const { return stateAt(folder(), name()); }
 
-    /// Whether the item is the one of `identity`, when that is asked for; else errno says what is wrong.
+    /// Whether the item exists and has this identity, if one is given. When false, errno says why.
     bool holds(const std::optional<FileIdentity>& identity) const;
 
-    /// Makes the names in the folder durable. False when that failed; a folder that cannot be opened for reading, or
-    /// a file system that knows no such thing, has not failed.
+    /// Flushes the names in the folder to disk. False when that failed; a folder that cannot be opened for reading, or
+    /// a file system that has no such call, has not failed.
     bool synchroniseFolder() const;
 
 private:
@@ -80,7 +82,7 @@ private:
     std::string name_;
 };
 
-/// Moves `from` in one folder to `to` in another without replacing anything. 0, or -1 and errno.
+/// Moves `from` in one folder to `to` in another without replacing anything. Returns 0, or -1 and sets errno.
 int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);
 
 /// Makes the file at `place`; see FileManager::createFile.

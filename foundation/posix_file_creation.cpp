@@ -2,16 +2,14 @@
 #include "foundation/uuid.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tarvolt::posix {
 namespace {
 
-constexpr mode_t newFileMode = 0666; // the kernel takes the umask away
+constexpr mode_t newFileMode = 0666; // the kernel subtracts the umask
 
-/// A file being written in the folder of its place, under no name or under a hidden one. It is gone when the draft
-/// ends, but for the name that it was given.
+/// A file being written in the folder of its place, without a name or under a hidden one. When the draft is destroyed
+/// the file is gone, unless it was given its name.
 class Draft {
 public:
     enum class Kind { unnamed, hidden };
@@ -20,7 +18,9 @@ public:
         const char* path = ".";
         int way = O_TMPFILE;
         if (kind == Kind::hidden) {
-            hiddenName_ = ".tarvolt-" + UUID::random().uuidString();
+            constexpr std::size_t leastLongNumber = 1'000'000'000'000'000'000; // all names have the same length
+            const auto number = leastLongNumber + std::hash<UUID>{}(UUID::random()) % leastLongNumber;
+            hiddenName_ = ".tarvolt-" + std::to_string(number);
             path = hiddenName_.c_str();
             way = O_CREAT | O_EXCL | O_NOFOLLOW;
         }
@@ -36,13 +36,13 @@ public:
 
     bool isOpen() const { return static_cast<bool>(file_); }
 
-    /// Writes the whole contents and brings them to the disk.
+    /// Writes all of the contents and flushes them to disk.
     bool fill(std::string_view contents);
 
-    /// Gives the file the name of its place; false when that name is another item's or cannot be given.
+    /// Gives the file the name of its place. False when the name is taken or cannot be given.
     bool giveName();
 
-    /// The identity that the file, now named, has under its name.
+    /// The identity of the file under its new name.
     FileIdentity identity() const;
 
 private:
@@ -53,7 +53,7 @@ private:
     const Place& place_;
     Descriptor file_;
     std::string hiddenName_;
-    struct stat written_ {}; ///< the file once it is filled
+    FileState written_; ///< the file once it is filled
 };
 
 bool Draft::fill(std::string_view contents) {
@@ -64,19 +64,28 @@ bool Draft::fill(std::string_view contents) {
         }
         contents.remove_prefix(static_cast<std::size_t>(written));
     }
-    return synchronise(file_) && closesWithoutLoss() && ::fstat(file_.number(), &written_) == 0;
+    struct stat status {};
+    if (!synchronise(file_) || !closesWithoutLoss() || ::fstat(file_.number(), &status) != 0) {
+        return false;
+    }
+    written_ = stateOf(status);
+    return true;
 }
 
 bool Draft::closesWithoutLoss() const {
-    // Where there is no fsync, lost bytes may be told of only at a close. A second descriptor is closed, for the file
-    // stays open: as long as it is, no other file can come to have its identity.
+    // Without fsync, lost bytes may be reported only by close. A second descriptor is closed because the file itself
+    // stays open: as long as it does, no other file can get its identity.
     Descriptor second(::fcntl(file_.number(), F_DUPFD_CLOEXEC, 0));
     return second && second.close();
 }
 
 bool Draft::giveName() {
-    // A network drive can give the name and lose its answer.
-    return link() || place_.identity() == FileIdentity{written_.st_dev, written_.st_ino};
+    // A network drive can give the name and lose the reply.
+    if (link()) {
+        return true;
+    }
+    const auto named = place_.state();
+    return named && named->identity == written_.identity;
 }
 
 bool Draft::link() {
@@ -96,20 +105,15 @@ bool Draft::link() {
 }
 
 FileIdentity Draft::identity() const {
-    const FileIdentity identity{written_.st_dev, written_.st_ino};
-    struct stat named {};
-    if (::fstatat(place_.folder(), place_.name(), &named, AT_SYMLINK_NOFOLLOW) != 0) {
-        return identity;
-    }
-    // Some user-space file systems number names instead of files. There the file is known by what else it is.
-    const bool isThisOne = named.st_dev == written_.st_dev && named.st_size == written_.st_size &&
-                           named.st_mtim.tv_sec == written_.st_mtim.tv_sec &&
-                           named.st_mtim.tv_nsec == written_.st_mtim.tv_nsec;
-    return isThisOne ? FileIdentity{named.st_dev, named.st_ino} : identity;
+    // Some user-space file systems number names instead of files. There the rest of the state identifies the file.
+    const auto named = place_.state();
+    FileState expected = written_;
+    expected.identity.inode = named ? named->identity.inode : written_.identity.inode;
+    return named == expected ? expected.identity : written_.identity;
 }
 
 void Draft::removeHiddenName() {
-    // When this fails the destructor tries once more; after that a hidden file stays, which no listing shows.
+    // If this fails, the destructor tries once more; after that a hidden file stays, which no listing shows.
     if (!hiddenName_.empty() && ::unlinkat(place_.folder(), hiddenName_.c_str(), 0) == 0) {
         hiddenName_.clear();
     }
@@ -118,8 +122,8 @@ void Draft::removeHiddenName() {
 } // namespace
 
 std::optional<FileIdentity> createFile(const Place& place, std::string_view contents) {
-    // The hidden way is for file systems that cannot make unnamed files or cannot name them. Which error they answer
-    // with is not agreed on; any other reason, a name that is taken for one, is met again on the hidden way.
+    // The hidden name is for file systems that cannot create unnamed files or cannot name them. They report that by
+    // different errors; any other failure, such as a name that is taken, occurs again with the hidden name.
     for (const auto kind : {Draft::Kind::unnamed, Draft::Kind::hidden}) {
         Draft draft(place, kind);
         if (!draft.isOpen()) {
@@ -133,8 +137,8 @@ std::optional<FileIdentity> createFile(const Place& place, std::string_view cont
             if (place.synchroniseFolder()) {
                 return identity;
             }
-            if (place.identity() == identity) {
-                ::unlinkat(place.folder(), place.name(), 0); // a failed creation leaves as little as it can
+            if (place.holds(identity)) {
+                ::unlinkat(place.folder(), place.name(), 0); // a failed creation leaves nothing behind if it can
             }
             return std::nullopt;
         }

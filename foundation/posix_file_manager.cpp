@@ -1,11 +1,7 @@
-#include "foundation/posix_file_manager.h"
-
 #include "foundation/posix_calls.h"
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <new>
@@ -39,7 +35,7 @@ Directory openDirectory(const std::filesystem::path& folder, LinkPolicy links) {
     return directory;
 }
 
-/// The next item of a listing, or none at its end.
+/// The next item of a listing, or null at its end.
 const dirent* nextItem(DIR* directory, const std::filesystem::path& folder) {
     for (;;) {
         errno = 0;
@@ -78,7 +74,7 @@ std::optional<std::string> readToTheEnd(const Descriptor& file, std::size_t expe
     if (expectedSize >= bytes.max_size()) {
         throw std::bad_alloc(); // a sparse file can claim any size
     }
-    bytes.resize(expectedSize + 1); // one more, so that the end shows without another turn
+    bytes.resize(expectedSize + 1); // one more, so that the read at the end has room
     for (;;) {
         const auto count =
             uninterrupted([&] { return ::read(file.number(), bytes.data() + length, bytes.size() - length); });
@@ -90,7 +86,7 @@ std::optional<std::string> readToTheEnd(const Descriptor& file, std::size_t expe
             bytes.resize(length);
             return bytes;
         }
-        if (length == bytes.size()) { // it grows while it is read
+        if (length == bytes.size()) { // the file is growing
             bytes.resize(length + std::max(length, leastRoom));
         }
     }
@@ -108,17 +104,10 @@ public:
         }
     }
 
-    bool fileExists(const std::filesystem::path& path) const override {
-        struct stat status {};
-        return !posix::holdsNul(path) && ::lstat(path.c_str(), &status) == 0;
-    }
+    bool fileExists(const std::filesystem::path& path) const override { return state(path).has_value(); }
 
     std::optional<FileState> state(const std::filesystem::path& path) const override {
-        struct stat status {};
-        if (posix::holdsNul(path) || ::lstat(path.c_str(), &status) != 0) {
-            return std::nullopt;
-        }
-        return FileState{{status.st_dev, status.st_ino}, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+        return posix::holdsNul(path) ? std::nullopt : posix::stateAt(AT_FDCWD, path.c_str());
     }
 
     std::optional<std::string> contents(const std::filesystem::path& path) const override {
@@ -126,8 +115,8 @@ public:
         if (posix::holdsNul(path) || ::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
             return std::nullopt;
         }
-        // Between the look and the opening a pipe or a terminal may have come in its place: neither must block or be
-        // taken over.
+        // A pipe or a terminal may have taken its place since the check. Opening it must not block, nor make it the
+        // controlling terminal.
         const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
         const Descriptor file(uninterrupted([&] { return ::open(path.c_str(), flags); }));
         if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
@@ -140,7 +129,7 @@ public:
         try {
             return posix::createFile(Place(path, "open"), contents);
         } catch (const FileError&) {
-            return std::nullopt; // the caller is told that, not why
+            return std::nullopt; // the caller learns only that it failed
         }
     }
 
@@ -154,12 +143,12 @@ public:
         if (posix::moveWithoutReplacing(source.folder(), source.name(), destination.folder(), destination.name()) !=
             0) {
             const int error = errno;
-            // A network drive can make the move and lose its answer. An item that has both names has not been moved.
-            if (!onlyIf || destination.identity() != onlyIf || source.identity()) {
+            // A network drive can do the move and lose the reply. An item that has both names has not been moved.
+            if (!onlyIf || !destination.holds(onlyIf) || source.state()) {
                 throw FileError(error, "rename", from);
             }
         }
-        // The move is done and is not undone for this: after a power cut the item is under one name or the other.
+        // A failure here does not undo the move: after a power cut the item has one name or the other.
         destination.synchroniseFolder();
         source.synchroniseFolder();
     }
@@ -169,7 +158,7 @@ public:
         if (!place.holds(onlyIf) || ::unlinkat(place.folder(), place.name(), 0) != 0) {
             throw FileError(errno, "unlink", path);
         }
-        place.synchroniseFolder(); // a removal that a power cut takes back leaves one file too many, none too few
+        place.synchroniseFolder(); // if a power cut undoes the removal, there is one file too many
     }
 };
 

@@ -10,7 +10,7 @@ namespace tarvolt {
 
 UUID UUID::random() {
     UUID id;
-    // So few bytes come whole or not at all; a signal may only interrupt the wait for the generator's first seed.
+    // So few bytes are never delivered in part. A signal can only interrupt the wait for the generator's first seed.
     while (getrandom(id.bytes.data(), id.bytes.size(), 0) < 0) {
         if (errno != EINTR) {
             throw std::system_error(errno, std::generic_category(), "getrandom");
@@ -21,24 +21,10 @@ UUID UUID::random() {
     return id;
 }
 
-std::string UUID::uuidString() const {
-    constexpr const char* digits = "0123456789abcdef";
-    std::string text;
-    text.reserve(36);
-    for (std::size_t index = 0; index < bytes.size(); ++index) {
-        if (index == 4 || index == 6 || index == 8 || index == 10) {
-            text += '-';
-        }
-        text += digits[bytes[index] >> 4];
-        text += digits[bytes[index] & 0x0F];
-    }
-    return text;
-}
-
 } // namespace tarvolt
 
 std::size_t std::hash<tarvolt::UUID>::operator()(const tarvolt::UUID& id) const noexcept {
-    // Nearly all bits are random, so any of the bytes will do.
+    // Almost all bits are random, so any of the bytes will do.
     std::size_t value = 0;
     std::memcpy(&value, id.bytes.data(), sizeof value);
     return value;

@@ -5,7 +5,7 @@
 namespace tarvolt {
 
 std::optional<RenameError> validateProjectName(std::string_view newName) {
-    // All nine are ASCII, and no byte of a longer UTF-8 sequence is.
+    // All nine are ASCII, and no byte of a multi-byte UTF-8 sequence is.
     if (newName.find_first_of("/<>:\"|?*\\") != std::string_view::npos) {
         return RenameError::invalidName("Contains invalid characters: / < > : \" | ? * \\");
     }

@@ -7,9 +7,9 @@
 
 namespace tarvolt {
 
-/// The `invalidName` error that refuses `newName`, or nothing when the name is acceptable. Refused are the nine
-/// characters / < > : " | ? * \ anywhere, then a name of nothing but white space (line breaks are none). Looks at no
-/// file.
+/// The `invalidName` error for `newName`, or nothing when the name is acceptable. The nine characters
+/// / < > : " | ? * \ are refused anywhere, then names that consist only of white space (line breaks do not count as
+/// white space). Touches no file.
 std::optional<RenameError> validateProjectName(std::string_view newName);
 
 } // namespace tarvolt

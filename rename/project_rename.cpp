@@ -2,7 +2,6 @@
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
 #include "rename/name_validation.h"
-#include "rename/reference_rewrite.h"
 #include "rename/rename_error.h"
 
 #include <cerrno>
@@ -13,7 +12,7 @@ namespace {
 
 using std::filesystem::path;
 
-/// Why a call of the file manager failed, in the operating system's own words.
+/// Why a file operation failed, in the operating system's words.
 std::string reason(const std::exception& failure) {
     const auto* fileError = dynamic_cast<const FileError*>(&failure);
     return fileError != nullptr ? fileError->localizedDescription() : failure.what();
@@ -32,30 +31,26 @@ std::string readText(const FileManager& fileManager, const path& projectFile) {
 }
 
 std::string updatedText(const std::string& text, const std::string& oldName, const std::string& newName) {
-    std::optional<std::string> updated;
     try {
-        updated = rewriteReferences(text, oldName, newName);
+        if (isValidUtf8(newName)) { // the rest of the text is known to be
+            // References are matched in the raw text: entities are neither read nor written.
+            return replaceAllBeforeTail(text, oldName, newName, dataFolderSuffix);
+        }
     } catch (const std::exception&) {
-        // No memory for it: there is no updated text.
+        // No memory for the updated text.
     }
-    // The rest of the text is known to be UTF-8.
-    if (!updated || !isValidUtf8(newName)) {
-        throw RenameError::writeFailed("Could not encode updated XML");
-    }
-    return *std::move(updated);
+    throw RenameError::writeFailed("Could not encode updated XML");
 }
 
 FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile, const std::string& text) {
-    std::optional<FileIdentity> created;
     try {
-        created = fileManager.createFile(projectFile, text);
+        if (const auto created = fileManager.createFile(projectFile, text)) {
+            return *created;
+        }
     } catch (const std::exception&) {
         // Not created, whatever the reason.
     }
-    if (!created) {
-        throw RenameError::writeFailed(projectFile.filename());
-    }
-    return *created;
+    throw RenameError::writeFailed(projectFile.filename());
 }
 
 void moveDataFolder(FileManager& fileManager, const path& from, const std::optional<FileState>& seen, const path& to,
@@ -66,7 +61,7 @@ void moveDataFolder(FileManager& fileManager, const path& from, const std::optio
         try {
             fileManager.removeItem(newProjectFile, created);
         } catch (const std::exception&) {
-            // The user is told of the failed move; the old project is whole, with or without the new file beside it.
+            // The message is about the failed move. The old project is whole, with or without the new file beside it.
         }
         throw RenameError::writeFailed("Could not rename data folder: " + reason(moveFailure));
     }
@@ -75,20 +70,20 @@ void moveDataFolder(FileManager& fileManager, const path& from, const std::optio
 void removeOldProjectFile(FileManager& fileManager, const path& projectFile, const std::optional<FileState>& seen,
                           const path& newProjectFile, const FileIdentity& created) {
     try {
-        // The old file is the last copy of what somebody else wrote into it meanwhile, and of everything should
-        // somebody have taken the new one away.
+        // If another process has written to the old file, it holds the only copy of that; if another process has
+        // removed the new file, it holds the only copy of everything.
         const auto present = fileManager.state(projectFile);
         if (present && (present != seen || identityOf(fileManager.state(newProjectFile)) != created)) {
             throw FileError(EBUSY, "unlink", projectFile);
         }
         fileManager.removeItem(projectFile, identityOf(seen));
     } catch (const std::exception& failure) {
-        // Nothing is rolled back: the project is whole under its new name, and the old file harms nothing.
+        // Nothing is rolled back: the project is whole under its new name, and the old file does no harm.
         throw RenameError::deleteFailed("Could not remove old .xpj: " + reason(failure));
     }
 }
 
-/// Every file operation of a rename. Where it throws anything but a RenameError, the disk has not been changed.
+/// All file operations of a rename. If it throws anything but a RenameError, the disk is unchanged.
 void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject& project, const std::string& newName) {
     if (const auto refusal = validateProjectName(newName)) {
         throw *refusal;
@@ -98,7 +93,7 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     if (fileManager.fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);
     }
-    // What is moved and removed later is what was here now, where that can be told.
+    // Only what is here now may later be moved and removed, as far as that can be determined.
     const auto oldFileSeen = fileManager.state(project.xpjURL());
     const auto oldFolderSeen =
         project.dataFolderURL() ? fileManager.state(*project.dataFolderURL()) : std::optional<FileState>();
@@ -123,13 +118,13 @@ void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
     } catch (const RenameError&) {
         throw;
     } catch (const std::exception&) {
-        // No memory: nothing can be read here.
+        // Out of memory before anything was written: nothing could be read.
         throw RenameError::readFailed(project.xpjURL().filename());
     }
     try {
         log("Renamed \"" + project.baseName() + "\" → \"" + newName + "\"", false);
     } catch (const std::exception&) {
-        // No memory: the rename is done, though its line is missing.
+        // Out of memory: the rename is done, only its line is missing.
     }
 }
 

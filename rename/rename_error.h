@@ -6,7 +6,7 @@
 
 namespace tarvolt {
 
-/// Why a rename failed: one of five cases, and the text that goes with it.
+/// Why a rename failed: one of five cases with its text.
 class RenameError : public std::exception {
 public:
     enum class Case {
@@ -26,7 +26,7 @@ public:
     Case kind() const { return kind_; }
     const std::string& payload() const { return payload_; }
 
-    /// The message for the user: a fixed beginning for the case, then the payload as it is.
+    /// The message for the user: the case's fixed text with the payload in it.
     const std::string& errorDescription() const { return description_; }
     const char* what() const noexcept override { return description_.c_str(); }
 

@@ -16,7 +16,7 @@ struct PreviewRow {
     friend bool operator==(const PreviewRow&, const PreviewRow&) = default;
 };
 
-/// One row for the project file and, where there is one, a second for the data folder. `newName` as typed.
+/// One line for the project file and, if there is one, a second for the data folder. `newName` is used as typed.
 std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName);
 
 /// "Current: " and the project's name.

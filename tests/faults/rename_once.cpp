@@ -1,6 +1,6 @@
 // Performs one rename on the real disk: tarvolt_rename_once FOLDER OLD NEW. Prints "renamed" or the message that the
 // window would show. The exit status is 0 either way, so any other status is a crash.
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
 #include "rename/rename_error.h"

@@ -63,7 +63,6 @@ TEST(FileError, DescribesItselfInUtf8AlsoWhereTheLocaleHasAnotherCharacterSet) {
 TEST(FileError, KnowsItsCodeItsCallAndItsPath) {
     const FileError error(ENOENT, "open", "/p/Song.xpj");
     EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
-    EXPECT_EQ(error.call(), "open");
     EXPECT_EQ(error.path(), "/p/Song.xpj");
     EXPECT_STREQ(error.what(), "open /p/Song.xpj: No such file or directory");
 }

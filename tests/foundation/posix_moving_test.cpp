@@ -1,4 +1,4 @@
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/privileges.h"
 #include "tests/support/small_disk.h"

@@ -5,37 +5,21 @@
 
 #include <sys/syscall.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
 #include <functional>
-#include <string>
-#include <string_view>
 #include <system_error>
 #include <unordered_set>
 
 namespace tarvolt {
 namespace {
 
-TEST(UUID, IsNilWhenDefaultMade) {
-    EXPECT_EQ(UUID{}.uuidString(), "00000000-0000-0000-0000-000000000000");
-}
-
-TEST(UUID, WritesItsBytesInOrderInLowerCase) {
-    const UUID id{{0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0xFE, 0xDC, 0xBA, 0x98, 0x76, 0x54, 0x32, 0x10}};
-    EXPECT_EQ(id.uuidString(), "01234567-89ab-cdef-fedc-ba9876543210");
-}
-
 TEST(UUID, IsOfVersionFourAndOfTheUsualVariant) {
-    const std::string_view form = "xxxxxxxx-xxxx-4xxx-vxxx-xxxxxxxxxxxx";
-    const auto fits = [](char written, char place) {
-        const std::string_view digits = place == 'x' ? "0123456789abcdef" : place == 'v' ? "89ab" : "";
-        return digits.empty() ? written == place : digits.find(written) != std::string_view::npos;
-    };
     for (int round = 0; round < 1000; ++round) {
-        const std::string text = UUID::random().uuidString();
-        ASSERT_TRUE(std::equal(text.begin(), text.end(), form.begin(), form.end(), fits)) << text;
+        const UUID id = UUID::random();
+        ASSERT_EQ(id.bytes[6] >> 4, 4);
+        ASSERT_EQ(id.bytes[8] >> 6, 2);
     }
 }
 
@@ -43,7 +27,7 @@ TEST(UUID, DoesNotRepeat) {
     std::unordered_set<UUID> ids;
     for (int round = 0; round < 10000; ++round) {
         const UUID id = UUID::random();
-        ASSERT_TRUE(ids.insert(id).second) << id.uuidString();
+        ASSERT_TRUE(ids.insert(id).second) << round;
     }
 }
 

@@ -1,5 +1,5 @@
 // The scan on real folders: what file systems hold that nobody planned for.
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/scene.h"

@@ -1,5 +1,5 @@
 // Each way a scan can fail, once on the disk in memory and once on the real one.
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/circumstances.h"

@@ -1,4 +1,4 @@
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/circumstances.h"
 #include "tests/support/recording_file_manager.h"

@@ -1,4 +1,4 @@
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "model/folder_scan.h"
 #include "tests/support/renaming.h"
 #include "tests/support/scene.h"

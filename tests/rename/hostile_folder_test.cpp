@@ -1,6 +1,6 @@
 // Whatever odd thing stands where a project has its files: the scan and the rename answer, follow nothing out of the
 // folder and leave the odd thing as it is.
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/renaming.h"
 #include "tests/support/scene.h"

@@ -1,5 +1,5 @@
 // Odd names, each given to a project and taken from it again, byte for byte.
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/renaming.h"
 #include "tests/support/scene.h"

@@ -1,4 +1,5 @@
-#include "rename/reference_rewrite.h"
+#include "foundation/text.h"
+#include "model/folder_scan.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Rewrites, ReferenceRewrite, ::testing::ValuesIn(rows),
 
 TEST_P(ReferenceRewrite, GivesTheExpectedText) {
     const auto& row = GetParam();
-    EXPECT_EQ(rewriteReferences(row.text, row.oldName, row.newName), row.expected);
+    EXPECT_EQ(replaceAllBeforeTail(row.text, row.oldName, row.newName, dataFolderSuffix), row.expected);
 }
 
 } // namespace

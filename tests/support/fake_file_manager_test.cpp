@@ -1,7 +1,7 @@
 // What the tests take for granted of the disk in memory, tried on it and on the real one alike.
 #include "tests/support/fake_file_manager.h"
 
-#include "foundation/posix_file_manager.h"
+#include "foundation/file_manager.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
