@@ -20,7 +20,7 @@ public:
             std::thread([deadline, task = std::move(task)]() mutable {
                 std::this_thread::sleep_until(deadline);
                 task();
-                // What the task holds is let go before the count falls, for its destructors may use static objects too.
+                // Release what the task holds before the count falls: its destructors may use static objects too.
                 task = nullptr;
                 running.fetch_sub(1);
             }).detach();

@@ -21,8 +21,8 @@ struct DateFormatter::Format {
 
 namespace {
 
-/// How far the user's clock is ahead of UTC at that moment. The C library is asked, and not ICU: that has time zone
-/// data of its own, which may be older than the system's, and does not know the zones that are written out as rules.
+/// How far the user's clock is ahead of UTC at that moment, according to the C library. ICU has its own time zone data,
+/// which may be older than the system's, and does not support zones written as POSIX rules.
 std::chrono::milliseconds usersOffset(std::chrono::milliseconds sinceEpoch) {
     const std::time_t time = std::chrono::floor<std::chrono::seconds>(sinceEpoch).count();
     std::tm local{};

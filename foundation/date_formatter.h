@@ -7,13 +7,13 @@
 
 namespace tarvolt {
 
-/// Writes points in time by one fixed pattern of Unicode date fields (UTS #35), "h:mm:ss a" for instance. Making one is
-/// slow, using one is quick. Not for two threads at once.
+/// Formats points in time by a pattern of Unicode date fields (UTS #35) such as "h:mm:ss a". Slow to make and quick to
+/// use. For use on one thread at a time.
 class DateFormatter {
 public:
-    /// `locale` is an identifier, see UserLocale. `timeZone` is a name of the time zone database ("Europe/Berlin");
-    /// empty means the user's own as the C library has it each time a text is asked for (TZ, else the system's). Of
-    /// that the offset is used and not the name.
+    /// `locale` is an identifier, see UserLocale. `timeZone` is a name from the time zone database ("Europe/Berlin");
+    /// empty means the user's own, which each call of `text` takes from the C library (TZ, else the system's). Only its
+    /// offset is used, not its name.
     DateFormatter(std::string_view pattern, std::string_view locale, std::string_view timeZone = {});
     DateFormatter(DateFormatter&&) noexcept;
     DateFormatter& operator=(DateFormatter&&) noexcept;

@@ -7,8 +7,7 @@
 
 namespace tarvolt {
 
-/// Ends with its object: when it is destroyed or replaced, its observer is not called again. There is one object to a
-/// subscription; it can be moved and not copied.
+/// Keeps an observer subscribed as long as this object lives. Can be moved but not copied.
 class Subscription {
 public:
     Subscription() = default;
@@ -21,10 +20,10 @@ private:
     std::shared_ptr<void> token_;
 };
 
-/// A value that tells its observers before each change. One call of `set` or `change` is one change, also when the new
-/// value equals the old one. Observers are called in the order in which they subscribed and still read the old value.
-/// Belongs to one thread. An observer may end its own or another subscription, or add one that hears of later changes;
-/// it must not change the value it is being told about.
+/// A value that notifies its observers before each change, when they still read the old value. One call of `set` or
+/// `change` is one change, even if the new value equals the old one. Observers are called in the order in which they
+/// subscribed. They may end subscriptions, their own included, and add new ones, which are notified of later changes;
+/// they must not change the value. For use on one thread.
 template<class Value> class Published {
 public:
     using Observer = std::function<void()>;
@@ -41,7 +40,7 @@ public:
         value_ = std::move(next);
     }
 
-    /// One change made in place: `edit` gets the value to alter.
+    /// Makes one change in place: `edit` is passed the value.
     template<class Edit> void change(Edit&& edit) {
         willChange();
         std::forward<Edit>(edit)(value_);
@@ -56,8 +55,8 @@ public:
 private:
     void willChange() {
         std::erase_if(observers_, [](const auto& weak) { return weak.expired(); });
-        const auto told = observers_;
-        for (const auto& weak : told) {
+        const auto current = observers_; // observers may subscribe others
+        for (const auto& weak : current) {
             if (const auto observer = weak.lock()) {
                 (*observer)();
             }

@@ -4,9 +4,9 @@
 
 namespace tarvolt {
 
-/// Calls `onRequest`, on a thread of its own, whenever the process is asked to end (SIGTERM, SIGINT, SIGHUP) instead of
-/// ending it there and then; a signal that whoever started the process has it ignore stays ignored. To be called once,
-/// before any other thread is started: they inherit that these signals wait.
+/// From now on SIGTERM, SIGINT and SIGHUP no longer end the process but call `onRequest`, on a separate thread. Signals
+/// that the process was started to ignore stay ignored. Call this once, before any other thread is started, because
+/// threads inherit the blocked signals.
 void watchTerminationRequests(std::function<void()> onRequest);
 
 } // namespace tarvolt

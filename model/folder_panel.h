@@ -6,13 +6,13 @@
 
 namespace tarvolt {
 
-/// What the folder panel is asked to be.
+/// How the folder panel is set up.
 struct FolderPanelSettings {
     bool canChooseDirectories = false;
     bool canChooseFiles = true;
     bool allowsMultipleSelection = false;
     std::string message; ///< the explanatory line
-    std::string prompt;  ///< the confirming button
+    std::string prompt;  ///< the confirm button
 };
 
 /// Asks the user for one folder.
@@ -23,7 +23,7 @@ public:
     FolderPanel& operator=(const FolderPanel&) = delete;
     virtual ~FolderPanel() = default;
 
-    /// Blocks until the panel is closed; absent unless a folder was confirmed. Main thread.
+    /// Shows the panel and blocks until it is closed. Absent unless a folder was confirmed. Main thread.
     virtual std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) = 0;
 
     /// Closes the open panel as if it had been cancelled. Main thread.

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::string_view dataFolderMark = "[ProjectData]";
 
-/// Below this many data folders one thread is done before a second is awake.
+/// With fewer data folders than this, one thread finishes before a second has started.
 constexpr std::size_t foldersWorthThreads = 64;
 
 char lowerAscii(char c) {
@@ -55,8 +55,8 @@ MPCProject projectOf(const FileManager& fileManager, const std::filesystem::path
     return {std::move(baseName), appending(folder, file.name), std::move(dataFolder), count, total};
 }
 
-/// Calls `work` once for each index below `count`, on this thread and, where it pays, on some that end with the call,
-/// whichever way it ends. Throws what `work` throws.
+/// Calls `work` once for each index below `count`, on this thread and, with `inParallel`, on a few others, which are
+/// joined on every way out. Throws what `work` throws.
 template<class Work> void forEachIndex(std::size_t count, bool inParallel, const Work& work) {
     std::atomic<std::size_t> next{0};
     const auto takeTurns = [&] {
@@ -66,14 +66,14 @@ template<class Work> void forEachIndex(std::size_t count, bool inParallel, const
     };
     std::vector<std::future<void>> helpers;
     if (inParallel) {
-        // A disk that is asked for several folders at once answers faster than one, even on a single core.
+        // Even on a single core, a disk serves several requests at once faster than one by one.
         const auto threads = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
         try {
             while (helpers.size() + 1 < threads) {
                 helpers.push_back(std::async(std::launch::async, takeTurns));
             }
         } catch (const std::system_error&) {
-            // No more threads to be had: those there are do all the work.
+            // The system has no more threads: the existing ones do all the work.
         }
     }
     takeTurns();
@@ -90,7 +90,7 @@ bool isProjectFileName(std::string_view fileName) {
     }
     const auto stem = fileName.substr(0, fileName.size() - projectFileExtension.size());
     const auto extension = fileName.substr(stem.size());
-    // Dots at the beginning belong to the name: what has nothing else in front of the last dot has no extension.
+    // Leading dots belong to the name: if nothing else comes before the last dot, there is no extension.
     return stem.find_first_not_of('.') != std::string_view::npos &&
            std::equal(extension.begin(), extension.end(), projectFileExtension.begin(),
                       [](char a, char b) { return lowerAscii(a) == b; });

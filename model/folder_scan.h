@@ -12,29 +12,29 @@
 
 namespace tarvolt {
 
-/// What the project file of a project called B is called: B + this. On disk, any letter case counts.
+/// The project file of a project B is B + this. On disk, any letter case matches.
 inline constexpr std::string_view projectFileExtension = ".xpj";
 
-/// What the data folder of a project called B is called: B + this.
+/// The data folder of a project B is B + this.
 inline constexpr std::string_view dataFolderSuffix = "_[ProjectData]";
 
-/// Whether a file name's extension is "xpj" in any letter case (ASCII). A name that begins with its only dot has none.
+/// Whether a file name's extension is "xpj" in any letter case (ASCII). A name whose only dots are leading has none.
 bool isProjectFileName(std::string_view fileName);
 
-/// A project file's name without its extension, the last one only: "Beat.final" for "Beat.final.xpj".
+/// A project file's name without its last extension: "Beat.final" for "Beat.final.xpj".
 std::string_view baseNameOf(std::string_view projectFileName);
 
-/// The entries of the chosen folder that matter, in listing order.
+/// The project files and data folders among a folder's entries.
 struct FolderListing {
     struct ProjectFile {
         std::string name;
         std::optional<std::int64_t> fileSize;
     };
-    std::vector<ProjectFile> projectFiles;
+    std::vector<ProjectFile> projectFiles;    ///< in listing order
     std::vector<std::string> dataFolderNames; ///< distinct, sorted by bytes
 };
 
-/// Lists `folder`, one level; links in it are not followed, `folder` itself may be one. Throws FileError.
+/// Lists `folder`, one level deep. It may itself be a link; links in it are not followed. Throws FileError.
 FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder);
 
 /// The projects of a listing, each paired with its data folder and measured, in listing order. What cannot be read
@@ -43,7 +43,7 @@ FolderListing listFolder(const FileManager& fileManager, const std::filesystem::
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
                                         const FolderListing& listing);
 
-/// Sorts by name, ascending, without regard to case by the rules of `locale`; equal names keep their order.
+/// Sorts by name, ascending, ignoring case by the rules of `locale`. Equal names keep their order.
 void sortByName(std::vector<MPCProject>& projects, std::string_view locale);
 
 } // namespace tarvolt

@@ -31,7 +31,7 @@ std::string scanErrorText(const std::exception& failure) {
     return "Scan error: The folder \"" + name.string() + "\" could not be read: " + error->localizedDescription();
 }
 
-/// Lists, measures and sorts, and logs what it found.
+/// Lists, measures and sorts the projects, and logs how many there are.
 MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::path& folder) {
     const Services& services = scanner.services();
     const FolderListing listing = listFolder(*services.fileManager, folder);
@@ -43,8 +43,8 @@ MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::pa
     return projects;
 }
 
-/// The background half of a scan. A task must not throw, so whatever fails here ends the scan with a line that says
-/// why.
+/// The background half of a scan. A task must not throw, so every failure ends the scan with a line that gives the
+/// reason.
 MPCScanner::Projects findProjectsOrLogWhyNot(MPCScanner& scanner, const std::filesystem::path& folder) {
     try {
         return findProjects(scanner, folder);
@@ -54,8 +54,8 @@ MPCScanner::Projects findProjectsOrLogWhyNot(MPCScanner& scanner, const std::fil
     }
 }
 
-/// Ends a scan on the main thread. The scanner moves there with the result, so that a background thread can never be
-/// the last to hold it.
+/// Ends a scan on the main thread. The scanner is moved there with the result, so that a background thread never holds
+/// the last reference.
 void publish(std::shared_ptr<MPCScanner> scanner, MPCScanner::Projects found, Task published) {
     const auto mainQueue = scanner->services().mainQueue;
     mainQueue->async(
@@ -84,7 +84,7 @@ void MPCScanner::log(std::string message, bool isError) {
 }
 
 void MPCScanner::selectFolder() {
-    // The panel runs an event loop of its own, in which the last other holder of this scanner may let it go.
+    // The panel runs its own event loop, in which the last other reference to this scanner may be released.
     const auto self = shared_from_this();
     auto chosen = services_.folderPanel->runModal(projectsFolderPanel());
     if (!chosen) {
@@ -108,8 +108,7 @@ void MPCScanner::scan(Task published) {
             }
         });
     } catch (const std::system_error& error) {
-        // Not even a thread to be had: the scan ends like one whose folder cannot be read, so that it can be tried
-        // again.
+        // There is no thread for it: the scan ends like one whose folder cannot be read, so that the user can retry.
         log(scanErrorText(error), true);
         publish(shared_from_this(), {}, std::move(published));
     }

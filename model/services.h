@@ -13,7 +13,7 @@ namespace tarvolt {
 
 using WallClock = std::function<std::chrono::system_clock::time_point()>;
 
-/// What the scanner stands on.
+/// What the scanner depends on.
 struct Services {
     std::shared_ptr<FileManager> fileManager;
     std::shared_ptr<DispatchQueue> mainQueue;       ///< serial, on the main thread
@@ -23,7 +23,7 @@ struct Services {
     UserLocale locale = currentLocale();
 };
 
-/// Gives the process its services; called once, before the first scanner is made.
+/// Sets the process's services. Call this once, before the first scanner is created.
 void installServices(Services services);
 
 /// The process's services. `installServices` must have been called.
