@@ -10,7 +10,9 @@ import Tarvolt
 T.ApplicationWindow {
     id: root
 
-    required property ViewBridge view
+    required property WindowBridge view
+    // Made with the window, so that it misses no press.
+    readonly property PressFilter presses: PressFilter
 
     width: Theme.firstWidth
     height: Theme.firstHeight
@@ -25,7 +27,7 @@ T.ApplicationWindow {
     // Whatever gives the focus: a sheet that closes, a button that is enabled again, another window left.
     onActiveFocusItemChanged: {
         const control = activeFocusItem as T.Control;
-        if (control && root.view.goesByKeys())
+        if (control && root.presses.goesByKeys())
             control.focusReason = Qt.TabFocusReason; // The toolkit's word for a focus that shows.
     }
 
@@ -76,22 +78,21 @@ T.ApplicationWindow {
 
     RenameSheet {
         id: sheet
-        view: root.view
+        sheet: root.view.sheet
     }
 
     AlertPanel {
         objectName: "failureAlert"
-        view: root.view
-        visible: root.view.alertOpen
+        visible: root.view.sheet.alertOpen
         title: qsTr("Rename Failed")
-        message: root.view.alertMessage
+        message: root.view.sheet.alertMessage
         button: qsTr("OK")
-        onDismissed: root.view.dismissAlert()
+        onDismissed: root.view.sheet.dismissAlert()
         onAboutToHide: sheet.focusField()
     }
 
     PanelCover {
-        view: root.view
+        visible: root.view.panelOpen
         // The toolkit gives the focus back only in an active window, and this one is active again a moment later.
         onClosed: root.contentItem.focus = true
     }
@@ -99,7 +100,6 @@ T.ApplicationWindow {
     // Said only to someone who stays in this window: the panel has not come up, or has got lost behind others.
     AlertPanel {
         objectName: "panelNotice"
-        view: root.view
         visible: lostPanel.late
         scrim: "transparent"
         title: qsTr("Waiting for a Folder")

@@ -23,7 +23,7 @@ std::shared_ptr<ContentView> ContentView::create(Services services) {
 }
 
 ContentView::ContentView(Passkey, Services services)
-    : scanner(MPCScanner::create(services)), showError(false), services_(std::move(services)) {}
+    : scanner(MPCScanner::create(std::move(services))), showError(false), choosesFolder(false) {}
 
 std::vector<MPCProject> ContentView::filteredProjects() const {
     std::vector<MPCProject> matching;
@@ -34,7 +34,7 @@ std::vector<MPCProject> ContentView::filteredProjects() const {
 
 bool ContentView::matchesSearch(const std::string& name) const {
     const auto& search = searchText.get();
-    return search.empty() || localizedCaseInsensitiveContains(name, search, services_.locale.characters);
+    return search.empty() || localizedCaseInsensitiveContains(name, search, scanner->services().locale.characters);
 }
 
 bool ContentView::searchHides(const std::string& name) const {
@@ -50,6 +50,10 @@ ContentArea ContentView::contentArea() const {
         return ContentArea::emptyState;
     }
     return ContentArea::projectList;
+}
+
+bool ContentView::isCovered() const {
+    return renamingProject.get() || showError.get() || choosesFolder.get();
 }
 
 bool ContentView::showsSearchBar() const {
@@ -85,7 +89,8 @@ void ContentView::performRename(const MPCProject& project) {
     successProject.set(project.id());
     finishedRename.set(FinishedRename{project.id(), name, false});
     renamingProject.set(std::nullopt);
-    services_.mainQueue->asyncAfter(rescanDelay, [self = shared_from_this(), renamed = project.id()] {
+    auto& mainQueue = *scanner->services().mainQueue;
+    mainQueue.asyncAfter(rescanDelay, [self = shared_from_this(), renamed = project.id()] {
         // The scan must not keep the view alive.
         self->scanner->scan([weak = self->weak_from_this(), renamed] {
             if (const auto view = weak.lock()) {
@@ -93,8 +98,7 @@ void ContentView::performRename(const MPCProject& project) {
             }
         });
     });
-    services_.mainQueue->asyncAfter(highlightDuration,
-                                    [self = shared_from_this()] { self->successProject.set(std::nullopt); });
+    mainQueue.asyncAfter(highlightDuration, [self = shared_from_this()] { self->successProject.set(std::nullopt); });
 }
 
 /// Of several renames the last one counts.

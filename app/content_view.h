@@ -26,7 +26,7 @@ class ContentView final : public std::enable_shared_from_this<ContentView> {
 
 public:
     /// A view with a new scanner of its own, kept for the view's life.
-    static std::shared_ptr<ContentView> create(Services services = processServices());
+    static std::shared_ptr<ContentView> create(Services services);
 
     ContentView(Passkey, Services services);
 
@@ -37,12 +37,16 @@ public:
     Published<bool> showError;                               ///< the alert is shown exactly while true
     Published<std::optional<UUID>> successProject;           ///< the project just renamed, for its highlight
     Published<std::string> searchText;                       ///< written by the search field only
+    Published<bool> choosesFolder;                           ///< the folder panel is open
     Published<std::optional<FinishedRename>> finishedRename; ///< the last rename; absent once it has been shown
 
     /// The projects to list: all of them for an empty search text, else those whose name holds it, in their order.
     std::vector<MPCProject> filteredProjects() const;
 
     ContentArea contentArea() const;
+
+    /// While the sheet, the alert or the folder panel stands over the window: nothing behind it can be pressed.
+    bool isCovered() const;
 
     /// From six projects on; the search text has no part in it.
     bool showsSearchBar() const;
@@ -72,8 +76,6 @@ public:
 private:
     bool matchesSearch(const std::string& name) const;
     void rescanPublished(const UUID& renamed);
-
-    Services services_;
 };
 
 } // namespace tarvolt

@@ -1,6 +1,6 @@
 #include "app/bridge/qt_folder_panel.h"
 #include "app/bridge/qt_main_queue.h"
-#include "app/bridge/view_bridge.h"
+#include "app/bridge/window_bridge.h"
 #include "app/content_view.h"
 #include "app/drawing/symbol_drawing.h"
 #include "foundation/file_manager.h"
@@ -64,11 +64,10 @@ int run(int argc, char** argv) {
     installTranslations(application);
 
     const auto panel = std::make_shared<QtFolderPanel>();
-    installServices({.fileManager = makePosixFileManager(),
-                     .mainQueue = mainQueue,
-                     .backgroundQueue = makeBackgroundQueue(),
-                     .folderPanel = panel});
-    ViewBridge view(ContentView::create(), processServices());
+    WindowBridge view(ContentView::create({.fileManager = makePosixFileManager(),
+                                           .mainQueue = mainQueue,
+                                           .backgroundQueue = makeBackgroundQueue(),
+                                           .folderPanel = panel}));
 
     // The toolkit's ready-made engine for applications would install its own translations of whatever language.
     QQmlEngine engine;

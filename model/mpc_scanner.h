@@ -38,7 +38,7 @@ public:
     using LogEntries = std::deque<LogEntry>;
 
     /// Creates a scanner with no folder, no projects and an empty log. Touches no file.
-    static std::shared_ptr<MPCScanner> create(Services services = processServices());
+    static std::shared_ptr<MPCScanner> create(Services services);
 
     MPCScanner(Passkey, Services services);
 

@@ -13,7 +13,7 @@ namespace tarvolt {
 
 using WallClock = std::function<std::chrono::system_clock::time_point()>;
 
-/// What the scanner depends on.
+/// What the scanner depends on. The scanner holds it; other users ask the scanner.
 struct Services {
     std::shared_ptr<FileManager> fileManager;
     std::shared_ptr<DispatchQueue> mainQueue;       ///< serial, on the main thread
@@ -22,11 +22,5 @@ struct Services {
     WallClock now = std::chrono::system_clock::now;
     UserLocale locale = currentLocale();
 };
-
-/// Sets the process's services. Call this once, before the first scanner is created.
-void installServices(Services services);
-
-/// The process's services. `installServices` must have been called.
-const Services& processServices();
 
 } // namespace tarvolt

@@ -1,25 +1,22 @@
 #include "app/bridge/log_model.h"
 
 #include "app/bridge/qt_text.h"
+#include "app/bridge/tell_once.h"
 
 #include <utility>
 
 namespace tarvolt {
 
-LogModel::LogModel(const MPCScanner::LogEntries& entries, DateFormatter timeFormatter, QObject* parent)
-    : QAbstractListModel(parent), entries_(entries), timeFormatter_(std::move(timeFormatter)), known_(entries.size()) {}
+LogModel::LogModel(MPCScanner& scanner, DateFormatter timeFormatter)
+    : entries_(scanner.logEntries.get()), timeFormatter_(std::move(timeFormatter)), known_(entries_.size()),
+      subscriptions_(tellOnce(
+          this, [this] { takeNewEntries(); }, scanner.logEntries)) {}
 
 void LogModel::takeNewEntries() {
-    if (entries_.size() == known_) {
-        return;
-    }
     beginInsertRows({}, 0, static_cast<int>(entries_.size() - known_) - 1);
     known_ = entries_.size();
     endInsertRows();
-}
-
-const MPCScanner::LogEntry& LogModel::entryAt(int row) const {
-    return entries_[entries_.size() - known_ + static_cast<std::size_t>(row)];
+    emit newsTold(displayString(entries_.front().message));
 }
 
 int LogModel::rowCount(const QModelIndex& parent) const {
@@ -30,7 +27,7 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
-    const MPCScanner::LogEntry& entry = entryAt(index.row());
+    const auto& entry = entries_[entries_.size() - known_ + static_cast<std::size_t>(index.row())];
     switch (role) {
     case timeRole:
         return displayString(timeFormatter_.text(entry.timestamp));

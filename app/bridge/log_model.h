@@ -6,34 +6,40 @@
 #include <QAbstractListModel>
 #include <QtQmlIntegration/qqmlintegration.h>
 
+#include <vector>
+
 namespace tarvolt {
 
-/// The lines of a log, newest first. Reads the entries where they are: they are never shortened, and what is new
-/// stands before what is known.
+/// The lines of a scanner's log, newest first. New lines are inserted in the next turn of the event loop, once for all
+/// of a turn. Reads the entries where they are: they are never shortened, and what is new stands before what is known.
+/// Main thread.
 class LogModel final : public QAbstractListModel {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the program")
 
 public:
     enum Role { timeRole = Qt::UserRole, messageRole, isErrorRole, sentenceRole };
     Q_ENUM(Role)
 
-    /// `entries` outlive the model.
-    LogModel(const MPCScanner::LogEntries& entries, DateFormatter timeFormatter, QObject* parent = nullptr);
-
-    /// Inserts the rows of what came since the last call.
-    void takeNewEntries();
+    /// `scanner` outlives the model.
+    LogModel(MPCScanner& scanner, DateFormatter timeFormatter);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+signals:
+    /// The newest line, to be read out at once.
+    void newsTold(const QString& message);
+
 private:
-    const MPCScanner::LogEntry& entryAt(int row) const;
+    void takeNewEntries();
 
     const MPCScanner::LogEntries& entries_;
     DateFormatter timeFormatter_;
-    std::size_t known_ = 0;
+    std::size_t known_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace tarvolt

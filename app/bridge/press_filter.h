@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QtQmlIntegration/qqmlintegration.h>
 
 namespace tarvolt {
 
@@ -12,11 +13,15 @@ namespace tarvolt {
 /// repetition. Nobody is that quick, so a press that follows a release of the same key within hundredths of a second
 /// is taken for a repetition too. A Space that was first pressed in a text field goes on typing there.
 class PressFilter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
 public:
     explicit PressFilter(QObject* parent = nullptr);
 
     /// Whether what was pressed last in a Quick window was a key.
-    bool goesByKeys() const { return goesByKeys_; }
+    Q_INVOKABLE bool goesByKeys() const { return goesByKeys_; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -1,6 +1,7 @@
 #include "app/bridge/project_list_model.h"
 
 #include "app/bridge/qt_text.h"
+#include "app/bridge/tell_once.h"
 #include "app/sections/list_texts.h"
 #include "foundation/byte_count_formatter.h"
 
@@ -9,19 +10,46 @@
 
 namespace tarvolt {
 
-ProjectListModel::ProjectListModel(std::string locale, QObject* parent)
-    : QAbstractListModel(parent), locale_(std::move(locale)) {}
+namespace {
 
-void ProjectListModel::setProjects(std::vector<MPCProject> projects) {
-    if (projects == projects_) {
-        return;
-    }
-    beginResetModel();
-    projects_ = std::move(projects);
-    endResetModel();
+/// The first row of which `property` gives `value`, or -1.
+template<class Value, class Property>
+int firstRow(const std::vector<MPCProject>& projects, const Value& value, Property property) {
+    const auto found = std::ranges::find(projects, value, property);
+    return found == projects.end() ? -1 : static_cast<int>(found - projects.begin());
 }
 
-void ProjectListModel::setRenamed(std::optional<UUID> renamed) {
+} // namespace
+
+ProjectListModel::ProjectListModel(std::shared_ptr<ContentView> view, SheetBridge& sheet)
+    : view_(std::move(view)), sheet_(sheet), locale_(view_->scanner->services().locale.numeric),
+      projects_(view_->filteredProjects()),
+      subscriptions_(tellOnce(
+          this, [this] { refresh(); }, view_->scanner->projects, view_->scanner->isScanning, view_->searchText,
+          view_->successProject, view_->finishedRename, view_->renamingProject, view_->showError,
+          view_->choosesFolder)) {
+    connect(&sheet_, &SheetBridge::renamed, this, &ProjectListModel::renamed);
+}
+
+void ProjectListModel::refresh() {
+    showProjects(view_->filteredProjects());
+    highlight(view_->successProject.get());
+    emit changed();
+    if (std::exchange(searched_, false)) {
+        emit newsTold(displayString(projectCountText(rowCount(), locale_)));
+    }
+    leadToRenamed();
+}
+
+void ProjectListModel::showProjects(std::vector<MPCProject> projects) {
+    if (projects != projects_) {
+        beginResetModel();
+        projects_ = std::move(projects);
+        endResetModel();
+    }
+}
+
+void ProjectListModel::highlight(std::optional<UUID> renamed) {
     const auto previous = std::exchange(renamed_, renamed);
     if (previous == renamed) {
         return;
@@ -34,22 +62,34 @@ void ProjectListModel::setRenamed(std::optional<UUID> renamed) {
     }
 }
 
-std::optional<MPCProject> ProjectListModel::projectAt(int row) const {
-    if (row < 0 || row >= rowCount()) {
-        return std::nullopt;
+void ProjectListModel::leadToRenamed() {
+    // What stands over the list keeps the focus until it closes.
+    const auto rename = view_->finishedRename.get();
+    if (rename && rename->listed && !view_->isCovered() && !view_->scanner->isScanning.get()) {
+        view_->finishedRename.set(std::nullopt);
+        emit renamedProjectListed(firstRow(projects_, rename->name, &MPCProject::baseName),
+                                  view_->searchHides(rename->name));
     }
-    return projects_[static_cast<std::size_t>(row)];
 }
 
-int ProjectListModel::rowOf(const std::string& baseName) const {
-    const auto found = std::ranges::find(projects_, baseName, &MPCProject::baseName);
-    return found == projects_.end() ? -1 : static_cast<int>(found - projects_.begin());
+QString ProjectListModel::searchText() const {
+    return fieldString(view_->searchText.get());
+}
+
+void ProjectListModel::setSearchText(const QString& text) {
+    searched_ = true;
+    view_->searchText.set(editedBytes(view_->searchText.get(), text));
+    emit changed();
+}
+
+void ProjectListModel::beginRename(int row) {
+    if (row >= 0 && row < rowCount()) {
+        sheet_.begin(projects_[static_cast<std::size_t>(row)]);
+    }
 }
 
 int ProjectListModel::rowShowing(const QString& name) const {
-    const auto found = std::ranges::find(
-        projects_, name, [](const MPCProject& project) { return singleLineString(project.baseName()); });
-    return found == projects_.end() ? -1 : static_cast<int>(found - projects_.begin());
+    return firstRow(projects_, name, [](const MPCProject& project) { return singleLineString(project.baseName()); });
 }
 
 int ProjectListModel::rowCount(const QModelIndex& parent) const {

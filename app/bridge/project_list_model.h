@@ -1,21 +1,28 @@
 #pragma once
 
-#include "foundation/uuid.h"
-#include "model/mpc_project.h"
+#include "app/bridge/sheet_bridge.h"
+#include "app/content_view.h"
 
 #include <QAbstractListModel>
+#include <QString>
 #include <QtQmlIntegration/qqmlintegration.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tarvolt {
 
-/// The listed projects, with the texts of their rows.
+/// The listed projects with the texts of their rows, the search, and which row a rename leads to. All of it follows the
+/// state in the next turn of the event loop, once for all changes of a turn. Main thread.
 class ProjectListModel final : public QAbstractListModel {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the program")
+
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY changed)
+    Q_PROPERTY(bool showsSearchBar READ showsSearchBar NOTIFY changed)
 
 public:
     enum Role {
@@ -31,20 +38,15 @@ public:
     };
     Q_ENUM(Role)
 
-    /// `locale` is the one of counts and sizes.
-    explicit ProjectListModel(std::string locale, QObject* parent = nullptr);
+    /// `sheet` opens for a row's project, and outlives the model.
+    ProjectListModel(std::shared_ptr<ContentView> view, SheetBridge& sheet);
 
-    /// Shows `projects`. The same records in the same order leave the rows as they are.
-    void setProjects(std::vector<MPCProject> projects);
+    QString searchText() const;
+    bool showsSearchBar() const { return view_->showsSearchBar(); }
+    void setSearchText(const QString& text);
 
-    /// Highlights the row of the project with this identity, if it is listed, and no other.
-    void setRenamed(std::optional<UUID> renamed);
-
-    /// The record that row `row` shows, or none.
-    std::optional<MPCProject> projectAt(int row) const;
-
-    /// The row of the project with this name, or -1.
-    int rowOf(const std::string& baseName) const;
+    /// Opens the sheet for the project that row `row` shows.
+    Q_INVOKABLE void beginRename(int row);
 
     /// The first row that shows this name, or -1.
     Q_INVOKABLE int rowShowing(const QString& name) const;
@@ -53,10 +55,32 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+signals:
+    void changed();
+
+    /// How many projects a search has found, to be read out at once.
+    void newsTold(const QString& text);
+
+    /// A rename has gone well: its row is about to go.
+    void renamed();
+
+    /// The scan after a rename has ended, and nothing stands over the list any more: `row` shows the new name, or is -1
+    /// where it is not listed, perhaps because the search hides it.
+    void renamedProjectListed(int row, bool hiddenBySearch);
+
 private:
-    std::string locale_;
+    void refresh();
+    void showProjects(std::vector<MPCProject> projects);
+    void highlight(std::optional<UUID> renamed);
+    void leadToRenamed();
+
+    const std::shared_ptr<ContentView> view_;
+    SheetBridge& sheet_;
+    const std::string locale_; ///< of counts and sizes
     std::vector<MPCProject> projects_;
     std::optional<UUID> renamed_;
+    bool searched_ = false;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace tarvolt

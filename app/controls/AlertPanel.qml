@@ -7,7 +7,6 @@ import Tarvolt
 ModalPanel {
     id: root
 
-    required property ViewBridge view
     required property string message
     required property string button
 

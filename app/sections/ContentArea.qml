@@ -7,7 +7,7 @@ import Tarvolt
 FocusScope {
     id: root
 
-    required property ViewBridge view
+    required property WindowBridge view
     readonly property int shown: view.area
     // None while another window is in front; it comes back to the same item, shown or not.
     readonly property Item focusItem: Window.activeFocusItem
@@ -22,10 +22,10 @@ FocusScope {
 
     // Tab leads nowhere from what has been hidden. Keyboard users are moved to what is shown instead.
     function keepFocusInSight(): void {
-        const showsSplit = root.shown === ViewBridge.ProjectList;
+        const showsSplit = root.shown === WindowBridge.ProjectList;
         if (!root.focusItem || root.focusItem.visible || (showsSplit && split.activeFocus))
             return;
-        if (!root.view.goesByKeys())
+        if (!PressFilter.goesByKeys())
             root.focusItem.focus = false;
         else if (showsSplit)
             split.forceActiveFocus(Qt.TabFocusReason);
@@ -44,21 +44,21 @@ FocusScope {
 
     FolderPickerView {
         anchors.fill: parent
-        visible: root.shown === ViewBridge.FolderPicker
-        view: root.view
+        visible: root.shown === WindowBridge.FolderPicker
+        onFolderWanted: root.view.selectFolder()
     }
 
     EmptyStateView {
         id: emptyState
         anchors.fill: parent
-        visible: root.shown === ViewBridge.EmptyState
-        view: root.view
+        visible: root.shown === WindowBridge.EmptyState
+        onFolderWanted: root.view.selectFolder()
     }
 
     SplitArea {
         id: split
         anchors.fill: parent
-        visible: root.shown === ViewBridge.ProjectList
+        visible: root.shown === WindowBridge.ProjectList
         focus: true
         view: root.view
     }

@@ -8,7 +8,7 @@ import Tarvolt
 ColumnLayout {
     id: root
 
-    required property ViewBridge view
+    signal folderWanted
 
     objectName: "emptyStateView"
     spacing: Theme.emptySpacing
@@ -57,8 +57,7 @@ ColumnLayout {
         Layout.topMargin: Theme.emptyButtonTop
         text: qsTr("Choose Different Folder")
         spokenDetails: explanation.text
-        // Once the press is over, for the panel keeps whoever calls. The linter takes callLater for no function.
-        onClicked: Qt.callLater(root.view.selectFolder) // qmllint disable
+        onClicked: root.folderWanted()
     }
 
     Item {

@@ -8,7 +8,7 @@ import Tarvolt
 ColumnLayout {
     id: root
 
-    required property ViewBridge view
+    signal folderWanted
 
     objectName: "folderPickerView"
     spacing: Theme.pickerSpacing
@@ -51,8 +51,7 @@ ColumnLayout {
         symbol: "folder"
         text: qsTr("Select Folder")
         spokenDetails: explanation.text
-        // Once the press is over, for the panel keeps whoever calls. The linter takes callLater for no function.
-        onClicked: Qt.callLater(root.view.selectFolder) // qmllint disable
+        onClicked: root.folderWanted()
     }
 
     Item {

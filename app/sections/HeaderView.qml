@@ -8,7 +8,7 @@ import Tarvolt
 Item {
     id: root
 
-    required property ViewBridge view
+    required property WindowBridge view
 
     readonly property real titlesHeight: Math.ceil(titleMetrics.height) + Theme.headerTitleSpacing
         + Math.ceil(pathMetrics.height)
@@ -57,7 +57,7 @@ Item {
             TextLabel {
                 objectName: "headerPath"
                 Layout.fillWidth: true
-                visible: root.view.hasFolder
+                visible: root.view.folderPath !== ""
                 text: root.view.folderPath
                 font: Theme.verbatim(Theme.caption, text)
                 color: Theme.secondary
@@ -73,7 +73,7 @@ Item {
 
         RowLayout {
             objectName: "headerActions"
-            visible: root.view.hasFolder
+            visible: root.view.folderPath !== ""
             spacing: Theme.headerActionSpacing
 
             Item {
@@ -111,8 +111,7 @@ Item {
             BorderedButton {
                 objectName: "changeFolderButton"
                 text: qsTr("Change Folder")
-                // Once the press is over, for the panel keeps whoever calls. The linter takes callLater for no function.
-                onClicked: Qt.callLater(root.view.selectFolder) // qmllint disable
+                onClicked: root.view.selectFolder()
             }
         }
     }

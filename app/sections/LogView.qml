@@ -8,7 +8,7 @@ import Tarvolt
 FocusScope {
     id: root
 
-    required property ViewBridge view
+    required property LogModel log
 
     objectName: "logView"
 
@@ -44,7 +44,7 @@ FocusScope {
         font: Theme.caption
         color: Theme.secondarySixTenths
         opacity: Theme.tintedOpacity
-        visible: root.view.logEmpty
+        visible: list.count === 0
     }
 
     ListView {
@@ -53,9 +53,9 @@ FocusScope {
         y: line.y + line.height
         width: parent.width
         height: parent.height - y
-        visible: !root.view.logEmpty
+        visible: count > 0
         clip: true
-        model: root.view.log
+        model: root.log
         spacing: Theme.logSpacing
         boundsBehavior: Flickable.StopAtBounds
         pixelAligned: true

@@ -8,7 +8,7 @@ import Tarvolt
 ColumnLayout {
     id: root
 
-    required property ViewBridge view
+    required property SheetBridge sheet
     readonly property alias field: field
 
     objectName: "sheetNameBlock"
@@ -28,15 +28,15 @@ ColumnLayout {
         Layout.fillWidth: true
         focus: true
         placeholderText: qsTr("Enter new project name")
-        text: root.view.newName
+        text: root.sheet.newName
         // Assistive technology sets a text without editing it.
         onTextChanged: {
-            if (text !== root.view.newName)
-                root.view.newName = text;
+            if (text !== root.sheet.newName)
+                root.sheet.newName = text;
         }
         Accessible.name: qsTr("New name")
         // Submitting the field asks for the rename whatever the button's state.
-        Keys.onReturnPressed: root.view.submitNewName()
-        Keys.onEnterPressed: root.view.submitNewName()
+        Keys.onReturnPressed: root.sheet.submitNewName()
+        Keys.onEnterPressed: root.sheet.submitNewName()
     }
 }

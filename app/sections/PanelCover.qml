@@ -6,11 +6,8 @@ import Tarvolt
 T.Popup {
     id: root
 
-    required property ViewBridge view
-
     parent: T.Overlay.overlay
     objectName: "panelCover"
-    visible: view.panelOpen
     modal: true
     dim: true
     focus: true

@@ -7,11 +7,12 @@ import Tarvolt
 Item {
     id: root
 
-    required property ViewBridge view
     required property string oldText
     required property string newText
     readonly property real forNames: width - arrow.width - 2 * Theme.previewRowSpacing
-    readonly property real oldWidth: view.oldNameWidth(oldMetrics.advanceWidth, newMetrics.advanceWidth, forNames)
+    // As wide as it is where both names fit, else at most half, or more where the new name leaves more.
+    readonly property real oldWidth: Math.min(oldMetrics.advanceWidth,
+        Math.max(forNames / 2, forNames - newMetrics.advanceWidth))
 
     implicitHeight: Math.max(oldName.implicitHeight, arrow.implicitHeight, newName.implicitHeight)
 

@@ -9,7 +9,7 @@ import Tarvolt
 ListView {
     id: root
 
-    required property ViewBridge view
+    required property ProjectListModel projects
     required property Item thumbParent
     // The focus stays on the list itself, although there are rows.
     property bool resting: false
@@ -23,7 +23,7 @@ ListView {
 
     objectName: "projectList"
     clip: true
-    model: view.projects
+    model: projects
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
     // While it has the focus it must stay where Tab can be.
@@ -62,7 +62,7 @@ ListView {
 
         width: ListView.view.width
         last: index === root.count - 1
-        onRenamePressed: root.view.beginRename(index)
+        onRenamePressed: root.projects.beginRename(index)
         onActiveFocusChanged: {
             if (activeFocus) {
                 root.currentIndex = index;
@@ -119,9 +119,9 @@ ListView {
         if (item !== root)
             root.resting = root.resting && item === null;
         else if (!root.resting && root.count > 0)
-            root.focusRow(Math.max(0, root.view.projects.rowShowing(root.focusedName)));
+            root.focusRow(Math.max(0, root.projects.rowShowing(root.focusedName)));
         else if (!root.resting)
-            root.ringed = root.view.goesByKeys();
+            root.ringed = PressFilter.goesByKeys();
     }
 
     function focusRow(row: int): void {

@@ -7,7 +7,7 @@ import Tarvolt
 FocusScope {
     id: root
 
-    required property ViewBridge view
+    required property WindowBridge view
     readonly property real cardTop: {
         const above = indicator.y + (indicator.visible ? indicator.height : 0);
         return above + (searchBar.visible ? Theme.listTop : Theme.edge);
@@ -16,7 +16,7 @@ FocusScope {
     objectName: "projectListView"
 
     // Hidden for longer than a scan.
-    readonly property bool searchGone: !searchBar.visible && !view.scanning
+    readonly property bool searchGone: !view.projects.showsSearchBar && !view.scanning
     // The focus goes back to the search field when that is there again.
     property bool searchAwaited: false
 
@@ -28,12 +28,10 @@ FocusScope {
     }
 
     Connections {
-        target: root.view
+        target: list.model
 
-        // The row that the sheet was opened from is about to go.
-        function onSheetOpenChanged(): void {
-            if (!root.view.sheetOpen && root.view.awaitsList())
-                list.rest(false);
+        function onRenamed(): void {
+            list.rest(false);
         }
 
         // Whoever has gone elsewhere meanwhile stays there.
@@ -45,7 +43,7 @@ FocusScope {
             else if (hiddenBySearch && searchBar.visible)
                 searchBar.takeFocus();
             else
-                list.rest(root.view.goesByKeys());
+                list.rest(PressFilter.goesByKeys());
         }
     }
 
@@ -54,8 +52,8 @@ FocusScope {
         x: Theme.edge
         y: Theme.edge
         width: parent.width - 2 * Theme.edge
-        visible: root.view.showsSearchBar
-        view: root.view
+        visible: root.view.projects.showsSearchBar
+        projects: root.view.projects
         // Tab leads nowhere from what has been hidden, and typing goes on unseen.
         onVisibleChanged: {
             if (!visible && focused) {
@@ -93,7 +91,7 @@ FocusScope {
         width: parent.width - 2 * Theme.edge
         height: Math.min(contentHeight, parent.height - y - Theme.edge)
         focus: true
-        view: root.view
+        projects: root.view.projects
         thumbParent: root
     }
 

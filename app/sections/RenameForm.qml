@@ -9,15 +9,15 @@ import Tarvolt
 FocusScope {
     id: root
 
-    required property ViewBridge view
+    required property SheetBridge sheet
     readonly property alias title: titleLabel.text
 
     objectName: "renameForm"
     focus: true
-    Keys.onEscapePressed: root.view.cancelRename()
+    Keys.onEscapePressed: root.sheet.cancelRename()
     // Return is the Rename button's wherever no control takes it.
-    Keys.onReturnPressed: root.view.pressRename()
-    Keys.onEnterPressed: root.view.pressRename()
+    Keys.onReturnPressed: root.sheet.pressRename()
+    Keys.onEnterPressed: root.sheet.pressRename()
     Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
     function focusField(): void {
@@ -72,7 +72,7 @@ FocusScope {
                     TextLabel {
                         objectName: "sheetCurrentName"
                         Layout.fillWidth: true
-                        text: root.view.currentNameText
+                        text: root.sheet.currentNameText
                         font: Theme.verbatim(Theme.monoBody, text)
                         color: Theme.secondary
                         maximumLineCount: 1
@@ -82,7 +82,7 @@ FocusScope {
 
                 NewName {
                     id: newName
-                    view: root.view
+                    sheet: root.sheet
                     field.onCursorPositionChanged: area.contentY = 0
                     field.onActiveFocusChanged: area.contentY = 0
                 }
@@ -92,8 +92,8 @@ FocusScope {
                     Layout.fillWidth: true
                     Layout.fillHeight: true
                     Layout.maximumHeight: implicitHeight
-                    view: root.view
-                    visible: root.view.offersRename
+                    sheet: root.sheet
+                    visible: root.sheet.offersRename
                 }
 
                 Item {
@@ -111,14 +111,14 @@ FocusScope {
             BorderedButton {
                 objectName: "cancelButton"
                 text: qsTr("Cancel")
-                onClicked: root.view.cancelRename()
+                onClicked: root.sheet.cancelRename()
             }
 
             ProminentButton {
                 objectName: "renameButton"
                 text: qsTr("Rename")
-                enabled: root.view.offersRename
-                onClicked: root.view.pressRename()
+                enabled: root.sheet.offersRename
+                onClicked: root.sheet.pressRename()
             }
         }
     }

@@ -9,7 +9,7 @@ import Tarvolt
 ColumnLayout {
     id: root
 
-    required property ViewBridge view
+    required property SheetBridge sheet
     // How much of its height the preview can do without: it scrolls as long as a name of two lines is in sight.
     readonly property real dispensable: Math.max(0, box.implicitHeight - Theme.leastPreview)
 
@@ -93,18 +93,16 @@ ColumnLayout {
                 PreviewRow {
                     objectName: "previewFileRow"
                     width: parent.width
-                    view: root.view
-                    oldText: root.view.oldFileName
-                    newText: root.view.newFileName
+                    oldText: root.sheet.oldFileName
+                    newText: root.sheet.newFileName
                 }
 
                 PreviewRow {
                     objectName: "previewFolderRow"
                     width: parent.width
-                    view: root.view
-                    visible: root.view.hasDataFolder
-                    oldText: root.view.oldFolderName
-                    newText: root.view.newFolderName
+                    visible: oldText !== ""
+                    oldText: root.sheet.oldFolderName
+                    newText: root.sheet.newFolderName
                 }
 
                 TextLabel {

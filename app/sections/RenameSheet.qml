@@ -7,7 +7,7 @@ import Tarvolt
 ModalPanel {
     id: root
 
-    required property ViewBridge view
+    required property SheetBridge sheet
     property real rise: 0
     readonly property RenameForm form: contentItem as RenameForm
 
@@ -16,7 +16,7 @@ ModalPanel {
     width: Theme.sheetWidth
     height: Theme.sheetHeight
     padding: Theme.sheetPadding
-    visible: view.sheetOpen
+    visible: sheet.open
     scrim: Theme.scrim
     scrimFade: visible ? Theme.sheetIn : Theme.sheetOut
     y: Math.round((parent.height - height) / 2 + rise)
@@ -52,6 +52,6 @@ ModalPanel {
     }
 
     contentItem: RenameForm {
-        view: root.view
+        sheet: root.sheet
     }
 }

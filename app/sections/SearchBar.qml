@@ -5,7 +5,7 @@ import Tarvolt
 Item {
     id: root
 
-    required property ViewBridge view
+    required property ProjectListModel projects
     readonly property alias focused: field.activeFocus
 
     function takeFocus(): void {
@@ -42,11 +42,11 @@ Item {
         implicitHeight: contentHeight
         font: Theme.verbatim(Theme.body, text)
         placeholderText: qsTr("Search projects...")
-        text: root.view.searchText
+        text: root.projects.searchText
         // Assistive technology sets a text without editing it.
         onTextChanged: {
-            if (text !== root.view.searchText)
-                root.view.searchText = text;
+            if (text !== root.projects.searchText)
+                root.projects.searchText = text;
         }
         Accessible.name: placeholderText
         Accessible.searchEdit: true

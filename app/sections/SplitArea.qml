@@ -7,11 +7,16 @@ import Tarvolt
 FocusScope {
     id: root
 
-    required property ViewBridge view
+    required property WindowBridge view
     property real wantedLogWidth: Theme.firstLogWidth
-    readonly property real logWidth: view.allowedLogWidth(wantedLogWidth, width - divider.width)
+    readonly property real logWidth: allowed(wantedLogWidth)
 
     objectName: "splitArea"
+
+    // The log keeps its limits first, then the list its least width.
+    function allowed(wanted: real): real {
+        return Math.max(220, Math.min(280, wanted, width - divider.width - 400));
+    }
 
     ProjectListView {
         width: divider.x
@@ -25,16 +30,13 @@ FocusScope {
         x: parent.width - root.logWidth - width
         height: parent.height
         z: 1
-        onMoved: distance => {
-            const wanted = root.logWidth - distance;
-            root.wantedLogWidth = root.view.allowedLogWidth(wanted, root.width - divider.width);
-        }
+        onMoved: distance => root.wantedLogWidth = root.allowed(root.logWidth - distance)
     }
 
     LogView {
         x: divider.x + divider.width
         width: root.logWidth
         height: parent.height
-        view: root.view
+        log: root.view.log
     }
 }

@@ -34,13 +34,6 @@ TEST(MPCScanner, StartsEmptyAndTouchesNoFile) {
     EXPECT_TRUE(scene.disk->traffic().empty());
 }
 
-TEST(MPCScanner, TakesTheServicesOfTheProcessWhenGivenNone) {
-    const Scene scene;
-    installServices(scene.services());
-    const auto scanner = MPCScanner::create();
-    EXPECT_EQ(scanner->services().fileManager, scene.disk);
-}
-
 TEST(ActivityLog, PutsTheNewestLineFirst) {
     const Scene scene;
     const auto scanner = MPCScanner::create(scene.services());

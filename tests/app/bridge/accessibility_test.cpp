@@ -109,7 +109,7 @@ TEST_F(AccessibilityTest, AFieldSaysItsTextWhereTheFocusComes) {
     EXPECT_EQ(description("searchField"), "");
     w->type("song");
     EXPECT_EQ(description("searchField"), "") << "who types hears the keys";
-    w->bridge->beginRename(0);
+    w->bridge->projects()->beginRename(0);
     w->settle();
     EXPECT_EQ(description("newNameField"), "Song 0");
     EXPECT_EQ(description("searchField"), "");
@@ -124,17 +124,17 @@ TEST_F(AccessibilityTest, ANotificationTellsHowManyASearchFindsAndHowAScanOrARen
     w->choose();
     const auto notifications = [&] { return heard().filter(QRegularExpression("^Notification: ")); };
     EXPECT_EQ(notifications(), (QStringList{"Notification: Scan complete: 6 project(s)"}));
-    w->bridge->setSearchText("5");
+    w->bridge->projects()->setSearchText("5");
     w->settle();
     EXPECT_EQ(notifications(), (QStringList{"Notification: 1 project"}));
     const QQuickItem* first = w->find("news");
-    w->bridge->setSearchText("g 5");
+    w->bridge->projects()->setSearchText("g 5");
     w->settle();
     EXPECT_EQ(notifications(), (QStringList{"Notification: 1 project"}));
     EXPECT_NE(w->find("news"), first) << "another one, which is read out again";
-    w->bridge->beginRename(0);
-    w->bridge->setNewName("Song 8");
-    w->bridge->submitNewName();
+    w->bridge->projects()->beginRename(0);
+    w->bridge->sheet()->setNewName("Song 8");
+    w->bridge->sheet()->submitNewName();
     w->settle();
     EXPECT_EQ(notifications(), (QStringList{"Notification: Renamed \"Song 5\" → \"Song 8\""}));
 }
@@ -158,35 +158,35 @@ TEST_F(AccessibilityTest, EveryPressActionWorksAndADisabledOneDoesNothing) {
     pressByAction("changeFolderButton");
     EXPECT_EQ(scans(), 3);
     pressByAction("rowButton");
-    EXPECT_TRUE(w->bridge->sheetOpen());
+    EXPECT_TRUE(w->bridge->sheet()->open());
     pressByAction("renameButton");
-    EXPECT_TRUE(w->bridge->sheetOpen());
-    EXPECT_FALSE(w->bridge->alertOpen());
+    EXPECT_TRUE(w->bridge->sheet()->open());
+    EXPECT_FALSE(w->bridge->sheet()->alertOpen());
     pressByAction("cancelButton");
-    EXPECT_FALSE(w->bridge->sheetOpen());
+    EXPECT_FALSE(w->bridge->sheet()->open());
     pressByAction("rowButton");
-    w->bridge->setNewName("Song 1");
+    w->bridge->sheet()->setNewName("Song 1");
     pressByAction("renameButton");
-    EXPECT_TRUE(w->bridge->alertOpen());
+    EXPECT_TRUE(w->bridge->sheet()->alertOpen());
     pressByAction("alertButton");
-    EXPECT_FALSE(w->bridge->alertOpen());
+    EXPECT_FALSE(w->bridge->sheet()->alertOpen());
 }
 
 TEST_F(AccessibilityTest, NothingBehindTheSheetCanBePressed) {
     choose();
-    w->bridge->beginRename(0);
+    w->bridge->projects()->beginRename(0);
     w->settle();
     pressByAction("changeFolderButton");
     pressByAction("rescanButton");
     pressByAction("rowButton");
     EXPECT_EQ(w->scene.panel->asked.size(), 1U);
     EXPECT_EQ(w->bridge->log()->rowCount(), 2);
-    EXPECT_EQ(w->bridge->currentNameText(), "Current: Blue Hour");
+    EXPECT_EQ(w->bridge->sheet()->currentNameText(), "Current: Blue Hour");
 }
 
 TEST_F(AccessibilityTest, TheSheetAndItsFieldHaveNames) {
     choose();
-    w->bridge->beginRename(0);
+    w->bridge->projects()->beginRename(0);
     w->settle();
     EXPECT_EQ(thing("newNameField")->text(QAccessible::Name), "New name");
     EXPECT_EQ(thing("newNameField")->role(), QAccessible::EditableText);
@@ -198,11 +198,11 @@ TEST_F(AccessibilityTest, TheSheetAndItsFieldHaveNames) {
 
 TEST_F(AccessibilityTest, APreviewThatTakesTheFocusHasAName) {
     choose();
-    w->bridge->beginRename(0);
-    w->bridge->setNewName("Red Hour");
+    w->bridge->projects()->beginRename(0);
+    w->bridge->sheet()->setNewName("Red Hour");
     w->settle();
     EXPECT_FALSE(heard().contains("Grouping: PREVIEW")) << "one that does not scroll";
-    w->bridge->setNewName(QString(240, u'x'));
+    w->bridge->sheet()->setNewName(QString(240, u'x'));
     w->settle();
     EXPECT_TRUE(heard().contains("Grouping: PREVIEW"));
     w->press(Qt::Key_Tab);
@@ -213,9 +213,9 @@ TEST_F(AccessibilityTest, APreviewThatTakesTheFocusHasAName) {
 
 TEST_F(AccessibilityTest, TheAlertIsADialogWhoseTextStandsInItOnce) {
     choose();
-    w->bridge->beginRename(0);
-    w->bridge->setNewName("Sketch");
-    w->bridge->pressRename();
+    w->bridge->projects()->beginRename(0);
+    w->bridge->sheet()->setNewName("Sketch");
+    w->bridge->sheet()->pressRename();
     w->settle();
     EXPECT_EQ(heard().mid(heard().size() - 3),
               (QStringList{"StaticText: Rename Failed", "StaticText: A project named \"Sketch\" already exists.",

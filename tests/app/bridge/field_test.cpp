@@ -21,9 +21,9 @@ protected:
     }
 
     void openSheet() {
-        w.bridge->beginRename(6);
+        w.bridge->projects()->beginRename(6);
         w.settle();
-        ASSERT_EQ(w.bridge->currentNameText(), "Current: two lines");
+        ASSERT_EQ(w.bridge->sheet()->currentNameText(), "Current: two lines");
     }
 
     QString shown(const QString& field = "newNameField") const { return w.find(field)->property("text").toString(); }
@@ -46,8 +46,8 @@ protected:
         w.press(Qt::Key_Return);
         w.settle();
         EXPECT_FALSE(menuOpen());
-        EXPECT_TRUE(w.bridge->sheetOpen());
-        EXPECT_FALSE(w.bridge->alertOpen());
+        EXPECT_TRUE(w.bridge->sheet()->open());
+        EXPECT_FALSE(w.bridge->sheet()->alertOpen());
         EXPECT_EQ(w.focused(), "newNameField");
     }
 
@@ -58,7 +58,7 @@ TEST_F(FieldTest, ANameShowsItsLineBreakAsABlankAndKeepsIt) {
     openSheet();
     EXPECT_EQ(shown(), "two lines");
     EXPECT_EQ(name(), "two\nlines");
-    EXPECT_FALSE(w.bridge->offersRename());
+    EXPECT_FALSE(w.bridge->sheet()->offersRename());
     w.press(Qt::Key_End);
     w.type("!");
     EXPECT_EQ(shown(), "two lines!");
@@ -115,7 +115,7 @@ TEST_F(FieldTest, ItsMenuOffersOnlyWhatCanBeDone) {
     w.press(Qt::Key_Escape);
     w.settle();
     EXPECT_FALSE(menuOpen());
-    EXPECT_TRUE(w.bridge->sheetOpen()) << "Escape closes the topmost layer only";
+    EXPECT_TRUE(w.bridge->sheet()->open()) << "Escape closes the topmost layer only";
     w.press(Qt::Key_End);
     QGuiApplication::clipboard()->setText("x");
     w.press(Qt::Key_Menu);
@@ -127,7 +127,7 @@ TEST_F(FieldTest, ItsMenuOffersOnlyWhatCanBeDone) {
 TEST_F(FieldTest, ItsFrameStaysWhileItsMenuIsOpen) {
     w.addProjects(1);
     w.choose();
-    w.bridge->beginRename(0);
+    w.bridge->projects()->beginRename(0);
     w.settle();
     const QQuickItem* frame = w.find("frame");
     const auto colour = frame->property("borderColor").value<QColor>();

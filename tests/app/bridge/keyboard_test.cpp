@@ -16,7 +16,7 @@ protected:
     }
 
     void openSheet(int row) {
-        w.bridge->beginRename(row);
+        w.bridge->projects()->beginRename(row);
         w.settle();
     }
 
@@ -197,21 +197,21 @@ TEST_F(KeyboardTest, ALongPreviewScrollsByKeysAndMayBecomeShortOrGoWhileItHasThe
     choose(2);
     openSheet(0);
     for (const QString& name : {QStringLiteral("short"), QStringLiteral("Song 0"), QString()}) {
-        w.bridge->setNewName(QString(240, u'x'));
+        w.bridge->sheet()->setNewName(QString(240, u'x'));
         w.settle();
         w.find("newNameField")->forceActiveFocus();
         w.press(Qt::Key_Tab);
         EXPECT_EQ(w.focused(), "previewArea");
         w.press(Qt::Key_End);
         EXPECT_GT(w.find("previewArea")->property("contentY").toDouble(), 0);
-        w.bridge->setNewName(name);
+        w.bridge->sheet()->setNewName(name);
         w.settle();
         w.press(Qt::Key_Tab);
         EXPECT_EQ(focusedName(), "Cancel") << name.toStdString();
     }
     w.press(Qt::Key_Escape);
     w.settle();
-    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->open());
 }
 
 TEST_F(KeyboardTest, APreviewBeginsAtItsTopWhereverTheLastOneWasLeft) {
@@ -219,7 +219,7 @@ TEST_F(KeyboardTest, APreviewBeginsAtItsTopWhereverTheLastOneWasLeft) {
     w.addProject(std::string(200, 'y'));
     w.choose();
     openSheet(0);
-    w.bridge->setNewName(QString(201, u'x'));
+    w.bridge->sheet()->setNewName(QString(201, u'x'));
     w.settle();
     w.press(Qt::Key_Tab);
     w.press(Qt::Key_End);
@@ -227,7 +227,7 @@ TEST_F(KeyboardTest, APreviewBeginsAtItsTopWhereverTheLastOneWasLeft) {
     w.press(Qt::Key_Escape);
     w.settle();
     openSheet(1);
-    w.bridge->setNewName(QString(201, u'y'));
+    w.bridge->sheet()->setNewName(QString(201, u'y'));
     w.settle();
     EXPECT_EQ(w.find("previewArea")->property("contentY").toDouble(), 0);
 }
@@ -237,14 +237,14 @@ TEST_F(KeyboardTest, ReturnAndKeypadEnterInTheFieldRenameOnce) {
         SceneWindow window;
         window.addProjects(2);
         window.choose();
-        window.bridge->beginRename(0);
+        window.bridge->projects()->beginRename(0);
         window.settle();
         window.type("New");
         window.press(key);
         window.press(key);
         window.settle();
-        EXPECT_FALSE(window.bridge->sheetOpen());
-        EXPECT_FALSE(window.bridge->alertOpen());
+        EXPECT_FALSE(window.bridge->sheet()->open());
+        EXPECT_FALSE(window.bridge->sheet()->alertOpen());
         EXPECT_EQ(window.scene.disk->disk(), (std::vector<std::string>{"/p/", "/p/New.xpj=x", "/p/New_[ProjectData]/",
                                                                        "/p/Song 1.xpj=x", "/p/Song 1_[ProjectData]/"}));
     }
@@ -258,13 +258,13 @@ TEST_F(KeyboardTest, AHeldReturnNeitherRenamesNorClosesTheAlert) {
     repeat(Qt::Key_Enter);
     EXPECT_EQ(renames(), 0);
     w.find("newNameField")->setProperty("text", "Song 1");
-    w.bridge->setNewName("Song 1");
+    w.bridge->sheet()->setNewName("Song 1");
     w.press(Qt::Key_Return);
-    ASSERT_TRUE(w.bridge->alertOpen());
+    ASSERT_TRUE(w.bridge->sheet()->alertOpen());
     repeat(Qt::Key_Return);
     w.settle();
     repeat(Qt::Key_Return);
-    EXPECT_TRUE(w.bridge->alertOpen());
+    EXPECT_TRUE(w.bridge->sheet()->alertOpen());
 }
 
 TEST_F(KeyboardTest, AHeldSpaceIsOnePress) {
@@ -275,13 +275,13 @@ TEST_F(KeyboardTest, AHeldSpaceIsOnePress) {
     EXPECT_EQ(w.view->scanner->logEntries.get().size(), 2 * scans);
     w.find("rowButton")->forceActiveFocus(Qt::TabFocusReason);
     holdSpace();
-    ASSERT_TRUE(w.bridge->sheetOpen());
-    EXPECT_EQ(w.bridge->newName(), "Song 0");
+    ASSERT_TRUE(w.bridge->sheet()->open());
+    EXPECT_EQ(w.bridge->sheet()->newName(), "Song 0");
     failToRename();
-    ASSERT_TRUE(w.bridge->alertOpen());
+    ASSERT_TRUE(w.bridge->sheet()->alertOpen());
     holdSpace();
-    EXPECT_FALSE(w.bridge->alertOpen());
-    EXPECT_EQ(w.bridge->newName(), "Song 1");
+    EXPECT_FALSE(w.bridge->sheet()->alertOpen());
+    EXPECT_EQ(w.bridge->sheet()->newName(), "Song 1");
 }
 
 TEST_F(KeyboardTest, ReturnOnAFocusedButtonPressesThatButton) {
@@ -291,7 +291,7 @@ TEST_F(KeyboardTest, ReturnOnAFocusedButtonPressesThatButton) {
     w.find("cancelButton")->forceActiveFocus(Qt::TabFocusReason);
     w.press(Qt::Key_Return);
     w.settle();
-    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->open());
     EXPECT_EQ(renames(), 0);
     openSheet(0);
     w.type("New");
@@ -305,29 +305,29 @@ TEST_F(KeyboardTest, EscapeClosesOnlyTheTopmostLayer) {
     choose(2);
     openSheet(0);
     failToRename();
-    ASSERT_TRUE(w.bridge->alertOpen());
+    ASSERT_TRUE(w.bridge->sheet()->alertOpen());
     w.press(Qt::Key_Escape);
     w.settle();
-    EXPECT_FALSE(w.bridge->alertOpen());
-    EXPECT_TRUE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->alertOpen());
+    EXPECT_TRUE(w.bridge->sheet()->open());
     w.press(Qt::Key_Escape);
     w.settle();
-    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->open());
 }
 
 TEST_F(KeyboardTest, AHeldEscapeClosesOnlyTheTopmostLayer) {
     choose(2);
     openSheet(0);
     failToRename();
-    ASSERT_TRUE(w.bridge->alertOpen());
+    ASSERT_TRUE(w.bridge->sheet()->alertOpen());
     QTest::keyPress(w.window, Qt::Key_Escape);
     w.settle();
     for (int i = 0; i < 3; ++i) {
         repeat(Qt::Key_Escape);
         w.settle();
     }
-    EXPECT_FALSE(w.bridge->alertOpen());
-    EXPECT_TRUE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->alertOpen());
+    EXPECT_TRUE(w.bridge->sheet()->open());
 }
 
 TEST_F(KeyboardTest, APressOutsideClosesNeither) {
@@ -335,12 +335,12 @@ TEST_F(KeyboardTest, APressOutsideClosesNeither) {
     openSheet(0);
     QTest::mouseClick(w.window, Qt::LeftButton, {}, QPoint(20, 560));
     w.settle();
-    EXPECT_TRUE(w.bridge->sheetOpen());
-    w.bridge->submitNewName();
+    EXPECT_TRUE(w.bridge->sheet()->open());
+    w.bridge->sheet()->submitNewName();
     w.settle();
     QTest::mouseClick(w.window, Qt::LeftButton, {}, QPoint(20, 560));
     w.settle();
-    EXPECT_TRUE(w.bridge->alertOpen());
+    EXPECT_TRUE(w.bridge->sheet()->alertOpen());
 }
 
 TEST_F(KeyboardTest, AfterTheAlertTheFieldHasTheFocusAndTheTextAgain) {
@@ -349,15 +349,15 @@ TEST_F(KeyboardTest, AfterTheAlertTheFieldHasTheFocusAndTheTextAgain) {
     w.type("Song 1");
     w.click("renameButton");
     w.settle();
-    ASSERT_TRUE(w.bridge->alertOpen());
+    ASSERT_TRUE(w.bridge->sheet()->alertOpen());
     EXPECT_EQ(w.focused(), "alertButton");
     w.press(Qt::Key_Return);
     w.settle();
-    EXPECT_FALSE(w.bridge->alertOpen());
+    EXPECT_FALSE(w.bridge->sheet()->alertOpen());
     EXPECT_EQ(w.focused(), "newNameField");
     EXPECT_EQ(w.find("newNameField")->property("text").toString(), "Song 1");
     w.type("9");
-    EXPECT_EQ(w.bridge->newName(), "Song 19");
+    EXPECT_EQ(w.bridge->sheet()->newName(), "Song 19");
 }
 
 TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheRenamedRowJustInSight) {
@@ -390,7 +390,7 @@ TEST_F(KeyboardTest, NoRingStandsAroundTheListWhileItIsEmptyForAScan) {
 
 TEST_F(KeyboardTest, TheRescanMayComeWhileTheSheetStillFades) {
     choose(8);
-    w.bridge->setSearchText("Song 3");
+    w.bridge->projects()->setSearchText("Song 3");
     w.settle();
     QString name = "Song 3";
     for (int wait = 0; wait <= 150; wait += 10) {
@@ -409,19 +409,19 @@ TEST_F(KeyboardTest, TheRescanMayComeWhileTheSheetStillFades) {
 
 TEST_F(KeyboardTest, AfterTheRescanTheFocusIsInTheSearchFieldThatHidesTheNewName) {
     choose(8);
-    w.bridge->setSearchText("Song");
+    w.bridge->projects()->setSearchText("Song");
     w.settle();
     renameRow(0, "Zebra");
     passRescan();
     EXPECT_EQ(w.focused(), "searchField");
     w.press(Qt::Key_Return);
     w.settle();
-    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->open());
 }
 
 TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereAHiddenSearchHidesTheNewName) {
     choose(3);
-    w.bridge->setSearchText("Song");
+    w.bridge->projects()->setSearchText("Song");
     w.settle();
     renameRow(0, "Zebra");
     passRescan();
@@ -430,7 +430,7 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereAHiddenSearchHidesTheNe
     w.press(Qt::Key_Return);
     w.press(Qt::Key_Space);
     w.settle();
-    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_FALSE(w.bridge->sheet()->open());
     w.press(Qt::Key_Down);
     EXPECT_EQ(focusedName(), "Rename Song 1");
     EXPECT_TRUE(w.findAll("listFocus").empty());
@@ -454,12 +454,12 @@ TEST_F(KeyboardTest, AReturnAfterARenameDoesNothingUntilTheListIsThere) {
         w.press(Qt::Key_Return);
         w.press(Qt::Key_Space);
         w.settle();
-        EXPECT_FALSE(w.bridge->sheetOpen()) << wait;
+        EXPECT_FALSE(w.bridge->sheet()->open()) << wait;
     }
     passRescan();
     EXPECT_EQ(focusedName(), "Rename Zebra");
     w.press(Qt::Key_Return);
-    EXPECT_TRUE(w.bridge->sheetOpen());
+    EXPECT_TRUE(w.bridge->sheet()->open());
 }
 
 TEST_F(KeyboardTest, AReturnAfterARenameOpensTheSheetOfARowThatThePersonHasGoneTo) {
@@ -468,7 +468,7 @@ TEST_F(KeyboardTest, AReturnAfterARenameOpensTheSheetOfARowThatThePersonHasGoneT
     w.press(Qt::Key_End);
     w.press(Qt::Key_Return);
     w.settle();
-    EXPECT_EQ(w.bridge->newName(), "Song 2");
+    EXPECT_EQ(w.bridge->sheet()->newName(), "Song 2");
 }
 
 TEST_F(KeyboardTest, AfterARenameTheKeysGoOnFromTheRenamedRow) {
@@ -611,7 +611,7 @@ TEST_F(KeyboardTest, TheRescanLeavesAnOpenSheetAlone) {
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
     w.settle();
     EXPECT_EQ(w.focused(), "newNameField");
-    EXPECT_EQ(w.bridge->newName(), "Yak");
+    EXPECT_EQ(w.bridge->sheet()->newName(), "Yak");
     w.press(Qt::Key_Return);
     w.settle();
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
@@ -627,8 +627,8 @@ TEST_F(KeyboardTest, ReturnInTheSearchDoesNothing) {
     w.press(Qt::Key_Escape);
     w.settle();
     EXPECT_EQ(w.focused(), "searchField");
-    EXPECT_EQ(w.bridge->searchText(), "Song 3");
-    EXPECT_FALSE(w.bridge->sheetOpen());
+    EXPECT_EQ(w.bridge->projects()->searchText(), "Song 3");
+    EXPECT_FALSE(w.bridge->sheet()->open());
 }
 
 } // namespace

@@ -197,11 +197,11 @@ TEST_P(LargeFontTest, NoTextIsCutWhileAScanRuns) {
 
 TEST_P(LargeFontTest, NoTextIsCutInTheSheet) {
     showProjects();
-    w->bridge->beginRename(0);
+    w->bridge->projects()->beginRename(0);
     w->settle();
     expectWhole("sheet");
     for (const QString& name : {QString(), QStringLiteral("Attic Loops"), QString(200, u'x')}) {
-        w->bridge->setNewName(name);
+        w->bridge->sheet()->setNewName(name);
         w->settle();
         expectWhole("sheet with a name");
     }

@@ -3,13 +3,18 @@
 
 #include "app/sections/log_texts.h"
 #include "tests/app/bridge/print_qt.h"
+#include "tests/support/scene.h"
 
 #include <QAbstractItemModelTester>
+#include <QCoreApplication>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvolt {
@@ -21,16 +26,29 @@ MPCProject project(const std::string& name) {
 
 class ProjectListModelTest : public ::testing::Test {
 protected:
+    void setProjects(std::vector<MPCProject> projects) {
+        view->scanner->projects.set(std::move(projects));
+        QCoreApplication::processEvents();
+    }
+
+    void setRenamed(std::optional<UUID> id) {
+        view->successProject.set(id);
+        QCoreApplication::processEvents();
+    }
+
     QVariant at(int row, ProjectListModel::Role role) const { return model.data(model.index(row), role); }
 
-    ProjectListModel model{"en_US"};
+    testing::Scene scene;
+    std::shared_ptr<ContentView> view = ContentView::create(scene.services());
+    SheetBridge sheet{view};
+    ProjectListModel model{view, sheet};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
     QSignalSpy changes{&model, &QAbstractItemModel::dataChanged};
 };
 
 TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
-    model.setProjects({MPCProject("Slow\nGlass", "/p/x.xpj", "/p/x", 12, 48000), project("Sketch \xFF")});
+    setProjects({MPCProject("Slow\nGlass", "/p/x.xpj", "/p/x", 12, 48000), project("Sketch \xFF")});
     ASSERT_EQ(model.rowCount(), 2);
     EXPECT_EQ(at(0, ProjectListModel::nameRole), "Slow Glass");
     EXPECT_EQ(at(0, ProjectListModel::symbolRole), "music.note.list");
@@ -48,52 +66,57 @@ TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
 
 TEST_F(ProjectListModelTest, LeavesTheRowsAloneForTheSameRecords) {
     const std::vector<MPCProject> records{project("a"), project("b")};
-    model.setProjects(records);
+    setProjects(records);
     resets.clear();
-    model.setProjects(records);
+    setProjects(records);
     EXPECT_EQ(resets.size(), 0);
-    model.setProjects({project("a"), project("b")});
+    setProjects({project("a"), project("b")});
     EXPECT_EQ(resets.size(), 1) << "the same names with other identities are other records";
 }
 
 TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOnlyOfTheRowsThatChange) {
     const std::vector<MPCProject> records{project("a"), project("b"), project("c")};
-    model.setProjects(records);
-    model.setRenamed(records[1].id());
+    setProjects(records);
+    setRenamed(records[1].id());
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.at(0).at(0).toModelIndex().row(), 1);
     EXPECT_EQ(at(1, ProjectListModel::renamedRole), true);
     EXPECT_EQ(at(0, ProjectListModel::renamedRole), false);
     EXPECT_EQ(at(1, ProjectListModel::sentenceRole), "b, 0 files, 48 KB, No data folder, Renamed");
-    model.setRenamed(records[2].id());
+    setRenamed(records[2].id());
     EXPECT_EQ(changes.size(), 3);
-    model.setRenamed(std::nullopt);
+    setRenamed(std::nullopt);
     EXPECT_EQ(at(2, ProjectListModel::renamedRole), false);
     changes.clear();
-    model.setRenamed(std::nullopt);
+    setRenamed(std::nullopt);
     EXPECT_EQ(changes.size(), 0);
 }
 
 TEST_F(ProjectListModelTest, FindsRowsAndRecords) {
-    model.setProjects({project("a"), project("b")});
-    EXPECT_EQ(model.rowOf("b"), 1);
-    EXPECT_EQ(model.rowOf("B"), -1);
-    EXPECT_EQ(model.projectAt(1)->baseName(), "b");
-    EXPECT_FALSE(model.projectAt(2).has_value());
-    EXPECT_FALSE(model.projectAt(-1).has_value());
+    setProjects({project("a"), project("b")});
+    EXPECT_EQ(model.rowShowing("b"), 1);
+    EXPECT_EQ(model.rowShowing("B"), -1);
+    for (const int none : {-1, 2}) {
+        model.beginRename(none);
+        EXPECT_FALSE(sheet.open());
+    }
+    model.beginRename(1);
+    EXPECT_EQ(view->renamingProject.get()->baseName(), "b");
     EXPECT_FALSE(at(5, ProjectListModel::nameRole).isValid());
 }
 
 class LogModelTest : public ::testing::Test {
 protected:
     void log(const std::string& message, bool isError = false) {
-        entries.emplace_front(std::chrono::system_clock::time_point{}, message, isError);
+        scanner->log(message, isError);
+        scene.settle();
     }
 
     QVariant at(int row, LogModel::Role role) const { return model.data(model.index(row), role); }
 
-    MPCScanner::LogEntries entries;
-    LogModel model{entries, makeLogTimeFormatter("en_US", "UTC")};
+    testing::Scene scene;
+    std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services());
+    LogModel model{*scanner, makeLogTimeFormatter("en_US", "UTC")};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy inserts{&model, &QAbstractItemModel::rowsInserted};
     QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
@@ -101,13 +124,13 @@ protected:
 
 TEST_F(LogModelTest, InsertsNewLinesAtTheTopOnceForATurn) {
     log("a");
-    model.takeNewEntries();
+    QCoreApplication::processEvents();
     log("b", true);
     log("c");
     EXPECT_EQ(model.rowCount(), 1) << "what has not been taken in is not there yet";
     EXPECT_EQ(at(0, LogModel::messageRole), "a");
-    model.takeNewEntries();
-    model.takeNewEntries();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
     ASSERT_EQ(inserts.size(), 2);
     EXPECT_EQ(inserts.at(1).at(1).toInt(), 0);
     EXPECT_EQ(inserts.at(1).at(2).toInt(), 1);
@@ -121,7 +144,7 @@ TEST_F(LogModelTest, InsertsNewLinesAtTheTopOnceForATurn) {
 TEST_F(LogModelTest, GivesTheTimeAndTheSentence) {
     log("Scan error: no", true);
     log("two\nlines");
-    model.takeNewEntries();
+    QCoreApplication::processEvents();
     EXPECT_EQ(at(0, LogModel::timeRole), "12:00:00 AM");
     EXPECT_EQ(at(0, LogModel::messageRole), "two\nlines") << "verbatim";
     EXPECT_EQ(at(0, LogModel::sentenceRole), "two lines, 12:00:00 AM");

@@ -20,7 +20,7 @@ protected:
 
     void openSheet() {
         w.choose();
-        w.bridge->beginRename(0);
+        w.bridge->projects()->beginRename(0);
         w.settle();
     }
 
@@ -137,7 +137,7 @@ TEST_F(MeasureControlsTest, ProminentButtonsHaveTheirSizesAndColours) {
     expectLabel("renameButton", testing::body, QFont::DemiBold);
     expectColour(face("renameButton"), "#000000", 0.08);
     expectColour(ink("renameButton"), "#000000", 0.36);
-    w.bridge->setNewName("Red Hour");
+    w.bridge->sheet()->setNewName("Red Hour");
     w.settle();
     expectColour(ink("renameButton"), "#FFFFFF");
     expectFaces("renameButton", "#C94E00", "#B94800", "#A54000");
@@ -162,7 +162,7 @@ TEST_F(MeasureControlsTest, TheFieldHasItsSizesAndColours) {
     expectColour(frame->property("borderColor").value<QColor>(), "#939393");
     QTest::mouseMove(w.window, w.box("newNameField").center().toPoint());
     expectColour(frame->property("borderColor").value<QColor>(), "#000000", 0.62);
-    w.bridge->setNewName({});
+    w.bridge->sheet()->setNewName({});
     w.settle();
     const QQuickItem* placeholder = part("newNameField", "placeholder");
     EXPECT_TRUE(placeholder->isVisible());
@@ -256,7 +256,7 @@ TEST_F(MeasureControlsTest, TheCaretStandsBesideThePlaceholder) {
         w.addProject("Song " + std::to_string(i));
     }
     openSheet();
-    w.bridge->setNewName({});
+    w.bridge->sheet()->setNewName({});
     w.settle();
     const auto placeholder = [this](const QString& field) { return SceneWindow::boxOf(part(field, "placeholder")); };
     EXPECT_LE(w.box("caret").right(), placeholder("newNameField").left());
@@ -268,7 +268,7 @@ TEST_F(MeasureControlsTest, TheCaretStandsBesideThePlaceholder) {
 
 TEST_F(MeasureControlsTest, SheetAndAlertStandOverTheWindow) {
     openSheet();
-    w.bridge->submitNewName();
+    w.bridge->sheet()->submitNewName();
     w.settle();
     const auto faces = w.findAll("panelFace");
     ASSERT_EQ(faces.size(), 2U);

@@ -115,6 +115,7 @@ TEST_F(MeasureHeaderTest, ALongPathIsElidedInItsMiddleAndPushesNothingOut) {
     w.scene.disk->addFolder(folder);
     w.scene.panel->answer = folder;
     w.bridge->selectFolder();
+    QCoreApplication::processEvents();
     w.settle();
     EXPECT_EQ(m.property("headerPath", "elide").toInt(), Qt::ElideMiddle);
     EXPECT_TRUE(m.property("headerPath", "truncated").toBool());

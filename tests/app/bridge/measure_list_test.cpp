@@ -120,7 +120,7 @@ TEST_F(MeasureListTest, AClickBesideTheButtonDoesNothing) {
     for (const char* place : {"rowName", "rowSymbol", "rowDetails", "listCard"}) {
         w.click(place);
         w.settle();
-        EXPECT_FALSE(w.bridge->sheetOpen()) << place;
+        EXPECT_FALSE(w.bridge->sheet()->open()) << place;
         EXPECT_EQ(w.window->activeFocusItem(), focus) << place;
         EXPECT_EQ(m.property("projectList", "currentIndex").toInt(), -1) << place;
     }

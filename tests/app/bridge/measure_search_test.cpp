@@ -101,13 +101,13 @@ TEST_F(MeasureSearchTest, FieldsBeginAtTheLeftInEveryScript) {
     w.addProjects(6);
     w.choose();
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    w.bridge->setSearchText(QStringLiteral("\u0645\u0631\u062d\u0628\u0627"));
+    w.bridge->projects()->setSearchText(QStringLiteral("\u0645\u0631\u062d\u0628\u0627"));
     w.settle();
     EXPECT_EQ(w.find("searchField")->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
-    w.bridge->setSearchText({});
+    w.bridge->projects()->setSearchText({});
     w.settle();
-    w.bridge->beginRename(0);
-    w.bridge->setNewName(QStringLiteral("\u0645\u0631\u062d\u0628\u0627"));
+    w.bridge->projects()->beginRename(0);
+    w.bridge->sheet()->setNewName(QStringLiteral("\u0645\u0631\u062d\u0628\u0627"));
     w.settle();
     EXPECT_EQ(w.find("newNameField")->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
     QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);

@@ -19,8 +19,8 @@ protected:
     }
 
     void open(int row, const QString& newName) {
-        w.bridge->beginRename(row);
-        w.bridge->setNewName(newName);
+        w.bridge->projects()->beginRename(row);
+        w.bridge->sheet()->setNewName(newName);
         w.settle();
     }
 
@@ -115,10 +115,10 @@ TEST_F(MeasureSheetTest, ALineGoesThroughEachLineOfAnOldNameAndLeavesItsLettersL
 }
 
 TEST_F(MeasureSheetTest, ThePreviewScrollsExactlyWhereSomethingIsOutOfSight) {
-    w.bridge->beginRename(0);
+    w.bridge->projects()->beginRename(0);
     bool hidden = false;
     for (int length = 10; !hidden; length += 10) {
-        w.bridge->setNewName(QString(length, u'x'));
+        w.bridge->sheet()->setNewName(QString(length, u'x'));
         w.settle();
         hidden = w.box("previewNote").bottom() > w.box("previewBox").bottom() - 6;
         EXPECT_EQ(w.findAll("scrollThumb").size(), hidden ? 1U : 0U) << length;
@@ -155,14 +155,14 @@ TEST_F(MeasureSheetTest, RenameIsEnabledAndThePreviewThereForAnotherNameOnly) {
         open(0, same);
         EXPECT_FALSE(offered()) << same;
         EXPECT_FALSE(previewed()) << same;
-        w.bridge->cancelRename();
+        w.bridge->sheet()->cancelRename();
         w.settle();
     }
     for (const char* other : {"Blue Hour ", " ", "blue hour", "x"}) {
         open(0, other);
         EXPECT_TRUE(offered()) << other;
         EXPECT_TRUE(previewed()) << other;
-        w.bridge->cancelRename();
+        w.bridge->sheet()->cancelRename();
         w.settle();
     }
 }
@@ -179,7 +179,7 @@ TEST_F(MeasureSheetTest, ALongPreviewScrollsAndStopsFortyAboveTheButtons) {
 
 TEST_F(MeasureSheetTest, TheAlertHasItsSizesAndTexts) {
     open(0, "Sketch");
-    w.bridge->pressRename();
+    w.bridge->sheet()->pressRename();
     w.settle();
     const auto faces = w.findAll("panelFace");
     ASSERT_EQ(faces.size(), 2U);

@@ -76,8 +76,8 @@ TEST_F(PaletteTest, ListAndLogFollowTheDesktop) {
 TEST_F(PaletteTest, SheetAndAlertFollowTheDesktop) {
     w.addProjects(1);
     w.choose();
-    w.bridge->beginRename(0);
-    w.bridge->setNewName("New");
+    w.bridge->projects()->beginRename(0);
+    w.bridge->sheet()->setNewName("New");
     darken();
     expectColour(m.colour("panelFace"), "#2D2D2D");
     expectColour(m.colour("scrim"), "#000000", 0.46);

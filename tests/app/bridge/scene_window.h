@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/bridge/view_bridge.h"
+#include "app/bridge/window_bridge.h"
 #include "app/content_view.h"
 #include "tests/app/bridge/print_qt.h"
 #include "tests/support/scene.h"
@@ -27,7 +27,7 @@ public:
         previousHandler_ = qInstallMessageHandler(fail);
         scene.disk->addFolder("/p");
         view = ContentView::create(scene.services());
-        bridge = std::make_unique<ViewBridge>(view, scene.services());
+        bridge = std::make_unique<WindowBridge>(view);
         QObject::connect(&engine, &QQmlEngine::warnings, [](const QList<QQmlError>& warnings) {
             for (const auto& warning : warnings) {
                 ADD_FAILURE() << warning.toString().toStdString();
@@ -64,6 +64,7 @@ public:
     void choose() {
         scene.panel->answer = "/p";
         bridge->selectFolder();
+        QCoreApplication::processEvents();
         settle();
     }
 
@@ -132,7 +133,7 @@ public:
 
     Scene scene;
     std::shared_ptr<ContentView> view;
-    std::unique_ptr<ViewBridge> bridge;
+    std::unique_ptr<WindowBridge> bridge;
     QQmlApplicationEngine engine;
     QQuickWindow* window = nullptr;
 

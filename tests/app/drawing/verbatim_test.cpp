@@ -51,9 +51,9 @@ TEST(VerbatimTest, IsHowNamesPathsAndMessagesAreDrawn) {
     const Measures m{w};
     w.addProjects(6);
     w.choose();
-    w.bridge->beginRename(0);
-    w.bridge->setNewName("Song 1");
-    w.bridge->pressRename();
+    w.bridge->projects()->beginRename(0);
+    w.bridge->sheet()->setNewName("Song 1");
+    w.bridge->sheet()->pressRename();
     w.settle();
     for (const char* text : {"headerPath", "searchField", "rowName", "logMessage", "sheetCurrentName", "newNameField",
                              "previewOldName", "previewNewName", "alertMessage"}) {

@@ -1,0 +1,105 @@
+#include "app/bridge/sheet_bridge.h"
+
+#include "app/bridge/qt_text.h"
+#include "app/bridge/tell_once.h"
+#include "app/sections/sheet_texts.h"
+
+#include <utility>
+
+namespace tarvolt {
+
+SheetBridge::SheetBridge(std::shared_ptr<ContentView> view)
+    : view_(std::move(view)),
+      subscriptions_(tellOnce(
+          this, [this] { tell(); }, view_->renamingProject, view_->newName, view_->errorMessage, view_->showError)) {
+    subscriptions_.push_back(view_->renamingProject.observe([this] { fading_ = shown(); }));
+}
+
+void SheetBridge::tell() {
+    emit textsChanged();
+    emit openChanged();
+}
+
+const std::optional<MPCProject>& SheetBridge::shown() const {
+    const auto& renaming = view_->renamingProject.get();
+    return renaming ? renaming : fading_;
+}
+
+QString SheetBridge::currentNameText() const {
+    return shown() ? singleLineString(tarvolt::currentNameText(*shown())) : QString();
+}
+
+QString SheetBridge::newName() const {
+    return fieldString(view_->newName.get());
+}
+
+PreviewRow SheetBridge::previewRow(std::size_t index) const {
+    const auto rows = shown() ? previewRows(*shown(), view_->newName.get()) : std::vector<PreviewRow>();
+    return index < rows.size() ? rows[index] : PreviewRow{};
+}
+
+QString SheetBridge::oldFileName() const {
+    return singleLineString(previewRow(0).oldText);
+}
+
+QString SheetBridge::newFileName() const {
+    return singleLineString(previewRow(0).newText);
+}
+
+QString SheetBridge::oldFolderName() const {
+    return singleLineString(previewRow(1).oldText);
+}
+
+QString SheetBridge::newFolderName() const {
+    return singleLineString(previewRow(1).newText);
+}
+
+QString SheetBridge::alertMessage() const {
+    return displayString(view_->alertMessage());
+}
+
+void SheetBridge::begin(const MPCProject& project) {
+    if (!view_->isCovered()) {
+        view_->beginRename(project);
+        tell();
+    }
+}
+
+void SheetBridge::setNewName(const QString& text) {
+    if (open()) {
+        view_->newName.set(editedBytes(view_->newName.get(), text));
+        tell();
+    }
+}
+
+void SheetBridge::submitNewName() {
+    if (!open() || alertOpen()) {
+        return;
+    }
+    const MPCProject project = *shown(); // The state's own goes when the sheet closes.
+    view_->performRename(project);
+    tell();
+    if (!open()) {
+        emit renamed();
+    }
+}
+
+void SheetBridge::pressRename() {
+    if (offersRename()) {
+        submitNewName();
+    }
+}
+
+void SheetBridge::cancelRename() {
+    if (!alertOpen()) {
+        view_->cancelRename();
+        tell();
+    }
+}
+
+void SheetBridge::dismissAlert() {
+    view_->dismissAlert();
+    tell();
+}
+
+} // namespace tarvolt
