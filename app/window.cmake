@@ -32,9 +32,10 @@ set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)
 
-add_library(tarvolt_window STATIC ${window_sources})
+add_library(tarvolt_window STATIC ${window_sources} tarvolt_app.cpp)
 target_link_libraries(tarvolt_window PRIVATE Qt6::GuiPrivate tarvolt_xdg_foreign)
-target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${window_headers})
+target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${window_headers}
+                                                                                              tarvolt_app.h)
 set_target_properties(tarvolt_window PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 qt_add_qml_module(
   tarvolt_window

@@ -42,7 +42,7 @@ if(TARVOLT_COVERAGE)
 endif()
 
 # Defines a layer: a library of the sources in this folder and the subfolders given. Its headers are also compiled on
-# their own. A program's main file belongs to no layer.
+# their own. The program's entry belongs to no layer of this kind.
 function(tarvolt_layer name)
   list(TRANSFORM ARGN PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE folders)
   list(PREPEND folders "${CMAKE_CURRENT_SOURCE_DIR}")
@@ -50,7 +50,8 @@ function(tarvolt_layer name)
   list(TRANSFORM folders APPEND "/*.h" OUTPUT_VARIABLE header_patterns)
   file(GLOB sources CONFIGURE_DEPENDS ${source_patterns})
   file(GLOB headers CONFIGURE_DEPENDS ${header_patterns})
-  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "/(main|tarvolt_app)\\.cpp$")
+  list(FILTER headers EXCLUDE REGEX "/tarvolt_app\\.h$")
   add_library(${name} STATIC ${sources})
   target_sources(
     ${name}

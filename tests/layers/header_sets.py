@@ -16,7 +16,7 @@ headers = {
     path.relative_to(root).as_posix()
     for folder in {layer.split("/")[0] for layer in includes.layers}
     for path in (root / folder).rglob("*.h")
-    if withWindow or not any(path.is_relative_to(root / folder) for folder in includes.withToolkit)
+    if withWindow or includes.layerOf(path.relative_to(root).as_posix()) < includes.layers.index("app/bridge")
 }
 verified = [entry["file"] for entry in json.loads((build / "compile_commands.json").read_text())]
 verified = [name for name in verified if "_verify_interface_header_sets/" in name]

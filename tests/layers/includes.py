@@ -11,9 +11,9 @@ import re
 import sys
 from pathlib import Path
 
-layers = ["foundation", "model", "rename", "app", "app/bridge", "app/drawing", "app/main.cpp"]
+layers = ["foundation", "model", "rename", "app", "app/bridge", "app/drawing", "app/tarvolt_app", "app/main"]
 besideEachOther = {"app/bridge", "app/drawing"}
-withToolkit = besideEachOther | {"app/main.cpp"}
+withToolkit = besideEachOther | {"app/tarvolt_app", "app/main"}
 
 include = re.compile(
     r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE
@@ -25,7 +25,7 @@ foundationOnly = re.compile(r"unicode/.+|[a-z_0-9/]+\.h")
 
 def layerOf(path):
     """The place of a source file in `layers`, by the longest prefix, or None for what is in no layer."""
-    parts = [index for index, layer in enumerate(layers) if path == layer or path.startswith(layer + "/")]
+    parts = [index for index, layer in enumerate(layers) if path.startswith((layer + "/", layer + "."))]
     return max(parts, key=lambda index: len(layers[index]), default=None)
 
 

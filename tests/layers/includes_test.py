@@ -32,7 +32,9 @@ class Includes(unittest.TestCase):
                 app__bridge__facade_h='#include "app/view.h"\n#include <QObject>\n#include <QtQml/qqml.h>\n',
                 app__drawing__box_h='#include "app/drawing/shape.h"\n#include <QColor>\n',
                 app__drawing__shape_h="#include <QImage>\n",
-                app__main_cpp='#include "app/bridge/facade.h"\n#include "app/drawing/box.h"\n#include <QApplication>\n',
+                app__tarvolt_app_h='#include "app/bridge/facade.h"\n#include <QApplication>\n',
+                app__tarvolt_app_cpp='#include "app/tarvolt_app.h"\n#include "app/drawing/box.h"\n',
+                app__main_cpp='#include "app/tarvolt_app.h"\n#include <QApplication>\n',
                 tests__free_cpp='#include <anything/at.all>\n#include "free.h"\n',
             ),
             [],
@@ -50,9 +52,14 @@ class Includes(unittest.TestCase):
             app__bridge__b_h="",
         )
         self.assertFault(
-            'app/bridge/a.cpp:1: #include "app/main.cpp" points from app/bridge to app/main.cpp',
+            'app/bridge/a.cpp:1: #include "app/main.cpp" points from app/bridge to app/main',
             app__bridge__a_cpp='#include "app/main.cpp"\n',
             app__main_cpp="",
+        )
+        self.assertFault(
+            'app/a.cpp:1: #include "app/tarvolt_app.h" points from app to app/tarvolt_app',
+            app__a_cpp='#include "app/tarvolt_app.h"\n',
+            app__tarvolt_app_h="",
         )
 
     def testFindsThatBridgeAndDrawingKnowEachOther(self):

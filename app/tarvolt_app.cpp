@@ -1,0 +1,92 @@
+#include "app/tarvolt_app.h"
+
+#include "app/content_view.h"
+#include "app/drawing/symbol_drawing.h"
+#include "foundation/file_manager.h"
+#include "foundation/localized.h"
+#include "foundation/termination.h"
+
+#include <QDebug>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QPixmap>
+#include <QQmlComponent>
+#include <QQuickWindow>
+#include <QTranslator>
+
+#include <cstdlib>
+#include <utility>
+
+namespace tarvolt {
+
+namespace {
+
+QIcon windowIcon() {
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addPixmap(applicationIcon(side));
+    }
+    return icon;
+}
+
+/// The toolkit's own texts follow a language only where the window's do.
+void installTranslations(QObject* owner) {
+    auto* window = new QTranslator(owner);
+    auto* toolkit = new QTranslator(owner);
+    if (window->load(QLocale(), QStringLiteral("tarvolt"), QStringLiteral("_"), QStringLiteral(":/i18n")) &&
+        toolkit->load(QLocale(window->language()), QStringLiteral("qtbase"), QStringLiteral("_"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(toolkit);
+    }
+    QCoreApplication::installTranslator(window);
+    setTranslator(
+        [](const char* context, const char* key) { return QCoreApplication::translate(context, key).toStdString(); });
+}
+
+/// What has to be settled before the toolkit starts; returns the main queue.
+std::shared_ptr<QtMainQueue> prepare() {
+    auto mainQueue = std::make_shared<QtMainQueue>();
+    watchTerminationRequests([mainQueue] { mainQueue->async([] { QCoreApplication::quit(); }); });
+    // A small, quiet window: it opens sooner and needs less when the processor draws it.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QtFolderPanel::keepNothing();
+    QCoreApplication::setApplicationName(QStringLiteral("Tarvolt"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarvolt"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarvolt"));
+    return mainQueue;
+}
+
+} // namespace
+
+TarvoltApp::TarvoltApp(int& argc, char** argv)
+    : mainQueue_(prepare()), application_(argc, argv), panel_(std::make_shared<QtFolderPanel>()),
+      view_(ContentView::create({.fileManager = makePosixFileManager(),
+                                 .mainQueue = mainQueue_,
+                                 .backgroundQueue = makeBackgroundQueue(),
+                                 .folderPanel = panel_})) {
+    QApplication::setWindowIcon(windowIcon());
+    installTranslations(&application_);
+}
+
+int TarvoltApp::run() {
+    // The toolkit's ready-made engine for applications would install its own translations of whatever language.
+    engine_.addImportPath(QStringLiteral(":/qt/qml"));
+    QQmlComponent content(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/Tarvolt/ContentView.qml")));
+    const std::unique_ptr<QObject> window(
+        content.createWithInitialProperties({{QStringLiteral("view"), QVariant::fromValue(&view_)}}));
+    if (!window) {
+        qCritical().noquote() << content.errorString();
+        return EXIT_FAILURE;
+    }
+    panel_->setWindow(qobject_cast<QWindow*>(window.get()));
+
+    const int code = QApplication::exec();
+    mainQueue_->stop();
+    if (runningBackgroundTasks() != 0) {
+        // A scan that hangs must not keep the program from ending, and may still use what an orderly end takes away.
+        std::_Exit(code);
+    }
+    return code;
+}
+
+} // namespace tarvolt
