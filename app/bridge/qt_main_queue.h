@@ -4,9 +4,7 @@
 
 #include <QObject>
 
-#include <deque>
 #include <memory>
-#include <mutex>
 
 namespace tarvolt {
 
@@ -14,9 +12,6 @@ namespace tarvolt {
 /// and what is given to it afterwards is dropped.
 class QtMainQueue final : public DispatchQueue {
 public:
-    QtMainQueue();
-    ~QtMainQueue() override;
-
     void async(Task task) override;
     void asyncAfter(std::chrono::milliseconds delay, Task task) override;
 
@@ -24,14 +19,7 @@ public:
     void stop();
 
 private:
-    class Receiver;
-
-    void post(Task task);
-    void runNext();
-
-    std::mutex mutex_;
-    std::deque<Task> waiting_;
-    std::unique_ptr<QObject> receiver_; ///< lives on the main thread; none after `stop`
+    std::unique_ptr<QObject> receiver_ = std::make_unique<QObject>(); ///< lives on the main thread; none after `stop`
 };
 
 } // namespace tarvolt
