@@ -8,36 +8,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <optional>
 
 namespace tarvolt {
 
 namespace {
-
-constexpr std::size_t surrogateLength = 3;
-
-bool isTail(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-/// The surrogate whose three bytes stand at `position`, if any do.
-std::optional<char16_t> surrogateAt(std::string_view bytes, std::size_t position) {
-    if (bytes.size() - position < surrogateLength) {
-        return std::nullopt;
-    }
-    const auto second = static_cast<unsigned char>(bytes[position + 1]);
-    if (bytes[position] != '\xED' || second < 0xA0U || !isTail(bytes[position + 1]) || !isTail(bytes[position + 2])) {
-        return std::nullopt;
-    }
-    const auto third = static_cast<unsigned char>(bytes[position + 2]);
-    return static_cast<char16_t>(0xD000U | (second & 0x3FU) << 6U | (third & 0x3FU));
-}
-
-void appendSurrogate(std::string& bytes, char16_t unit) {
-    bytes += '\xED';
-    bytes += static_cast<char>(0x80U | (unit >> 6U & 0x3FU));
-    bytes += static_cast<char>(0x80U | (unit & 0x3FU));
-}
 
 /// As long as `text`, unit by unit.
 QString onOneLine(QString text) {
@@ -63,39 +37,51 @@ QString singleLineString(std::string_view bytes) {
     return onOneLine(displayString(bytes));
 }
 
-std::string typedBytes(const QString& text) {
-    std::string bytes;
-    qsizetype copied = 0;
-    for (qsizetype position = 0; position < text.size(); ++position) {
-        if (!text.at(position).isSurrogate()) {
-            continue;
-        }
-        const bool pair =
-            text.at(position).isHighSurrogate() && position + 1 < text.size() && text.at(position + 1).isLowSurrogate();
-        if (pair) {
-            ++position;
-            continue;
-        }
-        bytes += QStringView(text).mid(copied, position - copied).toUtf8().toStdString();
-        appendSurrogate(bytes, text.at(position).unicode());
-        copied = position + 1;
-    }
-    return bytes + QStringView(text).mid(copied).toUtf8().toStdString();
+namespace {
+
+// A surrogate without its partner is kept as three bytes, which are no UTF-8, so that nobody further on takes it for
+// another character.
+
+constexpr std::size_t surrogateLength = 3;
+
+bool beginsWithSurrogate(std::string_view bytes) {
+    return bytes.size() >= surrogateLength && bytes[0] == '\xED' && (bytes[1] & 0xE0) == 0xA0 &&
+           (bytes[2] & 0xC0) == 0x80;
 }
 
+std::string surrogateBytes(char16_t unit) {
+    return {'\xED', static_cast<char>(0x80U | (unit >> 6U & 0x3FU)), static_cast<char>(0x80U | (unit & 0x3FU))};
+}
+
+std::string typedBytes(const QString& text) {
+    std::string bytes;
+    for (qsizetype at = 0, length = 0; at < text.size(); at += length) {
+        const QChar unit = text.at(at);
+        const bool pair = unit.isHighSurrogate() && at + 1 < text.size() && text.at(at + 1).isLowSurrogate();
+        length = pair ? 2 : 1;
+        bytes += unit.isSurrogate() && !pair ? surrogateBytes(unit.unicode())
+                                             : QStringView(text).sliced(at, length).toUtf8().toStdString();
+    }
+    return bytes;
+}
+
+/// The reverse of `typedBytes`, with U+FFFD for anything else that is not UTF-8.
 QString editableString(std::string_view bytes) {
     QString text;
     std::size_t copied = 0;
-    for (std::size_t position = 0; position < bytes.size(); ++position) {
-        if (const auto surrogate = surrogateAt(bytes, position)) {
-            text += displayString(bytes.substr(copied, position - copied));
-            text += QChar(*surrogate);
-            copied = position + surrogateLength;
-            position = copied - 1;
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        if (beginsWithSurrogate(bytes.substr(at))) {
+            const auto unit = 0xD000U | (bytes[at + 1] & 0x3FU) << 6U | (bytes[at + 2] & 0x3FU);
+            text += displayString(bytes.substr(copied, at - copied));
+            text += QChar(static_cast<char16_t>(unit));
+            copied = at + surrogateLength;
+            at = copied - 1;
         }
     }
     return text + displayString(bytes.substr(copied));
 }
+
+} // namespace
 
 QString fieldString(std::string_view bytes) {
     return onOneLine(editableString(bytes));
