@@ -53,7 +53,6 @@ PlatformStyle {
     readonly property int scanPadding: 16
     readonly property int scanSpacing: 8
     readonly property int spinnerSize: 22
-    readonly property real spinnerThickness: 2.5
     readonly property int rowInset: 6
     readonly property int rowPadding: 4
     readonly property int rowLeft: 4

@@ -1,7 +1,7 @@
 #include "app/tarvolt_app.h"
 
 #include "app/content_view.h"
-#include "app/drawing/symbol_drawing.h"
+#include "app/drawing/symbol_item.h"
 #include "foundation/file_manager.h"
 #include "foundation/localized.h"
 #include "foundation/termination.h"

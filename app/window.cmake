@@ -1,5 +1,5 @@
 # The window: the bridge between the view state and the toolkit, what is drawn, the QML with both, and the program.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Widgets LinguistTools)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Svg Widgets LinguistTools)
 qt_standard_project_setup()
 
 # The code that talks to a Wayland compositor about windows that other programs may stand over.
@@ -27,13 +27,15 @@ file(GLOB window_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*
      "${CMAKE_CURRENT_SOURCE_DIR}/drawing/*.h")
 file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
      "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
+file(GLOB symbols RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
+     "${CMAKE_CURRENT_SOURCE_DIR}/symbols/*.svg")
 set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)
 
 add_library(tarvolt_window STATIC ${window_sources} tarvolt_app.cpp)
-target_link_libraries(tarvolt_window PRIVATE Qt6::GuiPrivate tarvolt_xdg_foreign)
+target_link_libraries(tarvolt_window PRIVATE Qt6::GuiPrivate Qt6::Svg tarvolt_xdg_foreign)
 target_sources(tarvolt_window PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${window_headers}
                                                                                               tarvolt_app.h)
 set_target_properties(tarvolt_window PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
@@ -44,7 +46,8 @@ qt_add_qml_module(
   DEPENDENCIES QtQuick
   RESOURCE_PREFIX /qt/qml
   OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/Tarvolt"
-  QML_FILES ${qml_files})
+  QML_FILES ${qml_files}
+  RESOURCES ${symbols})
 # Bytecode starts as quickly as machine code here, and builds in a fraction of the time.
 set_target_properties(tarvolt_window PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
 target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::DBus Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)

@@ -3,22 +3,27 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// Something is going on, nobody knows for how long.
-SpinnerItem {
+// Something is going on, nobody knows for how long: a ring, and a quarter of it that goes round.
+Symbol {
     id: root
 
     objectName: "spinner"
-    implicitWidth: Theme.spinnerSize
-    implicitHeight: Theme.spinnerSize
-    thickness: Theme.spinnerThickness
-    trackColour: Theme.spinnerTrack
-    colour: Theme.orange
+    symbol: "ring"
+    size: Theme.spinnerSize
+    colour: Theme.spinnerTrack
 
-    NumberAnimation on angle {
-        running: root.visible && !Theme.reducedMotion
-        loops: Animation.Infinite
-        from: 0
-        to: 360
-        duration: Theme.spinnerTurn
+    SymbolItem {
+        objectName: "spinnerQuarter"
+        anchors.fill: parent
+        symbol: "ring.quarter"
+        colour: Theme.orange
+
+        NumberAnimation on angle {
+            running: root.visible && !Theme.reducedMotion
+            loops: Animation.Infinite
+            from: 0
+            to: 360
+            duration: Theme.spinnerTurn
+        }
     }
 }

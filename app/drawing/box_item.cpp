@@ -18,10 +18,6 @@ QPainterPath rounded(const QRectF& box, double radius) {
 
 } // namespace
 
-BoxItem::BoxItem(QQuickItem* parent) : SnappedItem(parent) {
-    connect(this, &BoxItem::looksChanged, this, &BoxItem::redraw);
-}
-
 QImage BoxItem::picture(QSize pixels) const {
     const double ratio = pixelRatio();
     const double border = borderWidth_ > 0 ? std::max(1.0, std::floor(borderWidth_ * ratio)) : 0;

@@ -19,10 +19,7 @@ class BoxItem : public tarvolt::SnappedItem {
     Q_PROPERTY(QColor borderColor MEMBER borderColor_ NOTIFY looksChanged)
 
 public:
-    explicit BoxItem(QQuickItem* parent = nullptr);
-
-signals:
-    void looksChanged();
+    using SnappedItem::SnappedItem;
 
 protected:
     QImage picture(QSize pixels) const override;

@@ -10,6 +10,7 @@ namespace tarvolt {
 
 SnappedItem::SnappedItem(QQuickItem* parent) : QQuickItem(parent) {
     setFlag(ItemHasContents);
+    connect(this, &SnappedItem::looksChanged, this, &SnappedItem::redraw);
 }
 
 void SnappedItem::redraw() {

@@ -15,6 +15,10 @@ class SnappedItem : public QQuickItem {
 public:
     explicit SnappedItem(QQuickItem* parent = nullptr);
 
+signals:
+    /// `picture` would draw something else.
+    void looksChanged();
+
 protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
@@ -23,12 +27,10 @@ protected:
     /// The item drawn for so many device pixels, both at least one; a null image where there is nothing to be seen.
     virtual QImage picture(QSize pixels) const = 0;
 
-    /// To be called when `picture` would draw something else.
-    void redraw();
-
     double pixelRatio() const;
 
 private:
+    void redraw();
     void followPosition();
     QRectF nearestRect() const;
 

@@ -1,34 +1,61 @@
 #include "app/drawing/symbol_item.h"
 
-#include "app/drawing/symbol_drawing.h"
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
 
 namespace tarvolt {
 
-void SymbolItem::setSymbol(const QString& symbol) {
-    if (symbol != symbol_) {
-        symbol_ = symbol;
-        redraw();
-        emit symbolChanged();
-    }
+namespace {
+
+/// The drawing of this name; empty where there is none.
+QByteArray drawing(const QString& name) {
+    QFile file(QStringLiteral(":/qt/qml/Tarvolt/symbols/%1.svg").arg(name));
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void SymbolItem::setColour(const QColor& colour) {
-    if (colour != colour_) {
-        colour_ = colour;
-        redraw();
-        emit colourChanged();
-    }
-}
+} // namespace
 
 QImage SymbolItem::picture(QSize pixels) const {
-    if (!hasSymbol(symbol_)) {
+    constexpr double largeFrom = 32;
+    QByteArray svg = drawing(symbol_);
+    if (svg.isEmpty()) {
         return {};
+    }
+    if (width() >= largeFrom) {
+        svg.replace("stroke-width=\"1.75\"", "stroke-width=\"1.5\""); // Large symbols look heavy with the usual lines.
     }
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    drawSymbol(painter, symbol_, pixels.width(), width(), colour_);
+    const QRectF box(QPointF(), pixels);
+    painter.translate(box.center());
+    painter.rotate(angle_);
+    QSvgRenderer(svg).render(&painter, box.translated(-box.center()));
+    painter.resetTransform();
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(box, colour_);
     return image;
+}
+
+QPixmap applicationIcon(int side) {
+    constexpr int smallUpTo = 24;
+    constexpr double houseShare = 26.0 / 32;
+    QPixmap icon(side, side);
+    icon.fill(Qt::transparent);
+    QPainter painter(&icon);
+    QSvgRenderer renderer(drawing(QStringLiteral("tarvolt")));
+    const QRectF tile(0, 0, side, side);
+    if (side > smallUpTo) {
+        renderer.render(&painter, tile);
+        return icon;
+    }
+    QRectF house = renderer.boundsOnElement(QStringLiteral("house"));
+    house.setSize(house.size().scaled(tile.size() * houseShare, Qt::KeepAspectRatio));
+    house.moveCenter(tile.center());
+    renderer.render(&painter, QStringLiteral("tile"), tile);
+    renderer.render(&painter, QStringLiteral("house"), house);
+    return icon;
 }
 
 } // namespace tarvolt

@@ -3,29 +3,25 @@
 #include "app/drawing/snapped_item.h"
 
 #include <QColor>
+#include <QPixmap>
+#include <QString>
 #include <QtQmlIntegration/qqmlintegration.h>
 
 namespace tarvolt {
 
-/// A symbol drawn in one opaque colour for exactly the device pixels it covers; the item's opacity fades it as a whole.
-/// The base is named in full because the type registrar of Qt 6.4 looks it up by exactly these words.
+/// A symbol drawn in one colour for exactly the device pixels it covers, nothing where there is none of that name. The
+/// base is named in full because the type registrar of Qt 6.4 looks it up by exactly these words.
 class SymbolItem : public tarvolt::SnappedItem {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY symbolChanged REQUIRED)
-    Q_PROPERTY(QColor colour READ colour WRITE setColour NOTIFY colourChanged REQUIRED)
+    /// The name of a drawing among the symbols, without its ending.
+    Q_PROPERTY(QString symbol MEMBER symbol_ NOTIFY looksChanged REQUIRED)
+    Q_PROPERTY(QColor colour MEMBER colour_ NOTIFY looksChanged REQUIRED)
+    /// How far the drawing is turned around its middle: degrees, clockwise.
+    Q_PROPERTY(double angle MEMBER angle_ NOTIFY looksChanged)
 
 public:
     using SnappedItem::SnappedItem;
-
-    QString symbol() const { return symbol_; }
-    void setSymbol(const QString& symbol);
-    QColor colour() const { return colour_; }
-    void setColour(const QColor& colour);
-
-signals:
-    void symbolChanged();
-    void colourChanged();
 
 protected:
     QImage picture(QSize pixels) const override;
@@ -33,6 +29,10 @@ protected:
 private:
     QString symbol_;
     QColor colour_;
+    double angle_ = 0;
 };
+
+/// The program's own icon, `side` pixels wide. A small one has no margin and a larger house.
+QPixmap applicationIcon(int side);
 
 } // namespace tarvolt

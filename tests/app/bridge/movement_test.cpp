@@ -35,7 +35,7 @@ TEST(MovementTest, TheSpinnerTurnsWhileItIsSeen) {
     w.choose();
     w.bridge->rescan();
     QCoreApplication::processEvents();
-    const QQuickItem* spinner = w.find("spinner");
+    const QQuickItem* spinner = w.find("spinnerQuarter");
     const double before = spinner->property("angle").toDouble();
     EXPECT_TRUE(QTest::qWaitFor([&] { return spinner->property("angle").toDouble() != before; }));
     w.settle();
@@ -65,7 +65,7 @@ TEST(MovementTest, IsNoneWhereTheSystemAsksForNone) {
         w.choose();
         w.bridge->rescan();
         QCoreApplication::processEvents();
-        const QQuickItem* spinner = w.find("spinner");
+        const QQuickItem* spinner = w.find("spinnerQuarter");
         QTest::qWait(SceneWindow::movement);
         EXPECT_EQ(spinner->property("angle").toDouble(), 0);
     }
