@@ -18,26 +18,20 @@ void SnappedItem::redraw() {
     update();
 }
 
-void SnappedItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
-    QQuickItem::geometryChange(newGeometry, oldGeometry);
-    redraw();
-}
-
 void SnappedItem::itemChange(ItemChange change, const ItemChangeData& data) {
     if (change == ItemSceneChange) {
         disconnect(frames_);
         if (data.window != nullptr) {
             frames_ = connect(data.window, &QQuickWindow::afterAnimating, this, &SnappedItem::followPosition);
         }
-        redraw();
     }
-    if (change == ItemDevicePixelRatioHasChanged) {
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged) {
         redraw();
     }
     QQuickItem::itemChange(change, data);
 }
 
-/// An ancestor that moves tells nobody, and its new place may lie between device pixels.
+/// An ancestor that moves tells nobody, and the new place or size may lie between device pixels.
 void SnappedItem::followPosition() {
     if (isVisible() && nearestRect() != snapped_) {
         update();
@@ -48,12 +42,20 @@ double SnappedItem::pixelRatio() const {
     return window() != nullptr ? window()->effectiveDevicePixelRatio() : 1;
 }
 
-/// The item's rectangle in its own coordinates, moved to the nearest whole device pixels.
+/// The item's rectangle in its own coordinates, moved to the nearest whole device pixels; empty where the item is.
 QRectF SnappedItem::nearestRect() const {
+    if (width() <= 0 || height() <= 0) {
+        return {};
+    }
     const double ratio = pixelRatio();
+    const auto wholeLength = [ratio](double start, double length) {
+        constexpr double small = 32; // A pixel more or less would show in the shape of a dot or a symbol.
+        return std::max(1.0, length <= small ? std::round(length * ratio)
+                                             : std::round(start + length * ratio) - std::round(start));
+    };
     const QPointF corner = mapToScene({}) * ratio;
     const QPointF moved(std::round(corner.x()) - corner.x(), std::round(corner.y()) - corner.y());
-    const QSizeF pixels(std::max(1.0, std::round(width() * ratio)), std::max(1.0, std::round(height() * ratio)));
+    const QSizeF pixels(wholeLength(corner.x(), width()), wholeLength(corner.y(), height()));
     return {moved / ratio, pixels / ratio};
 }
 
@@ -62,7 +64,7 @@ QSGNode* SnappedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     snapped_ = nearestRect();
     const QSize pixels = (snapped_.size() * pixelRatio()).toSize();
     if (image == nullptr || !drawn_ || image->texture()->textureSize() != pixels) {
-        const QImage drawing = width() > 0 && height() > 0 ? picture(pixels) : QImage();
+        const QImage drawing = pixels.isEmpty() ? QImage() : picture(pixels);
         if (drawing.isNull()) {
             delete image;
             return nullptr;

@@ -7,7 +7,8 @@
 namespace tarvolt {
 
 /// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, also at a scale of one
-/// and a half.
+/// and a half. Items that end at the same place, one above the other or side by side, end at the same pixel; only what
+/// is small keeps its size whatever its place.
 class SnappedItem : public QQuickItem {
     Q_OBJECT
     QML_ANONYMOUS
@@ -21,7 +22,6 @@ signals:
 
 protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
-    void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
     QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
     /// The item drawn for so many device pixels, both at least one; a null image where there is nothing to be seen.

@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
+#include <ranges>
 
 namespace tarvolt {
 namespace {
@@ -31,10 +33,24 @@ protected:
     void borderIs(double width) { box_.setProperty("borderWidth", width); }
     int pixels(double length) const { return static_cast<int>(std::lround(length * window_.devicePixelRatio())); }
 
+    /// The window when the ancestor is so far away from whole pixels.
+    QImage picture(double x, double y) {
+        ancestor_.setPosition(QPointF(10 + x, 10 + y));
+        return window_.grabWindow().convertToFormat(QImage::Format_RGB32);
+    }
+
+    static int rightmost(const QImage& image, const QColor& colour) {
+        int column = image.width() - 1;
+        const auto isOfColour = [&](int row) { return image.pixel(column, row) == colour.rgb(); };
+        while (column >= 0 && std::ranges::none_of(std::views::iota(0, image.height()), isOfColour)) {
+            --column;
+        }
+        return column;
+    }
+
     /// How many pixels have which colour when the ancestor is so far away from whole ones.
     std::map<QRgb, int> coloursAt(double x, double y) {
-        ancestor_.setPosition(QPointF(10 + x, 10 + y));
-        const QImage image = window_.grabWindow().convertToFormat(QImage::Format_RGB32);
+        const QImage image = picture(x, y);
         std::map<QRgb, int> colours;
         for (int row = 0; row < image.height(); ++row) {
             for (int column = 0; column < image.width(); ++column) {
@@ -45,10 +61,11 @@ protected:
         return colours;
     }
 
+    BoxItem box_;
+
 private:
     QQuickWindow window_;
     QQuickItem ancestor_;
-    BoxItem box_;
 };
 
 TEST_F(SnappedItemTest, HasSharpEdgesWhereverItsAncestorsPutIt) {
@@ -66,6 +83,20 @@ TEST_F(SnappedItemTest, HasABorderOfWholePixels) {
                                     {QColor(Qt::red).rgb(), pixels(21) * pixels(13) - inside}};
     for (int tenth = 0; tenth < 10; ++tenth) {
         EXPECT_EQ(coloursAt(0.1 * tenth, 0.7), sharp) << tenth;
+    }
+}
+
+TEST_F(SnappedItemTest, EndsWhereOthersEnd) {
+    BoxItem other;
+    other.setParentItem(box_.parentItem());
+    other.setProperty("color", QColor(Qt::red));
+    other.setY(20);
+    for (int tenth = 0; tenth < 10; ++tenth) {
+        box_.setSize(QSizeF(50, 13));
+        other.setX(13 - 0.1 * tenth);
+        other.setSize(QSizeF(50 - other.x(), 13));
+        const QImage image = picture(0.1 * tenth, 0);
+        EXPECT_EQ(rightmost(image, Qt::black), rightmost(image, Qt::red)) << tenth;
     }
 }
 
