@@ -95,10 +95,6 @@ PlatformStyle {
     readonly property int alertTextSpacing: 6
     readonly property int alertButtonTop: 18
     readonly property int panelRadius: 14
-    readonly property int wideShadowSigma: 22
-    readonly property int wideShadowDrop: 16
-    readonly property int tightShadowSigma: 4
-    readonly property int tightShadowDrop: 2
 
     // Controls. They grow with their text, whose line is so many times as high as its size.
     readonly property real lineRatio: 1.2

@@ -27,8 +27,8 @@ file(GLOB window_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/bridge/*
      "${CMAKE_CURRENT_SOURCE_DIR}/drawing/*.h")
 file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
      "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
-file(GLOB symbols RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
-     "${CMAKE_CURRENT_SOURCE_DIR}/symbols/*.svg")
+file(GLOB pictures RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
+     "${CMAKE_CURRENT_SOURCE_DIR}/symbols/*.svg" "${CMAKE_CURRENT_SOURCE_DIR}/shadows/*.png")
 set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
@@ -47,7 +47,7 @@ qt_add_qml_module(
   RESOURCE_PREFIX /qt/qml
   OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/Tarvolt"
   QML_FILES ${qml_files}
-  RESOURCES ${symbols})
+  RESOURCES ${pictures})
 # Bytecode starts as quickly as machine code here, and builds in a fraction of the time.
 set_target_properties(tarvolt_window PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
 target_link_libraries(tarvolt_window PUBLIC tarvolt_view Qt6::Core Qt6::DBus Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Widgets)

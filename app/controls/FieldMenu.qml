@@ -24,12 +24,7 @@ T.Menu {
     }
 
     background: Item {
-        PanelShadow {
-            sigma: Theme.tightShadowSigma
-            drop: Theme.tightShadowDrop
-            colour: Theme.tightShadow
-            radius: Theme.cardRadius
-        }
+        PanelShadow {}
 
         BoxItem {
             objectName: "menuFace"

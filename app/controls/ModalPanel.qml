@@ -34,16 +34,10 @@ T.Dialog {
 
     background: Item {
         PanelShadow {
-            sigma: Theme.wideShadowSigma
-            drop: Theme.wideShadowDrop
-            colour: Theme.wideShadow
+            wide: true
         }
 
-        PanelShadow {
-            sigma: Theme.tightShadowSigma
-            drop: Theme.tightShadowDrop
-            colour: Theme.tightShadow
-        }
+        PanelShadow {}
 
         BoxItem {
             objectName: "panelFace"

@@ -3,16 +3,25 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// One of the two shadows under a panel.
-ShadowItem {
+// One of the two shadows under a panel: a soft disc, whose quarters lie around the panel's corners and whose middle is
+// stretched between them. It reaches two sigmas of its bell curve beyond the panel.
+BorderImage {
     id: root
 
-    required property int drop
+    property bool wide: false
+    readonly property int reach: wide ? 44 : 8
+    readonly property int drop: wide ? 16 : 2
+    readonly property real quarter: (sourceSize.width - 1) / 2
 
     objectName: "panelShadow"
     anchors.fill: parent
     anchors.margins: -reach
     anchors.topMargin: drop - reach
     anchors.bottomMargin: -drop - reach
-    radius: Theme.panelRadius
+    source: wide ? "../shadows/wide.png" : "../shadows/tight.png"
+    border.left: quarter
+    border.top: quarter
+    border.right: quarter
+    border.bottom: quarter
+    opacity: wide ? Theme.wideShadow.a : Theme.tightShadow.a
 }
