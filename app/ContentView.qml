@@ -14,10 +14,10 @@ T.ApplicationWindow {
     // Made with the window, so that it misses no press.
     readonly property PressFilter presses: PressFilter
 
-    width: Theme.firstWidth
-    height: Theme.firstHeight
-    minimumWidth: Theme.leastWidth
-    minimumHeight: Theme.leastHeight
+    width: 800
+    height: 600
+    minimumWidth: 700
+    minimumHeight: 500
     title: Qt.application.name
     color: Theme.window
     // What the toolkit's folder panel selects in.
@@ -111,7 +111,7 @@ T.ApplicationWindow {
     Timer {
         id: lostPanel
         property bool late: false
-        interval: Theme.panelPatience
+        interval: 2000 // a portal that has yet to be started included
         // A window counts as active also while the toolkit's panel, its transient child, has the focus.
         running: root.view.panelOpen && root.activeFocusItem !== null
         repeat: true

@@ -1,146 +1,147 @@
 pragma Singleton
-pragma ComponentBehavior: Bound
 
 import QtQuick
 import Tarvolt
 
-// Every size, opacity and duration of the window. Colours by role and text styles come from the platform.
+// The window's colours by role and its text styles, from the platform's palette and fonts, and the sizes and times that
+// more than one place needs; one that only one place needs stands there. A role that is drawn at an opacity ("secondary
+// at six tenths") is a colour of its own, strong enough to be read once it has been dimmed; who draws it sets that
+// opacity. Texts and icons are moved towards black or white until they can be read on the toughest surface they stand
+// on, so soft and mid-grey palettes work as well. Black and white themselves are too weak at six tenths on a window
+// between #404040 and #BFBFBF; they are then what is used.
 PlatformStyle {
     id: root
 
-    // The window.
-    readonly property int firstWidth: 800
-    readonly property int firstHeight: 600
-    readonly property int leastWidth: 700
-    readonly property int leastHeight: 500
+    readonly property SystemPalette platform: SystemPalette {}
+    readonly property color window: Qt.alpha(platform.window, 1)
+    readonly property color base: Qt.alpha(platform.base, 1)
+    readonly property color text: Qt.alpha(platform.windowText, 1)
+    readonly property bool dark: Ink.luminance(window) < Ink.luminance(text)
 
     // Opacities of colours that are drawn dimmed.
     readonly property real badgeOpacity: 0.1
-    readonly property real tintedOpacity: 0.6
-    readonly property real noteOpacity: 0.8
-    readonly property real halfOpacity: 0.5
     readonly property real panelOpacity: 0.3
+    readonly property real halfOpacity: 0.5
+    readonly property real tintedOpacity: 0.6
     readonly property real oldNameOpacity: 0.7
+    readonly property real noteOpacity: 0.8
 
-    // The edge that most things keep, and the header.
+    // Surfaces, the last three as they look on what is below them.
+    readonly property color card: dark ? Ink.mixed(window, text, 0.045) : base
+    readonly property color sheet: dark ? Ink.mixed(window, text, 0.04) : Ink.mixed(window, base, 0.55)
+    readonly property color quaternary: Qt.alpha(text, dark ? 0.14 : 0.11)
+    readonly property color badge: dark ? "#FF9F45" : "#FF7A00"
+    readonly property color drawnSearchBar: Ink.drawn(quaternary, halfOpacity, window)
+    readonly property color drawnPreview: Ink.drawn(quaternary, halfOpacity, sheet)
+    readonly property color drawnLog: Ink.drawn(quaternary, panelOpacity, window)
+
+    // What each kind of ink reaches at least on its toughest surface, once dimmed.
+    readonly property real captionContrast: dark ? 5 : 4.8
+    readonly property real textContrast: 4.6
+    readonly property real iconContrast: 3.02
+    readonly property color strongest: dark ? "white" : "black"
+
+    // Texts and icons.
+    readonly property color primary: Ink.mixed(text, window, dark ? 0.06 : 0.09)
+    readonly property color soft: Ink.mixed(text, window, dark ? 0.36 : 0.4)
+    readonly property color secondary: Ink.legible(soft, strongest, 1, captionContrast,
+        [window, card, sheet, drawnSearchBar, drawnPreview, drawnLog,
+        Ink.drawn(badge, badgeOpacity, window)])
+    readonly property color secondarySixTenths: Ink.legible(soft, strongest, tintedOpacity, captionContrast, [drawnLog])
+    readonly property color secondaryEightTenths: Ink.legible(soft, strongest, noteOpacity, textContrast, [window])
+    readonly property color secondaryHalf: Ink.legible(soft, strongest, halfOpacity, iconContrast, [window])
+    readonly property color disabledInk: Qt.alpha(text, 0.36)
+    readonly property color orange: Ink.legible(dark ? "#FF9F45" : "#D75600", strongest, 1, iconContrast,
+        [window, card, sheet, drawnSearchBar, drawnLog])
+    readonly property color orangeSixTenths: Ink.legible(dark ? "#FF9F45" : "#962C00", strongest, tintedOpacity,
+        iconContrast, [window])
+    readonly property color green: Ink.legible(dark ? "#62D284" : "#1A7533", strongest, 1, textContrast,
+        [card, drawnPreview])
+    readonly property color greenSixTenths: Ink.legible(dark ? "#62D284" : "#00521C", strongest, tintedOpacity,
+        iconContrast, [drawnLog])
+    readonly property color red: Ink.legible(dark ? "#FF857D" : "#C01C28", strongest, 1, textContrast, [drawnLog])
+    readonly property color redSevenTenths: Ink.legible(dark ? "#FF9A93" : "#C01C28", strongest, oldNameOpacity,
+        3.3, [drawnPreview])
+    readonly property color yellow: Ink.legible(dark ? "#F3CB52" : "#875F00", strongest, 1, textContrast, [card])
+
+    // Lines.
+    readonly property color line: Qt.alpha(text, 0.13)
+    readonly property color rowLine: Qt.alpha(text, 0.09)
+    readonly property color cardBorder: Qt.alpha(text, dark ? 0.08 : 0.1)
+    readonly property color sheetBorder: dark ? Qt.alpha("white", 0.12) : Qt.alpha("black", 0.1)
+    readonly property color fieldBorder: Ink.legible(Ink.mixed(text, window, dark ? 0.658 : 0.615), strongest, 1,
+        iconContrast, [base])
+    readonly property color fieldBorderHover: Qt.alpha(text, 0.62)
+
+    // Controls.
+    readonly property color prominent: dark ? "#F5903A" : "#C94E00"
+    readonly property color prominentHover: dark ? "#F6A056" : "#B94800"
+    readonly property color prominentPressed: dark ? "#D37C32" : "#A54000"
+    readonly property color prominentDisabled: Qt.alpha(text, 0.08)
+    readonly property color prominentLabel: dark ? "#241202" : "white"
+    readonly property color face: dark ? Ink.mixed(window, text, 0.11) : base
+    readonly property color faceHover: Ink.mixed(window, text, dark ? 0.155 : 0.08)
+    readonly property color facePressed: dark ? Ink.mixed(window, "black", 0.35) : Ink.mixed(window, text, 0.15)
+    readonly property color faceDisabled: Qt.alpha(face, 0.45)
+    readonly property color faceBorder: Qt.alpha(text, dark ? 0.09 : 0.15)
+    readonly property color faceBorderDisabled: Qt.alpha(text, 0.08)
+    readonly property color faceShade: dark ? Qt.alpha("black", 0.35) : Qt.alpha(text, 0.1)
+    readonly property color selection: Qt.alpha(orange, dark ? 0.38 : 0.26)
+    readonly property color thumb: Qt.alpha(text, 0.26)
+    readonly property color thumbHover: Qt.alpha(text, 0.42)
+    readonly property color thumbPressed: Qt.alpha(text, 0.55)
+    readonly property color handleHover: Qt.alpha(text, 0.35)
+    readonly property color spinnerTrack: Qt.alpha(text, 0.14)
+
+    // Layers over the window.
+    readonly property color scrim: Qt.alpha("black", dark ? 0.46 : 0.26)
+    readonly property color alertScrim: Qt.alpha("black", dark ? 0.3 : 0.2)
+
+    // Texts, by their ratios to the system font, and the sides of the symbols beside them.
+    readonly property real captionRatio: 11 / 13
+    readonly property font title2: styled(systemFont, 17 / 13, Font.Bold)
+    readonly property font title3: styled(systemFont, 15 / 13, Font.Normal)
+    readonly property font title3Semibold: styled(systemFont, 15 / 13, Font.DemiBold)
+    readonly property font headline: styled(systemFont, 1, Font.Bold)
+    readonly property font body: styled(systemFont, 1, Font.Normal)
+    readonly property font bodySemibold: styled(systemFont, 1, Font.DemiBold)
+    readonly property font caption: styled(systemFont, captionRatio, Font.Normal)
+    readonly property font captionCapitals: styled(systemFont, captionRatio, Font.DemiBold, 0.3)
+    readonly property font monoBody: styled(fixedFont, 1, Font.Normal)
+    readonly property font monoBodyMedium: styled(fixedFont, 1, Font.Medium)
+    readonly property font monoCaption: styled(fixedFont, captionRatio, Font.Normal)
+    readonly property font monoCaption2: styled(fixedFont, 10 / 13, Font.Normal)
+    readonly property real bodyPixels: body.pointSize * pixelsPerPoint
+    readonly property real captionPixels: caption.pointSize * pixelsPerPoint
+    readonly property int title2Symbol: symbolBox(title2.pointSize * pixelsPerPoint)
+    readonly property int title3Symbol: symbolBox(title3.pointSize * pixelsPerPoint)
+    readonly property int bodySymbol: symbolBox(bodyPixels)
+    readonly property int captionSymbol: symbolBox(captionPixels)
+    readonly property int caption2Symbol: symbolBox(monoCaption2.pointSize * pixelsPerPoint)
+
+    // The edge that most things keep, and the sizes of parts that more than one thing has.
     readonly property int edge: 12
-    readonly property int headerSidePadding: 16
-    readonly property int headerSpacing: 12
-    readonly property int headerTitleSpacing: 1
-    readonly property int headerActionSpacing: 8
-    readonly property int badgeSidePadding: 8
-    readonly property int badgePadding: 4
-    readonly property int badgeRadius: 6
-
-    // The folder picker and the empty state.
-    readonly property int pickerSpacing: 16
-    readonly property int pickerSymbol: symbolBox(48)
-    readonly property int pickerLabelSidePadding: 20
-    readonly property int pickerLabelPadding: 10
-    readonly property int noteSpacing: 4
-    readonly property int noteBottom: 20
-    readonly property int emptySpacing: 12
-    readonly property int emptySymbol: symbolBox(36)
-    readonly property int emptyButtonTop: 8
-
-    // The list and its search bar.
-    readonly property int searchBottom: 4
-    readonly property int searchPadding: 8
-    readonly property int searchSpacing: 8
-    readonly property int searchRadius: 8
-    readonly property int listTop: 8
     readonly property int cardRadius: 10
-    readonly property int scanPadding: 16
-    readonly property int scanSpacing: 8
-    readonly property int spinnerSize: 22
-    readonly property int rowInset: 6
-    readonly property int rowPadding: 4
-    readonly property int rowLeft: 4
-    readonly property int rowRight: 10
-    readonly property int rowSpacing: 12
-    readonly property int rowSymbolFrame: 28
     readonly property int rowLineSpacing: 3
-    readonly property int detailSpacing: 12
-    readonly property int detailSymbolSpacing: 4
-    readonly property int detailShift: -2
-
-    // The log.
-    readonly property int firstLogWidth: 240
-    readonly property int logSidePadding: 12
-    readonly property int logTitleTop: 12
-    readonly property int logTitleBottom: 8
-    readonly property int logSpacing: 2
-    readonly property int logRowPadding: 4
-    readonly property int logRowSpacing: 6
-    readonly property int logTextSpacing: 1
-    readonly property int logDot: 5
-    readonly property int logDotTop: 5
-
-    // The sheet and the alert.
-    readonly property int sheetWidth: 480
-    readonly property int sheetHeight: 380
     readonly property int sheetPadding: 24
-    readonly property int sheetSpacing: 20
-    readonly property int sheetTitleSpacing: 4
-    readonly property int sheetFieldSpacing: 6
-    readonly property int sheetButtonSpacing: 8
-    readonly property int previewSpacing: 8
-    readonly property int previewPadding: 12
-    readonly property int previewLineSpacing: 6
-    readonly property int previewRowSpacing: 8
-    readonly property int previewRadius: 8
-    readonly property int leastPreview: 2 * previewPadding + 2 * Math.ceil(lineRatio * captionPixels)
-    readonly property int alertWidth: 320
-    readonly property int alertPadding: 20
-    readonly property int alertTextSpacing: 6
-    readonly property int alertButtonTop: 18
-    readonly property int panelRadius: 14
+    readonly property int caretWidth: 2
+    readonly property int focusWidth: 2
+    readonly property int thumbEdge: 2
+    readonly property real twoLineHeight: 1.15
+    readonly property real proseHeight: 1.1
 
-    // Controls. They grow with their text, whose line is so many times as high as its size.
+    // Buttons grow with their text, whose line is so many times as high as its size.
     readonly property real lineRatio: 1.2
     readonly property int buttonHeight: Math.round(Math.max(28, lineRatio * bodyPixels + 12))
     readonly property int buttonPadding: 12
     readonly property int buttonRadius: 7
-    readonly property int smallButtonHeight: Math.round(Math.max(24, lineRatio * captionPixels + 10))
-    readonly property int smallButtonPadding: 10
     readonly property int smallButtonRadius: 6
-    readonly property int iconButtonExtra: 4
-    readonly property int largeButtonRadius: 9
-    readonly property int largeButtonSpacing: 7
-    readonly property int thinBorder: 1
-    readonly property int fieldHeight: Math.round(Math.max(30, lineRatio * bodyPixels + 14))
-    readonly property int fieldPadding: 9
-    readonly property int fieldRadius: 7
-    readonly property int caretWidth: 2
-    readonly property int menuPadding: 4
-    readonly property int menuWidth: Math.round(11 * bodyPixels)
-    readonly property int focusWidth: 2
-    readonly property int focusGap: 2
-    readonly property int splitHitWidth: 9
-    readonly property int splitStrongWidth: 3
-    readonly property int splitStep: 10
-    readonly property int thumbWidth: 6
-    readonly property int thumbEdge: 2
-    readonly property int leastThumb: 24
-    readonly property int scrollStep: 40
-    readonly property real twoLineHeight: 1.15
-    readonly property real proseHeight: 1.1
 
     // Movement, in milliseconds.
-    readonly property int sheetIn: still(180)
-    readonly property int sheetOut: still(120)
-    readonly property int sheetRise: 12
-    readonly property int alertIn: still(140)
-    readonly property int alertOut: still(100)
-    readonly property real alertScale: 0.96
     readonly property int hoverFade: still(90)
     readonly property int highlightIn: still(160)
     readonly property int highlightOut: still(400)
     readonly property int viewFade: still(140)
-    readonly property int spinnerTurn: 900
-
-    // How long the folder panel may take to come up, a portal that has yet to be started included.
-    readonly property int panelPatience: 2000
 
     function still(duration: int): int {
         return root.reducedMotion ? 0 : duration;

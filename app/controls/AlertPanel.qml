@@ -1,9 +1,12 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
 import Tarvolt
 
-// Tells of something that has to be answered with its one button, or Escape, before the window goes on.
+// Tells of something that has to be answered with its one button, or Escape, before the window goes on. A message that
+// is too long for the window scrolls.
 ModalPanel {
     id: root
 
@@ -12,39 +15,94 @@ ModalPanel {
 
     signal dismissed
 
-    width: Theme.alertWidth
+    width: 320
     height: Math.min(implicitHeight, parent.height - 2 * Theme.edge)
-    padding: Theme.alertPadding
+    padding: 20
     scrim: Theme.alertScrim
-    scrimFade: visible ? Theme.alertIn : Theme.alertOut
+    timeIn: Theme.still(140)
+    timeOut: Theme.still(100)
+    onAboutToShow: area.contentY = 0
 
     enter: Transition {
         NumberAnimation {
             property: "opacity"
             from: 0
             to: 1
-            duration: Theme.alertIn
+            duration: root.timeIn
         }
         NumberAnimation {
             property: "scale"
-            from: Theme.alertScale
+            from: 0.96
             to: 1
-            duration: Theme.alertIn
+            duration: root.timeIn
         }
     }
 
-    exit: Transition {
-        NumberAnimation {
-            property: "opacity"
-            to: 0
-            duration: Theme.alertOut
-        }
-    }
+    // It may be made at once, which the names in it ask for.
+    contentItem: FocusScope { // qmllint disable deferred-property-id
+        id: form
+        objectName: "alertForm"
+        implicitHeight: column.implicitHeight
+        focus: true
+        Keys.onEscapePressed: root.dismissed()
+        Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
 
-    contentItem: AlertForm {
-        title: root.title
-        message: root.message
-        button: root.button
-        onDismissed: root.dismissed()
+        ColumnLayout {
+            id: column
+            anchors.fill: parent
+            spacing: 0
+
+            TextLabel {
+                objectName: "alertTitle"
+                Layout.fillWidth: true
+                text: root.title
+                font: Theme.headline
+                horizontalAlignment: Text.AlignHCenter
+            }
+
+            Flickable {
+                id: area
+                objectName: "alertArea"
+                implicitHeight: Math.ceil(messageLabel.implicitHeight)
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                Layout.topMargin: 6
+                clip: contentHeight > height
+                contentHeight: messageLabel.implicitHeight
+                boundsBehavior: Flickable.StopAtBounds
+
+                T.ScrollBar.vertical: ScrollThumb {
+                    parent: form
+                    x: area.width + Math.round((root.padding - width) / 2)
+                    y: area.y
+                    height: area.height
+                }
+
+                TextLabel {
+                    id: messageLabel
+                    objectName: "alertMessage"
+                    width: area.width
+                    text: root.message
+                    font: Theme.verbatim(Theme.body, text)
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    lineHeight: Theme.proseHeight
+                }
+            }
+
+            ProminentButton {
+                objectName: "alertButton"
+                Layout.fillWidth: true
+                Layout.topMargin: 18
+                focus: true
+                text: root.button
+                onClicked: root.dismissed()
+            }
+        }
+
+        ScrollKeys {
+            id: scrollKeys
+            area: area
+        }
     }
 }

@@ -11,10 +11,10 @@ T.Menu {
     required property T.TextField field
 
     objectName: "fieldMenu"
-    implicitWidth: Theme.menuWidth
+    implicitWidth: Math.round(11 * Theme.bodyPixels)
     implicitHeight: contentHeight + topPadding + bottomPadding
-    padding: Theme.menuPadding
-    margins: Theme.menuPadding
+    padding: 4
+    margins: padding
 
     contentItem: ListView {
         implicitHeight: contentHeight
@@ -31,7 +31,7 @@ T.Menu {
             anchors.fill: parent
             radius: Theme.cardRadius
             color: Theme.sheet
-            borderWidth: Theme.thinBorder
+            borderWidth: Theme.hairline
             borderColor: Theme.sheetBorder
         }
     }

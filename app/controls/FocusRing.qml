@@ -8,8 +8,8 @@ BoxItem {
     id: root
 
     required property real innerRadius
-    property int gap: Theme.focusGap
-    property int thickness: Theme.focusWidth
+    property real gap: 2
+    property real thickness: Theme.focusWidth
 
     objectName: "focusRing"
     anchors.fill: parent

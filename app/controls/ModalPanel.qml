@@ -9,7 +9,8 @@ T.Dialog {
     id: root
 
     required property color scrim
-    required property int scrimFade
+    required property int timeIn
+    required property int timeOut
 
     parent: T.Overlay.overlay
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -27,8 +28,16 @@ T.Dialog {
 
         Behavior on opacity {
             NumberAnimation {
-                duration: root.scrimFade // qmllint disable unqualified
+                duration: root.visible ? root.timeIn : root.timeOut // qmllint disable unqualified
             }
+        }
+    }
+
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: root.timeOut
         }
     }
 
@@ -42,9 +51,9 @@ T.Dialog {
         BoxItem {
             objectName: "panelFace"
             anchors.fill: parent
-            radius: Theme.panelRadius
+            radius: 14
             color: Theme.sheet
-            borderWidth: Theme.thinBorder
+            borderWidth: Theme.hairline
             borderColor: Theme.sheetBorder
         }
     }

@@ -4,7 +4,8 @@ import QtQuick
 import Tarvolt
 
 // One of the two shadows under a panel: a soft disc, whose quarters lie around the panel's corners and whose middle is
-// stretched between them. It reaches two sigmas of its bell curve beyond the panel.
+// stretched between them. It grows along a bell curve from two sigmas outside the panel to two inside. The picture is
+// not an SVG, whose size the toolkit multiplies by the scale before it cuts it into parts.
 BorderImage {
     id: root
 
@@ -23,5 +24,5 @@ BorderImage {
     border.top: quarter
     border.right: quarter
     border.bottom: quarter
-    opacity: wide ? Theme.wideShadow.a : Theme.tightShadow.a
+    opacity: Theme.dark ? (wide ? 0.55 : 0.3) : (wide ? 0.34 : 0.16)
 }

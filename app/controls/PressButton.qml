@@ -4,17 +4,25 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// What every button does: it is pressed by mouse, Space, Return, keypad Enter and assistive technology, once a press.
+// What every button is and does: a face with a symbol, a text, or both on it, pressed by mouse, Space, Return, keypad
+// Enter and assistive technology, once a press.
 T.AbstractButton {
     id: root
 
+    required property color ink
+    required property color face
+    property bool raised: false // with a border, and a shade below
+    property int cornerRadius: Theme.buttonRadius
+    property string symbol: ""
     property string spokenName: text
     property string spokenDetails: "" // what it says after that
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.buttonHeight
+    leftPadding: Theme.buttonPadding
+    rightPadding: leftPadding
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
-    font: Theme.body
 
     Accessible.role: Accessible.Button
     Accessible.name: spokenName
@@ -34,5 +42,74 @@ T.AbstractButton {
     function press(): void {
         if (root.enabled)
             root.clicked();
+    }
+
+    // No button has another content, so that it may be made at once, which the names in it ask for.
+    contentItem: Item { // qmllint disable deferred-property-id
+        implicitWidth: row.implicitWidth
+        implicitHeight: label.implicitHeight
+
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: 7
+
+            Symbol {
+                objectName: "buttonSymbol"
+                anchors.verticalCenter: parent.verticalCenter
+                visible: symbol !== ""
+                symbol: root.symbol
+                size: Theme.bodySymbol
+                colour: Qt.alpha(root.ink, 1)
+                opacity: root.ink.a
+            }
+
+            TextLabel {
+                id: label
+                objectName: "buttonText"
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.ceil(implicitWidth) // With a fraction it would be centred a pixel too far to the right.
+                visible: text !== ""
+                text: root.text
+                font: root.font
+                color: root.ink
+                silent: true
+            }
+        }
+    }
+
+    background: Item {
+        BoxItem {
+            objectName: "shade"
+            y: Theme.hairline
+            width: parent.width
+            height: parent.height
+            radius: root.cornerRadius
+            borderWidth: Theme.hairline
+            borderColor: Theme.faceShade
+            visible: root.raised && root.enabled && !root.down
+        }
+
+        BoxItem {
+            objectName: "face"
+            anchors.fill: parent
+            radius: root.cornerRadius
+            color: root.face
+            borderWidth: root.raised ? Theme.hairline : 0
+            borderColor: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
+
+            Behavior on color {
+                // Known before the colour changes: a press shows at once.
+                enabled: !root.pressed
+                ColorAnimation {
+                    duration: Theme.hoverFade
+                }
+            }
+        }
+
+        FocusRing {
+            innerRadius: root.cornerRadius
+            visible: root.visualFocus
+        }
     }
 }

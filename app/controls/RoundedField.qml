@@ -5,18 +5,18 @@ import Tarvolt
 BareField {
     id: root
 
-    implicitHeight: Theme.fieldHeight
-    leftPadding: Theme.fieldPadding
-    rightPadding: Theme.fieldPadding
+    implicitHeight: Math.round(Math.max(30, Theme.lineRatio * Theme.bodyPixels + 14))
+    leftPadding: 9
+    rightPadding: leftPadding
     verticalAlignment: TextInput.AlignVCenter
     font: Theme.verbatim(Theme.monoBody, text)
     hoverEnabled: true
 
     background: BoxItem {
         objectName: "frame"
-        radius: Theme.fieldRadius
+        radius: 7
         color: Theme.base
-        borderWidth: root.inUse ? Theme.focusWidth : Theme.thinBorder
+        borderWidth: root.inUse ? Theme.focusWidth : Theme.hairline
         borderColor: root.inUse ? Theme.orange : root.hovered ? Theme.fieldBorderHover : Theme.fieldBorder
     }
 }

@@ -7,7 +7,7 @@ QtObject {
     id: root
 
     required property Flickable area
-    required property int step
+    readonly property int step: 40
 
     // Whether the key is one of them.
     function scroll(key: int): bool {

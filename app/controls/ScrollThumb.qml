@@ -10,14 +10,14 @@ T.ScrollBar {
 
     objectName: "scrollThumb"
     orientation: Qt.Vertical
-    implicitWidth: Theme.thumbWidth
-    minimumSize: height > 0 ? Math.min(1, Theme.leastThumb / height) : 0
+    implicitWidth: 6
+    minimumSize: height > 0 ? Math.min(1, 24 / height) : 0
     visible: size > 0 && size < 1
     hoverEnabled: true
     Accessible.ignored: true
 
     contentItem: BoxItem {
-        implicitWidth: Theme.thumbWidth
+        implicitWidth: root.implicitWidth
         radius: width / 2
         color: root.pressed ? Theme.thumbPressed : root.hovered ? Theme.thumbHover : Theme.thumb
     }

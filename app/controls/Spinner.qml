@@ -9,7 +9,7 @@ Symbol {
 
     objectName: "spinner"
     symbol: "ring"
-    size: Theme.spinnerSize
+    size: 22
     colour: Theme.spinnerTrack
 
     SymbolItem {
@@ -23,7 +23,7 @@ Symbol {
             loops: Animation.Infinite
             from: 0
             to: 360
-            duration: Theme.spinnerTurn
+            duration: 900
         }
     }
 }

@@ -9,7 +9,7 @@ Item {
 
     signal moved(distance: real)
 
-    readonly property bool strong: drag.active || activeFocus
+    readonly property bool strong: mouse.pressed || activeFocus
 
     objectName: "splitHandle"
     implicitWidth: Theme.hairline
@@ -17,40 +17,32 @@ Item {
     Accessible.role: Accessible.Splitter
     Accessible.name: qsTr("Width of the log")
     Accessible.focusable: true
-    Keys.onLeftPressed: root.moved(-Theme.splitStep)
-    Keys.onRightPressed: root.moved(Theme.splitStep)
+    Keys.onLeftPressed: root.moved(-10)
+    Keys.onRightPressed: root.moved(10)
 
     BoxItem {
         objectName: "splitLine"
         anchors.horizontalCenter: parent.horizontalCenter
-        width: root.strong || hover.hovered ? Theme.splitStrongWidth : root.width
+        width: root.strong || mouse.containsMouse ? 3 : root.width
         height: parent.height
-        color: root.strong ? Theme.orange : hover.hovered ? Theme.handleHover : Theme.line
+        color: root.strong ? Theme.orange : mouse.containsMouse ? Theme.handleHover : Theme.line
     }
 
-    Item {
+    MouseArea {
+        id: mouse
+
+        property real grip: 0
+
         objectName: "splitHitArea"
         anchors.horizontalCenter: parent.horizontalCenter
-        width: Theme.splitHitWidth
+        width: 9
         height: parent.height
-
-        HoverHandler {
-            id: hover
-            cursorShape: Qt.SplitHCursor
-        }
-
-        DragHandler {
-            id: drag
-            target: null
-            xAxis.enabled: true
-            yAxis.enabled: false
-            cursorShape: Qt.SplitHCursor
-            dragThreshold: 0
-
-            property real startX: 0
-
-            onActiveChanged: startX = root.x
-            onTranslationChanged: root.moved(startX + translation.x - root.x)
+        hoverEnabled: true
+        cursorShape: Qt.SplitHCursor
+        onPressed: grip = mouseX
+        onPositionChanged: {
+            if (pressed)
+                root.moved(mouseX - grip);
         }
     }
 }

@@ -20,7 +20,8 @@ QPainterPath rounded(const QRectF& box, double radius) {
 
 QImage BoxItem::picture(QSize pixels) const {
     const double ratio = pixelRatio();
-    const double border = borderWidth_ > 0 ? std::max(1.0, std::floor(borderWidth_ * ratio)) : 0;
+    // The thinner where two whole numbers of pixels are as near.
+    const double border = borderWidth_ > 0 ? std::max(1.0, std::ceil(borderWidth_ * ratio - 0.5)) : 0;
     const double radius = radius_ * ratio;
     const QRectF outer(QPointF(), pixels);
     const QRectF inner = outer.adjusted(border, border, -border, -border);

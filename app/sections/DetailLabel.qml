@@ -12,7 +12,8 @@ Row {
     property color colour: Theme.secondary
 
     objectName: "detailLabel"
-    spacing: Theme.detailSymbolSpacing
+    spacing: 4
+    rightPadding: 12 - Theme.rowLineSpacing // Beside each other they stand 12 apart.
 
     Symbol {
         objectName: "detailSymbol"

@@ -11,7 +11,7 @@ ColumnLayout {
     signal folderWanted
 
     objectName: "emptyStateView"
-    spacing: Theme.emptySpacing
+    spacing: 12
 
     function takeFocus(): void {
         button.forceActiveFocus(Qt.TabFocusReason);
@@ -26,7 +26,7 @@ ColumnLayout {
         objectName: "emptySymbol"
         Layout.alignment: Qt.AlignHCenter
         symbol: "magnifyingglass"
-        size: Theme.emptySymbol
+        size: Theme.symbolBox(36)
         colour: Theme.secondaryHalf
         opacity: Theme.halfOpacity
     }
@@ -54,7 +54,7 @@ ColumnLayout {
         id: button
         objectName: "chooseDifferentFolderButton"
         Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: Theme.emptyButtonTop
+        Layout.topMargin: 8
         text: qsTr("Choose Different Folder")
         spokenDetails: explanation.text
         onClicked: root.folderWanted()

@@ -11,7 +11,7 @@ ColumnLayout {
     signal folderWanted
 
     objectName: "folderPickerView"
-    spacing: Theme.pickerSpacing
+    spacing: 16
 
     Item {
         objectName: "pickerTopGap"
@@ -22,7 +22,7 @@ ColumnLayout {
         objectName: "pickerSymbol"
         Layout.alignment: Qt.AlignHCenter
         symbol: "folder.badge.plus"
-        size: Theme.pickerSymbol
+        size: Theme.symbolBox(48)
         colour: Theme.orangeSixTenths
         opacity: Theme.tintedOpacity
     }
@@ -62,8 +62,8 @@ ColumnLayout {
     RowLayout {
         objectName: "privacyNote"
         Layout.alignment: Qt.AlignHCenter
-        Layout.bottomMargin: Theme.noteBottom
-        spacing: Theme.noteSpacing
+        Layout.bottomMargin: 20
+        spacing: 4
 
         Symbol {
             objectName: "privacySymbol"

@@ -10,7 +10,7 @@ Item {
 
     required property WindowBridge view
 
-    readonly property real titlesHeight: Math.ceil(titleMetrics.height) + Theme.headerTitleSpacing
+    readonly property real titlesHeight: Math.ceil(titleMetrics.height) + titles.spacing
         + Math.ceil(pathMetrics.height)
 
     implicitHeight: Math.max(titlesHeight, Theme.buttonHeight) + 2 * Theme.edge
@@ -28,11 +28,11 @@ Item {
     RowLayout {
         objectName: "headerRow"
         anchors.fill: parent
-        anchors.leftMargin: Theme.headerSidePadding
-        anchors.rightMargin: Theme.headerSidePadding
+        anchors.leftMargin: 16
+        anchors.rightMargin: 16
         anchors.topMargin: Theme.edge
         anchors.bottomMargin: Theme.edge
-        spacing: Theme.headerSpacing
+        spacing: 12
 
         Symbol {
             objectName: "headerSymbol"
@@ -42,11 +42,12 @@ Item {
         }
 
         ColumnLayout {
+            id: titles
             objectName: "headerTitles"
             Layout.fillWidth: true
             Layout.minimumWidth: 0
             Layout.maximumWidth: implicitWidth
-            spacing: Theme.headerTitleSpacing
+            spacing: 1
 
             TextLabel {
                 objectName: "headerTitle"
@@ -74,17 +75,17 @@ Item {
         RowLayout {
             objectName: "headerActions"
             visible: root.view.folderPath !== ""
-            spacing: Theme.headerActionSpacing
+            spacing: 8
 
             Item {
                 objectName: "badge"
-                implicitWidth: Math.ceil(badgeText.implicitWidth) + 2 * Theme.badgeSidePadding
-                implicitHeight: badgeText.implicitHeight + 2 * Theme.badgePadding
+                implicitWidth: Math.ceil(badgeText.implicitWidth) + 2 * badgeText.x
+                implicitHeight: badgeText.implicitHeight + 2 * badgeText.y
 
                 BoxItem {
                     objectName: "badgeFill"
                     anchors.fill: parent
-                    radius: Theme.badgeRadius
+                    radius: 6
                     color: Theme.badge
                     opacity: Theme.badgeOpacity
                 }
@@ -92,8 +93,8 @@ Item {
                 TextLabel {
                     id: badgeText
                     objectName: "badgeText"
-                    x: Theme.badgeSidePadding
-                    y: Theme.badgePadding
+                    x: 8
+                    y: 4
                     text: root.view.projectCountText
                     font: Theme.caption
                     color: Theme.secondary

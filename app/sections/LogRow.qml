@@ -13,17 +13,17 @@ Item {
     required property string sentence
 
     objectName: "logRow"
-    implicitHeight: Math.ceil(texts.implicitHeight) + 2 * Theme.logRowPadding
+    implicitHeight: Math.ceil(texts.implicitHeight) + 2 * texts.y
     Accessible.role: Accessible.ListItem
     Accessible.name: sentence
 
     BoxItem {
         id: dot
         objectName: "logDot"
-        x: Theme.logSidePadding
-        y: Theme.logRowPadding + Theme.logDotTop
-        width: Theme.logDot
-        height: Theme.logDot
+        x: Theme.edge
+        y: texts.y + 5
+        width: 5
+        height: width
         radius: width / 2
         color: root.isError ? Theme.red : Theme.greenSixTenths
         opacity: root.isError ? 1 : Theme.tintedOpacity
@@ -32,10 +32,10 @@ Item {
     Column {
         id: texts
         objectName: "logTexts"
-        x: dot.x + dot.width + Theme.logRowSpacing
-        y: Theme.logRowPadding
-        width: parent.width - x - Theme.logSidePadding
-        spacing: Theme.logTextSpacing
+        x: dot.x + dot.width + 6
+        y: 4
+        width: parent.width - x - Theme.edge
+        spacing: 1
 
         TextLabel {
             objectName: "logTime"

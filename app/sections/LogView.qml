@@ -22,8 +22,8 @@ FocusScope {
     TextLabel {
         id: title
         objectName: "logTitle"
-        x: Theme.logSidePadding
-        y: Theme.logTitleTop
+        x: Theme.edge
+        y: 12
         text: qsTr("ACTIVITY LOG")
         font: Theme.captionCapitals
         color: Theme.secondary
@@ -32,7 +32,7 @@ FocusScope {
     HairLine {
         id: line
         objectName: "logLine"
-        y: title.y + title.height + Theme.logTitleBottom
+        y: title.y + title.height + 8
         width: parent.width
     }
 
@@ -56,7 +56,7 @@ FocusScope {
         visible: count > 0
         clip: true
         model: root.log
-        spacing: Theme.logSpacing
+        spacing: 2
         boundsBehavior: Flickable.StopAtBounds
         pixelAligned: true
         focus: true
@@ -84,13 +84,12 @@ FocusScope {
     ScrollKeys {
         id: scrollKeys
         area: list
-        step: Theme.scrollStep
     }
 
     FocusRing {
         objectName: "logFocus"
         anchors.fill: list
-        thickness: Theme.thinBorder
+        thickness: Theme.hairline
         gap: -thickness
         innerRadius: Theme.smallButtonRadius
         visible: list.activeFocus

@@ -12,7 +12,7 @@ ColumnLayout {
     readonly property alias field: field
 
     objectName: "sheetNameBlock"
-    spacing: Theme.sheetFieldSpacing
+    spacing: 6
 
     TextLabel {
         objectName: "sheetFieldLabel"

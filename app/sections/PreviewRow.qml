@@ -9,10 +9,8 @@ Item {
 
     required property string oldText
     required property string newText
-    readonly property real forNames: width - arrow.width - 2 * Theme.previewRowSpacing
-    // As wide as it is where both names fit, else at most half, or more where the new name leaves more.
-    readonly property real oldWidth: Math.min(oldMetrics.advanceWidth,
-        Math.max(forNames / 2, forNames - newMetrics.advanceWidth))
+    readonly property int spacing: 8
+    readonly property real forNames: width - arrow.width - 2 * spacing
 
     implicitHeight: Math.max(oldName.implicitHeight, arrow.implicitHeight, newName.implicitHeight)
 
@@ -33,7 +31,8 @@ Item {
         id: oldName
         objectName: "previewOldName"
         anchors.verticalCenter: parent.verticalCenter
-        width: root.oldWidth
+        // As wide as it is where both names fit, else at most half, or more where the new one leaves more.
+        width: Math.min(oldMetrics.advanceWidth, Math.max(root.forNames / 2, root.forNames - newMetrics.advanceWidth))
         text: root.oldText
         font: Theme.verbatim(Theme.monoCaption, text)
     }
@@ -42,7 +41,7 @@ Item {
         id: arrow
         objectName: "previewArrow"
         anchors.verticalCenter: parent.verticalCenter
-        x: oldName.width + Theme.previewRowSpacing
+        x: oldName.width + root.spacing
         symbol: "arrow.right"
         size: Theme.caption2Symbol
         colour: Theme.secondary
@@ -52,7 +51,7 @@ Item {
         id: newName
         objectName: "previewNewName"
         anchors.verticalCenter: parent.verticalCenter
-        x: arrow.x + arrow.width + Theme.previewRowSpacing
+        x: arrow.x + arrow.width + root.spacing
         width: root.forNames - oldName.width
         text: root.newText
         font: Theme.verbatim(Theme.monoCaption, text)

@@ -10,7 +10,7 @@ FocusScope {
     required property WindowBridge view
     readonly property real cardTop: {
         const above = indicator.y + (indicator.visible ? indicator.height : 0);
-        return above + (searchBar.visible ? Theme.listTop : Theme.edge);
+        return above + (searchBar.visible ? 8 : Theme.edge);
     }
 
     objectName: "projectListView"
@@ -69,7 +69,7 @@ FocusScope {
 
     ScanIndicator {
         id: indicator
-        y: searchBar.visible ? searchBar.y + searchBar.height + Theme.searchBottom : 0
+        y: searchBar.visible ? searchBar.y + searchBar.height + 4 : 0
         width: parent.width
         visible: root.view.scanning
     }
@@ -79,7 +79,7 @@ FocusScope {
         anchors.fill: list
         radius: Theme.cardRadius
         color: Theme.card
-        borderWidth: Theme.thinBorder
+        borderWidth: Theme.hairline
         borderColor: Theme.cardBorder
         visible: list.count > 0
     }
@@ -105,7 +105,7 @@ FocusScope {
 
         FocusRing {
             objectName: "listFocus"
-            thickness: Theme.thinBorder
+            thickness: Theme.hairline
             gap: -thickness
             innerRadius: Theme.cardRadius
         }

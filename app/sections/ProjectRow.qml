@@ -22,7 +22,7 @@ FocusScope {
     signal renamePressed
 
     objectName: "projectRow"
-    implicitHeight: row.implicitHeight + 2 * (Theme.rowInset + Theme.rowPadding)
+    implicitHeight: row.implicitHeight + 2 * row.anchors.topMargin
     Accessible.role: Accessible.ListItem
     Accessible.name: sentence
 
@@ -34,15 +34,15 @@ FocusScope {
         id: row
         objectName: "rowLayout"
         anchors.fill: parent
-        anchors.topMargin: Theme.rowInset + Theme.rowPadding
-        anchors.bottomMargin: Theme.rowInset + Theme.rowPadding
-        anchors.leftMargin: Theme.rowLeft
-        anchors.rightMargin: Theme.rowRight
-        spacing: Theme.rowSpacing
+        anchors.topMargin: 6 + 4 // the inset of a list, and the padding of a row
+        anchors.bottomMargin: anchors.topMargin
+        anchors.leftMargin: 4
+        anchors.rightMargin: 10
+        spacing: 12
 
         Item {
             objectName: "rowSymbolFrame"
-            implicitWidth: Theme.rowSymbolFrame
+            implicitWidth: 28
             implicitHeight: symbol.implicitHeight
 
             Symbol {
@@ -62,6 +62,7 @@ FocusScope {
         }
 
         ColumnLayout {
+            id: texts
             objectName: "rowTexts"
             Layout.fillWidth: true
             spacing: Theme.rowLineSpacing
@@ -78,7 +79,7 @@ FocusScope {
 
             DetailLine {
                 objectName: "rowDetails"
-                Layout.leftMargin: Theme.detailShift
+                Layout.leftMargin: -2 // Its symbol begins where the letters above it do.
                 Layout.fillWidth: true
                 Layout.minimumWidth: 0
                 fileCountText: root.fileCountText
@@ -102,9 +103,9 @@ FocusScope {
 
     HairLine {
         objectName: "rowLine"
-        x: Theme.rowLeft + Theme.rowSymbolFrame + Theme.rowSpacing
+        x: row.x + texts.x
         anchors.bottom: parent.bottom
-        width: parent.width - x - Theme.rowRight
+        width: row.x + row.width - x
         color: Theme.rowLine
         visible: !root.last
     }

@@ -30,8 +30,9 @@ FocusScope {
     }
 
     ColumnLayout {
+        id: parts
         anchors.fill: parent
-        spacing: Theme.sheetSpacing
+        spacing: 20
 
         // With a large font not even a little of the preview has room: then all of this scrolls as one.
         Flickable {
@@ -56,11 +57,11 @@ FocusScope {
 
                 width: area.width
                 height: least <= area.height ? area.height : implicitHeight
-                spacing: Theme.sheetSpacing
+                spacing: parts.spacing
 
                 ColumnLayout {
                     objectName: "sheetTitleBlock"
-                    spacing: Theme.sheetTitleSpacing
+                    spacing: 4
 
                     TextLabel {
                         id: titleLabel
@@ -106,7 +107,7 @@ FocusScope {
         RowLayout {
             objectName: "sheetButtons"
             Layout.alignment: Qt.AlignRight
-            spacing: Theme.sheetButtonSpacing
+            spacing: 8
 
             BorderedButton {
                 objectName: "cancelButton"
@@ -140,6 +141,5 @@ FocusScope {
     ScrollKeys {
         id: scrollKeys
         area: area
-        step: Theme.scrollStep
     }
 }

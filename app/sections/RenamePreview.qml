@@ -11,10 +11,11 @@ ColumnLayout {
 
     required property SheetBridge sheet
     // How much of its height the preview can do without: it scrolls as long as a name of two lines is in sight.
-    readonly property real dispensable: Math.max(0, box.implicitHeight - Theme.leastPreview)
+    readonly property real leastHeight: 2 * (lines.y + Math.ceil(Theme.lineRatio * Theme.captionPixels))
+    readonly property real dispensable: Math.max(0, box.implicitHeight - leastHeight)
 
     objectName: "previewBlock"
-    spacing: Theme.previewSpacing
+    spacing: 8
     onVisibleChanged: {
         if (visible) {
             area.contentY = 0;
@@ -41,16 +42,17 @@ ColumnLayout {
     Item {
         id: box
         objectName: "previewBox"
-        implicitHeight: lines.implicitHeight + 2 * Theme.previewPadding
+        implicitHeight: lines.implicitHeight + 2 * lines.y
         Layout.fillWidth: true
         Layout.fillHeight: true
         Layout.minimumHeight: 0
         Layout.maximumHeight: implicitHeight
 
         BoxItem {
+            id: fill
             objectName: "previewFill"
             anchors.fill: parent
-            radius: Theme.previewRadius
+            radius: 8
             color: Theme.quaternary
             opacity: Theme.halfOpacity
         }
@@ -59,13 +61,13 @@ ColumnLayout {
             id: area
 
             readonly property bool fits:
-                lines.y + lines.implicitHeight + Theme.previewPadding / 2 <= height
+                1.5 * lines.y + lines.implicitHeight <= height
 
             objectName: "previewArea"
             anchors.fill: parent
             clip: contentHeight > height
             // Where only some of the lower padding is out of sight there is nothing to scroll for.
-            contentHeight: fits ? height : lines.implicitHeight + 2 * Theme.previewPadding
+            contentHeight: fits ? height : box.implicitHeight
             boundsBehavior: Flickable.StopAtBounds
             // While it has the focus it must stay where Tab can be.
             activeFocusOnTab: contentHeight > height || activeFocus
@@ -85,10 +87,10 @@ ColumnLayout {
             Column {
                 id: lines
                 objectName: "previewLines"
-                x: Theme.previewPadding
-                y: Theme.previewPadding
-                width: area.width - 2 * Theme.previewPadding
-                spacing: Theme.previewLineSpacing
+                x: 12
+                y: 12
+                width: area.width - 2 * x
+                spacing: 6
 
                 PreviewRow {
                     objectName: "previewFileRow"
@@ -115,7 +117,7 @@ ColumnLayout {
         }
 
         FocusRing {
-            innerRadius: Theme.previewRadius
+            innerRadius: fill.radius
             visible: area.activeFocus
         }
     }
@@ -123,6 +125,5 @@ ColumnLayout {
     ScrollKeys {
         id: scrollKeys
         area: area
-        step: Theme.scrollStep
     }
 }

@@ -13,12 +13,13 @@ ModalPanel {
 
     objectName: "renameSheet"
     title: form.title
-    width: Theme.sheetWidth
-    height: Theme.sheetHeight
+    width: 480
+    height: 380
     padding: Theme.sheetPadding
     visible: sheet.open
     scrim: Theme.scrim
-    scrimFade: visible ? Theme.sheetIn : Theme.sheetOut
+    timeIn: Theme.still(180)
+    timeOut: Theme.still(120)
     y: Math.round((parent.height - height) / 2 + rise)
     onAboutToShow: root.form.selectName()
 
@@ -31,23 +32,15 @@ ModalPanel {
             property: "opacity"
             from: 0
             to: 1
-            duration: Theme.sheetIn
+            duration: root.timeIn
             easing.type: Easing.OutCubic
         }
         NumberAnimation {
             property: "rise"
-            from: Theme.sheetRise
+            from: 12
             to: 0
-            duration: Theme.sheetIn
+            duration: root.timeIn
             easing.type: Easing.OutCubic
-        }
-    }
-
-    exit: Transition {
-        NumberAnimation {
-            property: "opacity"
-            to: 0
-            duration: Theme.sheetOut
         }
     }
 

@@ -8,15 +8,15 @@ Item {
     id: root
 
     objectName: "scanIndicator"
-    implicitHeight: column.implicitHeight + 2 * Theme.scanPadding
+    implicitHeight: column.implicitHeight + 2 * column.y
     Accessible.role: Accessible.Notification
     Accessible.name: label.text
 
     Column {
         id: column
         anchors.horizontalCenter: parent.horizontalCenter
-        y: Theme.scanPadding
-        spacing: Theme.scanSpacing
+        y: 16
+        spacing: 8
 
         Spinner {
             anchors.horizontalCenter: parent.horizontalCenter

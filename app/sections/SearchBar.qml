@@ -13,12 +13,13 @@ Item {
     }
 
     objectName: "searchBar"
-    implicitHeight: Math.max(symbol.implicitHeight, field.implicitHeight) + 2 * Theme.searchPadding
+    implicitHeight: Math.max(symbol.implicitHeight, field.implicitHeight) + 2 * symbol.x
 
     BoxItem {
+        id: fill
         objectName: "searchFill"
         anchors.fill: parent
-        radius: Theme.searchRadius
+        radius: 8
         color: Theme.quaternary
         opacity: Theme.halfOpacity
     }
@@ -26,7 +27,7 @@ Item {
     Symbol {
         id: symbol
         objectName: "searchSymbol"
-        x: Theme.searchPadding
+        x: 8
         anchors.verticalCenter: parent.verticalCenter
         symbol: "magnifyingglass"
         size: Theme.bodySymbol
@@ -37,8 +38,8 @@ Item {
         id: field
         objectName: "searchField"
         anchors.verticalCenter: parent.verticalCenter
-        x: symbol.x + symbol.width + Theme.searchSpacing
-        width: parent.width - x - Theme.searchPadding
+        x: symbol.x + symbol.width + 8
+        width: parent.width - x - symbol.x
         implicitHeight: contentHeight
         font: Theme.verbatim(Theme.body, text)
         placeholderText: qsTr("Search projects...")
@@ -63,7 +64,7 @@ Item {
     BoxItem {
         objectName: "searchFocus"
         anchors.fill: parent
-        radius: Theme.searchRadius
+        radius: fill.radius
         borderWidth: Theme.focusWidth
         borderColor: Theme.orange
         visible: field.inUse

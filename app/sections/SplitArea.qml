@@ -8,7 +8,7 @@ FocusScope {
     id: root
 
     required property WindowBridge view
-    property real wantedLogWidth: Theme.firstLogWidth
+    property real wantedLogWidth: 240
     readonly property real logWidth: allowed(wantedLogWidth)
 
     objectName: "splitArea"

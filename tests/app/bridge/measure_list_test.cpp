@@ -36,9 +36,8 @@ TEST_F(MeasureListTest, ARowHasItsPaddingSpacingsAndFrame) {
     for (const char* item : {"rowSymbol", "rowTexts", "rowButton"}) {
         EXPECT_NEAR(m.centre(item), row.center().y(), 0.5) << item;
     }
-    const auto details = w.findAll("detailLabel");
-    ASSERT_EQ(details.size(), 2U);
-    EXPECT_EQ(SceneWindow::boxOf(details[1]).left() - SceneWindow::boxOf(details[0]).right(), 12);
+    ASSERT_EQ(w.findAll("detailLabel").size(), 2U);
+    EXPECT_EQ(SceneWindow::boxOf(w.findAll("detailSymbol")[1]).left() - w.box("detailText").right(), 12);
     EXPECT_TRUE(w.findAll("rowLine").empty()) << "no line after the last row";
 }
 

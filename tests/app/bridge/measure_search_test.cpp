@@ -89,9 +89,8 @@ TEST_F(MeasureSearchTest, TheScanIndicatorStandsAboveAnEmptyList) {
     EXPECT_NEAR(m.middle("scanLabel"), pane.center().x(), 0.5);
     EXPECT_NEAR(m.textRatio("scanLabel"), testing::body, 0.01);
     expectColour(m.colour("scanLabel"), "#606060");
-    expectColour(m.colour("spinner", "colour"), "#D75600");
-    expectColour(m.colour("spinner", "trackColour"), "#000000", 0.14);
-    EXPECT_EQ(m.property("spinner", "thickness").toDouble(), 2.5);
+    expectColour(m.colour("spinner", "colour"), "#000000", 0.14);
+    expectColour(m.colour("spinnerQuarter", "colour"), "#D75600");
     w.settle();
     EXPECT_TRUE(w.findAll("scanIndicator").empty());
     EXPECT_EQ(w.findAll("projectRow").size(), 6U);

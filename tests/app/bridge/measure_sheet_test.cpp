@@ -93,6 +93,32 @@ TEST_F(MeasureSheetTest, ThePreviewOfAProjectWithoutDataFolderHasOneLineAndTheNo
     EXPECT_EQ(m.down("previewFileRow", "previewNote"), 6);
 }
 
+TEST_F(MeasureSheetTest, AnOldNameTakesItsOwnWidthOrHalfOrWhatTheNewNameLeaves) {
+    const QString longName = "The Long Way Home From The Late Show (instrumental take 3)";
+    w.addProject(longName.toStdString());
+    w.bridge->rescan();
+    w.settle();
+    open(2, longName + " again");
+    const auto width = [this](const QString& name) { return w.box(name).width(); };
+    const auto rename = [this](const QString& name) {
+        w.find("newNameField")->setProperty("text", name);
+        w.settle();
+    };
+    const double half = (width("previewFileRow") - width("previewArrow")) / 2 - 8;
+    EXPECT_NEAR(width("previewOldName"), half, 0.01) << "neither has room";
+    rename("Blue");
+    EXPECT_GT(width("previewOldName"), half + 50) << "the new one leaves more";
+    EXPECT_EQ(m.lines("previewNewName"), 1);
+    EXPECT_NEAR(width("previewOldName") + width("previewNewName"), 2 * half, 0.01);
+    w.press(Qt::Key_Escape);
+    w.settle();
+    open(0, "Red Hour");
+    EXPECT_NEAR(width("previewOldName"), w.find("previewOldName")->implicitWidth(), 1) << "both have room";
+    rename(longName);
+    EXPECT_NEAR(width("previewOldName"), w.find("previewOldName")->implicitWidth(), 1) << "the old one has room";
+    EXPECT_EQ(m.lines("previewOldName"), 1);
+}
+
 TEST_F(MeasureSheetTest, ALineGoesThroughEachLineOfAnOldNameAndLeavesItsLettersLegible) {
     w.addProject("The Long Way Home From The Late Show (instrumental take 3)");
     w.bridge->rescan();
