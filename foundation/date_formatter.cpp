@@ -3,21 +3,12 @@
 #include "foundation/icu.h"
 
 #include <ctime>
+#include <memory>
 
 #include <unicode/simpletz.h>
 #include <unicode/smpdtfmt.h>
-#include <unicode/timezone.h>
-#include <unicode/unistr.h>
 
 namespace tarvolt {
-
-struct DateFormatter::Format {
-    Format(const icu::UnicodeString& pattern, const icu::Locale& locale, UErrorCode& status)
-        : icuFormat(pattern, locale, status) {}
-
-    icu::SimpleDateFormat icuFormat;
-    bool inUsersZone = false;
-};
 
 namespace {
 
@@ -30,30 +21,33 @@ std::chrono::milliseconds usersOffset(std::chrono::milliseconds sinceEpoch) {
     return ::localtime_r(&time, &local) != nullptr ? std::chrono::seconds(local.tm_gmtoff) : std::chrono::seconds(0);
 }
 
-} // namespace
-
-DateFormatter::DateFormatter(std::string_view pattern, std::string_view locale, std::string_view timeZone) {
-    UErrorCode status = U_ZERO_ERROR;
-    format_ = std::make_unique<Format>(icu::UnicodeString::fromUTF8(pattern), icuLocale(locale), status);
-    throwIfFailed(status, "SimpleDateFormat");
-    format_->inUsersZone = timeZone.empty();
-    if (!timeZone.empty()) {
-        format_->icuFormat.adoptTimeZone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(timeZone)));
+/// Formats are slow to make, and a log asks for the same one again and again: each thread keeps its last.
+icu::SimpleDateFormat& formatFor(std::string_view pattern, std::string_view locale) {
+    struct Last {
+        std::string pattern;
+        std::string locale;
+        std::unique_ptr<icu::SimpleDateFormat> format;
+    };
+    thread_local Last last;
+    if (!last.format || last.pattern != pattern || last.locale != locale) {
+        UErrorCode status = U_ZERO_ERROR;
+        auto format =
+            std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(pattern), icuLocale(locale), status);
+        throwIfFailed(status, "SimpleDateFormat");
+        last = {std::string(pattern), std::string(locale), std::move(format)};
     }
+    return *last.format;
 }
 
-DateFormatter::DateFormatter(DateFormatter&&) noexcept = default;
-DateFormatter& DateFormatter::operator=(DateFormatter&&) noexcept = default;
-DateFormatter::~DateFormatter() = default;
+} // namespace
 
-std::string DateFormatter::text(std::chrono::system_clock::time_point time) const {
+std::string dateText(std::chrono::system_clock::time_point time, std::string_view pattern, std::string_view locale) {
     const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(time.time_since_epoch());
-    if (format_->inUsersZone) {
-        const auto offset = static_cast<std::int32_t>(usersOffset(milliseconds).count());
-        format_->icuFormat.setTimeZone(icu::SimpleTimeZone(offset, icu::UnicodeString()));
-    }
+    icu::SimpleDateFormat& format = formatFor(pattern, locale);
+    format.setTimeZone(
+        icu::SimpleTimeZone(static_cast<std::int32_t>(usersOffset(milliseconds).count()), icu::UnicodeString()));
     icu::UnicodeString text;
-    format_->icuFormat.format(static_cast<UDate>(milliseconds.count()), text);
+    format.format(static_cast<UDate>(milliseconds.count()), text);
     std::string utf8;
     return text.toUTF8String(utf8);
 }

@@ -2,13 +2,12 @@
 
 #include "app/bridge/qt_text.h"
 #include "app/bridge/tell_once.h"
-
-#include <utility>
+#include "app/sections/log_texts.h"
 
 namespace tarvolt {
 
-LogModel::LogModel(MPCScanner& scanner, DateFormatter timeFormatter)
-    : entries_(scanner.logEntries.get()), timeFormatter_(std::move(timeFormatter)), known_(entries_.size()),
+LogModel::LogModel(MPCScanner& scanner)
+    : entries_(scanner.logEntries.get()), locale_(scanner.services().locale), known_(entries_.size()),
       subscriptions_(tellOnce(
           this, [this] { takeNewEntries(); }, scanner.logEntries)) {}
 
@@ -30,14 +29,14 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
     const auto& entry = entries_[entries_.size() - known_ + static_cast<std::size_t>(index.row())];
     switch (role) {
     case timeRole:
-        return displayString(timeFormatter_.text(entry.timestamp));
+        return displayString(logTimeText(entry.timestamp, locale_.time));
     case messageRole:
         return displayString(entry.message);
     case isErrorRole:
         return entry.isError;
     case sentenceRole:
         // What the colour shows, the message of a failure says itself.
-        return singleLineString(entry.message + ", " + timeFormatter_.text(entry.timestamp));
+        return singleLineString(entry.message + ", " + logTimeText(entry.timestamp, locale_.time));
     default:
         return {};
     }

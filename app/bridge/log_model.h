@@ -1,6 +1,5 @@
 #pragma once
 
-#include "foundation/date_formatter.h"
 #include "model/mpc_scanner.h"
 
 #include <QAbstractListModel>
@@ -23,7 +22,7 @@ public:
     Q_ENUM(Role)
 
     /// `scanner` outlives the model.
-    LogModel(MPCScanner& scanner, DateFormatter timeFormatter);
+    explicit LogModel(MPCScanner& scanner);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -37,7 +36,7 @@ private:
     void takeNewEntries();
 
     const MPCScanner::LogEntries& entries_;
-    DateFormatter timeFormatter_;
+    const UserLocale& locale_;
     std::size_t known_;
     std::vector<Subscription> subscriptions_;
 };

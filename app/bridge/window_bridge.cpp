@@ -12,8 +12,7 @@
 namespace tarvolt {
 
 WindowBridge::WindowBridge(std::shared_ptr<ContentView> view)
-    : view_(std::move(view)), sheet_(view_), projects_(view_, sheet_),
-      log_(*view_->scanner, makeLogTimeFormatter(view_->scanner->services().locale.time)),
+    : view_(std::move(view)), sheet_(view_), projects_(view_, sheet_), log_(*view_->scanner),
       subscriptions_(tellOnce(
           this, [this] { emit changed(); }, view_->scanner->projects, view_->scanner->folderURL,
           view_->scanner->isScanning, view_->choosesFolder)) {

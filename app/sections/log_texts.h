@@ -2,13 +2,11 @@
 
 #include "foundation/date_formatter.h"
 
-#include <string_view>
-
 namespace tarvolt {
 
-/// Formats the times of log lines: pattern "h:mm:ss a" in a locale and time zone (empty: the user's own).
-inline DateFormatter makeLogTimeFormatter(std::string_view locale, std::string_view timeZone = {}) {
-    return {"h:mm:ss a", locale, timeZone};
+/// The time of a log line, such as "3:07:09 PM", in a locale and the user's time zone.
+inline std::string logTimeText(std::chrono::system_clock::time_point time, std::string_view locale) {
+    return dateText(time, "h:mm:ss a", locale);
 }
 
 } // namespace tarvolt

@@ -1,8 +1,8 @@
 #include "app/bridge/log_model.h"
 #include "app/bridge/project_list_model.h"
 
-#include "app/sections/log_texts.h"
 #include "tests/app/bridge/print_qt.h"
+#include "tests/support/process_time_zone.h"
 #include "tests/support/scene.h"
 
 #include <QAbstractItemModelTester>
@@ -116,7 +116,8 @@ protected:
 
     testing::Scene scene;
     std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services());
-    LogModel model{*scanner, makeLogTimeFormatter("en_US", "UTC")};
+    const testing::ProcessTimeZone zone{"UTC0"};
+    LogModel model{*scanner};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy inserts{&model, &QAbstractItemModel::rowsInserted};
     QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
