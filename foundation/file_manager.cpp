@@ -6,15 +6,6 @@
 
 namespace tarvolt {
 
-std::filesystem::path appending(const std::filesystem::path& folder, std::string_view component) {
-    std::string bytes = folder.native();
-    if (!bytes.empty() && bytes.back() != '/') {
-        bytes += '/';
-    }
-    bytes += component;
-    return bytes;
-}
-
 FileError::FileError(int errorNumber, const std::string& call, std::filesystem::path path)
     : std::system_error(errorNumber, std::system_category(), call + " " + path.native()), path_(std::move(path)) {}
 

@@ -11,9 +11,6 @@
 
 namespace tarvolt {
 
-/// `folder` with `component` appended, byte for byte. (`path::operator/` interprets some names.)
-std::filesystem::path appending(const std::filesystem::path& folder, std::string_view component);
-
 /// A failed file operation. `code()` is the operating system's error.
 class FileError : public std::system_error {
 public:

@@ -6,20 +6,16 @@ namespace tarvolt {
 
 namespace {
 
-Translator& installedTranslator() {
-    static Translator translator;
-    return translator;
-}
+Translator installed;
 
 } // namespace
 
 std::string localized(const char* context, const char* key) {
-    const Translator& translator = installedTranslator();
-    return translator ? translator(context, key) : std::string(key);
+    return installed ? installed(context, key) : std::string(key);
 }
 
 void setTranslator(Translator translator) {
-    installedTranslator() = std::move(translator);
+    installed = std::move(translator);
 }
 
 } // namespace tarvolt

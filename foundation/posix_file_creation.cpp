@@ -39,11 +39,9 @@ public:
     /// Writes all of the contents and flushes them to disk.
     bool fill(std::string_view contents);
 
-    /// Gives the file the name of its place. False when the name is taken or cannot be given.
-    bool giveName();
-
-    /// The identity of the file under its new name.
-    FileIdentity identity() const;
+    /// Gives the file the name of its place and returns its identity under that name; absent when the name is taken or
+    /// cannot be given.
+    std::optional<FileIdentity> giveName();
 
 private:
     bool link();
@@ -79,13 +77,18 @@ bool Draft::closesWithoutLoss() const {
     return second && second.close();
 }
 
-bool Draft::giveName() {
-    // A network drive can give the name and lose the reply.
-    if (link()) {
-        return true;
-    }
+std::optional<FileIdentity> Draft::giveName() {
+    const bool isLinked = link();
     const auto named = place_.state();
-    return named && named->identity == written_.identity;
+    FileState likeWritten = written_;
+    if (isLinked && named) {
+        // Some user-space file systems number names instead of files. There the rest of the state identifies the file.
+        likeWritten.identity.inode = named->identity.inode;
+        return (named == likeWritten ? likeWritten : written_).identity;
+    }
+    // A network drive can give the name and lose the reply.
+    return isLinked || (named && named->identity == written_.identity) ? std::optional(written_.identity)
+                                                                       : std::nullopt;
 }
 
 bool Draft::link() {
@@ -102,14 +105,6 @@ bool Draft::link() {
     }
     hiddenName_.clear();
     return true;
-}
-
-FileIdentity Draft::identity() const {
-    // Some user-space file systems number names instead of files. There the rest of the state identifies the file.
-    const auto named = place_.state();
-    FileState expected = written_;
-    expected.identity.inode = named ? named->identity.inode : written_.identity.inode;
-    return named == expected ? expected.identity : written_.identity;
 }
 
 void Draft::removeHiddenName() {
@@ -132,8 +127,7 @@ std::optional<FileIdentity> createFile(const Place& place, std::string_view cont
         if (!draft.fill(contents)) {
             return std::nullopt;
         }
-        if (draft.giveName()) {
-            const auto identity = draft.identity();
+        if (const auto identity = draft.giveName()) {
             if (place.synchroniseFolder()) {
                 return identity;
             }

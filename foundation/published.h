@@ -7,18 +7,8 @@
 
 namespace tarvolt {
 
-/// Keeps an observer subscribed as long as this object lives. Can be moved but not copied.
-class Subscription {
-public:
-    Subscription() = default;
-    explicit Subscription(std::shared_ptr<void> token) : token_(std::move(token)) {}
-    Subscription(Subscription&&) noexcept = default;
-    Subscription& operator=(Subscription&&) noexcept = default;
-    ~Subscription() = default;
-
-private:
-    std::shared_ptr<void> token_;
-};
+/// Keeps an observer subscribed for as long as it, or a copy of it, lives.
+using Subscription = std::shared_ptr<const void>;
 
 /// A value that notifies its observers before each change, when they still read the old value. One call of `set` or
 /// `change` is one change, even if the new value equals the old one. Observers are called in the order in which they
@@ -49,7 +39,7 @@ public:
     [[nodiscard]] Subscription observe(Observer observer) {
         auto token = std::make_shared<Observer>(std::move(observer));
         observers_.emplace_back(token);
-        return Subscription(std::move(token));
+        return token;
     }
 
 private:

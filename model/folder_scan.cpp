@@ -40,7 +40,7 @@ MPCProject projectOf(const FileManager& fileManager, const std::filesystem::path
     std::int64_t total = 0;
     if (const auto expected = baseName + std::string(dataFolderSuffix);
         std::ranges::binary_search(listing.dataFolderNames, expected)) {
-        dataFolder = appending(folder, expected);
+        dataFolder = folder / expected;
         try {
             fileManager.contentsOfDirectory(*dataFolder, LinkPolicy::refuse, [&](const DirectoryEntry& entry) {
                 ++count;
@@ -52,7 +52,7 @@ MPCProject projectOf(const FileManager& fileManager, const std::filesystem::path
         }
     }
     addSize(total, file.fileSize.value_or(0));
-    return {std::move(baseName), appending(folder, file.name), std::move(dataFolder), count, total};
+    return {std::move(baseName), folder / file.name, std::move(dataFolder), count, total};
 }
 
 /// Calls `work` once for each index below `count`, on this thread and, with `inParallel`, on a few others, which are

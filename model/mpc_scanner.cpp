@@ -13,13 +13,11 @@ namespace tarvolt {
 namespace {
 
 FolderPanelSettings projectsFolderPanel() {
-    FolderPanelSettings settings;
-    settings.canChooseDirectories = true;
-    settings.canChooseFiles = false;
-    settings.allowsMultipleSelection = false;
-    settings.message = localized("FolderPanel", "Select the folder containing your MPC projects");
-    settings.prompt = localized("FolderPanel", "Select Folder");
-    return settings;
+    return {.canChooseDirectories = true,
+            .canChooseFiles = false,
+            .allowsMultipleSelection = false,
+            .message = localized("FolderPanel", "Select the folder containing your MPC projects"),
+            .prompt = localized("FolderPanel", "Select Folder")};
 }
 
 std::string scanErrorText(const std::exception& failure) {
@@ -31,23 +29,18 @@ std::string scanErrorText(const std::exception& failure) {
     return "Scan error: The folder \"" + name.string() + "\" could not be read: " + error->localizedDescription();
 }
 
-/// Lists, measures and sorts the projects, and logs how many there are.
-MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::path& folder) {
-    const Services& services = scanner.services();
-    const FolderListing listing = listFolder(*services.fileManager, folder);
-    scanner.log("Found " + std::to_string(listing.projectFiles.size()) + " .xpj file(s) and " +
-                    std::to_string(listing.dataFolderNames.size()) + " data folder(s)",
-                false);
-    auto projects = measureProjects(*services.fileManager, folder, listing);
-    sortByName(projects, services.locale.collate);
-    return projects;
-}
-
 /// The background half of a scan. A task must not throw, so every failure ends the scan with a line that gives the
 /// reason.
-MPCScanner::Projects findProjectsOrLogWhyNot(MPCScanner& scanner, const std::filesystem::path& folder) {
+MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::path& folder) {
+    const Services& services = scanner.services();
     try {
-        return findProjects(scanner, folder);
+        const FolderListing listing = listFolder(*services.fileManager, folder);
+        scanner.log("Found " + std::to_string(listing.projectFiles.size()) + " .xpj file(s) and " +
+                        std::to_string(listing.dataFolderNames.size()) + " data folder(s)",
+                    false);
+        auto projects = measureProjects(*services.fileManager, folder, listing);
+        sortByName(projects, services.locale.collate);
+        return projects;
     } catch (const std::exception& failure) {
         scanner.log(scanErrorText(failure), true);
         return {};
@@ -103,7 +96,7 @@ void MPCScanner::scan(Task published) {
     try {
         services_.backgroundQueue->async([weak = weak_from_this(), folder = *folderURL.get(), published] {
             if (auto self = weak.lock()) {
-                auto found = findProjectsOrLogWhyNot(*self, folder);
+                auto found = findProjects(*self, folder);
                 publish(std::move(self), std::move(found), published);
             }
         });

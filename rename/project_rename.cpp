@@ -88,8 +88,8 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     if (const auto refusal = validateProjectName(newName)) {
         throw *refusal;
     }
-    const path newProjectFile = appending(folder, newName + std::string(projectFileExtension));
-    const path newDataFolder = appending(folder, newName + std::string(dataFolderSuffix));
+    const path newProjectFile = folder / (newName + std::string(projectFileExtension));
+    const path newDataFolder = folder / (newName + std::string(dataFolderSuffix));
     if (fileManager.fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);
     }
