@@ -87,25 +87,18 @@ void ContentView::performRename(const MPCProject& project) {
         return;
     }
     successProject.set(project.id());
-    finishedRename.set(FinishedRename{project.id(), name, false});
+    listedName.set(std::nullopt);
     renamingProject.set(std::nullopt);
     auto& mainQueue = *scanner->services().mainQueue;
-    mainQueue.asyncAfter(rescanDelay, [self = shared_from_this(), renamed = project.id()] {
-        // The scan must not keep the view alive.
-        self->scanner->scan([weak = self->weak_from_this(), renamed] {
-            if (const auto view = weak.lock()) {
-                view->rescanPublished(renamed);
+    mainQueue.asyncAfter(rescanDelay, [self = shared_from_this(), name, number = ++renames_] {
+        // The scan must not keep the view alive. Of several renames the last one counts.
+        self->scanner->scan([weak = self->weak_from_this(), name, number] {
+            if (const auto view = weak.lock(); view && view->renames_ == number) {
+                view->listedName.set(name);
             }
         });
     });
     mainQueue.asyncAfter(highlightDuration, [self = shared_from_this()] { self->successProject.set(std::nullopt); });
-}
-
-/// Of several renames the last one counts.
-void ContentView::rescanPublished(const UUID& renamed) {
-    if (const auto& last = finishedRename.get(); last && last->project == renamed) {
-        finishedRename.change([](auto& rename) { rename->listed = true; });
-    }
 }
 
 void ContentView::dismissAlert() {

@@ -13,13 +13,6 @@ namespace tarvolt {
 /// What stands under the header.
 enum class ContentArea { folderPicker, emptyState, projectList };
 
-/// A rename that went well, until its new name has been shown in the list.
-struct FinishedRename {
-    UUID project;     ///< the record that was renamed
-    std::string name; ///< the new name
-    bool listed;      ///< the scan that follows the rename has been published
-};
-
 /// The state of the main view and what follows from it, without a toolkit. Main thread only. Nothing of it is saved.
 class ContentView final : public std::enable_shared_from_this<ContentView> {
     struct Passkey {};
@@ -31,14 +24,14 @@ public:
     ContentView(Passkey, Services services);
 
     const std::shared_ptr<MPCScanner> scanner;
-    Published<std::optional<MPCProject>> renamingProject;    ///< the sheet is open exactly while present
-    Published<std::string> newName;                          ///< the text of the sheet's field
-    Published<std::optional<std::string>> errorMessage;      ///< the text of the failure alert
-    Published<bool> showError;                               ///< the alert is shown exactly while true
-    Published<std::optional<UUID>> successProject;           ///< the project just renamed, for its highlight
-    Published<std::string> searchText;                       ///< written by the search field only
-    Published<bool> choosesFolder;                           ///< the folder panel is open
-    Published<std::optional<FinishedRename>> finishedRename; ///< the last rename; absent once it has been shown
+    Published<std::optional<MPCProject>> renamingProject; ///< the sheet is open exactly while present
+    Published<std::string> newName;                       ///< the text of the sheet's field
+    Published<std::optional<std::string>> errorMessage;   ///< the text of the failure alert
+    Published<bool> showError;                            ///< the alert is shown exactly while true
+    Published<std::optional<UUID>> successProject;        ///< the project just renamed, for its highlight
+    Published<std::string> searchText;                    ///< written by the search field only
+    Published<bool> choosesFolder;                        ///< the folder panel is open
+    Published<std::optional<std::string>> listedName; ///< the last rename's new name, once its own scan is published
 
     /// The projects to list: all of them for an empty search text, else those whose name holds it, in their order.
     std::vector<MPCProject> filteredProjects() const;
@@ -64,7 +57,7 @@ public:
     void cancelRename();
 
     /// Renames the project to the trimmed new name. On failure the alert is shown and the sheet stays; on success the
-    /// sheet closes, the row is highlighted, `finishedRename` is set, the folder is scanned again 0.5 s later and the
+    /// sheet closes, the row is highlighted, the folder is scanned again 0.5 s later, which sets `listedName`, and the
     /// highlight ends 2.0 s later.
     void performRename(const MPCProject& project);
 
@@ -75,7 +68,8 @@ public:
 
 private:
     bool matchesSearch(const std::string& name) const;
-    void rescanPublished(const UUID& renamed);
+
+    int renames_ = 0; ///< those that went well
 };
 
 } // namespace tarvolt

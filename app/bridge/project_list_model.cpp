@@ -26,8 +26,7 @@ ProjectListModel::ProjectListModel(std::shared_ptr<ContentView> view, SheetBridg
       projects_(view_->filteredProjects()),
       subscriptions_(tellOnce(
           this, [this] { refresh(); }, view_->scanner->projects, view_->scanner->isScanning, view_->searchText,
-          view_->successProject, view_->finishedRename, view_->renamingProject, view_->showError,
-          view_->choosesFolder)) {
+          view_->successProject, view_->listedName, view_->renamingProject, view_->showError, view_->choosesFolder)) {
     connect(&sheet_, &SheetBridge::renamed, this, &ProjectListModel::renamed);
 }
 
@@ -50,25 +49,17 @@ void ProjectListModel::showProjects(std::vector<MPCProject> projects) {
 }
 
 void ProjectListModel::highlight(std::optional<UUID> renamed) {
-    const auto previous = std::exchange(renamed_, renamed);
-    if (previous == renamed) {
-        return;
-    }
-    for (int row = 0; row < rowCount(); ++row) {
-        const UUID& id = projects_[static_cast<std::size_t>(row)].id();
-        if (id == previous || id == renamed) {
-            emit dataChanged(index(row), index(row), {renamedRole, sentenceRole, detailsSentenceRole});
-        }
+    if (std::exchange(renamed_, renamed) != renamed && !projects_.empty()) {
+        emit dataChanged(index(0), index(rowCount() - 1), {renamedRole, sentenceRole, detailsSentenceRole});
     }
 }
 
 void ProjectListModel::leadToRenamed() {
     // What stands over the list keeps the focus until it closes.
-    const auto rename = view_->finishedRename.get();
-    if (rename && rename->listed && !view_->isCovered() && !view_->scanner->isScanning.get()) {
-        view_->finishedRename.set(std::nullopt);
-        emit renamedProjectListed(firstRow(projects_, rename->name, &MPCProject::baseName),
-                                  view_->searchHides(rename->name));
+    const auto name = view_->listedName.get();
+    if (name && !view_->isCovered() && !view_->scanner->isScanning.get()) {
+        view_->listedName.set(std::nullopt);
+        emit renamedProjectListed(firstRow(projects_, *name, &MPCProject::baseName), view_->searchHides(*name));
     }
 }
 

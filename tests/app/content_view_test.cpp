@@ -329,18 +329,15 @@ TEST_F(RenameFlow, EndsTheHighlightOfASecondRenameEarlyWithTheFirst) {
     EXPECT_FALSE(view->successProject.get().has_value());
 }
 
-TEST_F(RenameFlow, IsFinishedOnceTheScanThatFollowsItIsPublished) {
+TEST_F(RenameFlow, GivesTheNewNameOnceTheScanThatFollowsItIsPublished) {
     renameTo(" Beat ");
-    ASSERT_TRUE(view->finishedRename.get().has_value());
-    EXPECT_EQ(view->finishedRename.get()->name, "Beat");
-    EXPECT_FALSE(view->finishedRename.get()->listed);
     view->scanner->scan();
     scene.settle();
-    EXPECT_FALSE(view->finishedRename.get()->listed) << "a scan of somebody else's";
+    EXPECT_FALSE(view->listedName.get().has_value()) << "a scan of somebody else's";
     scene.mainQueue->advance(500ms);
-    EXPECT_FALSE(view->finishedRename.get()->listed);
+    EXPECT_FALSE(view->listedName.get().has_value());
     scene.settle();
-    EXPECT_TRUE(view->finishedRename.get()->listed);
+    EXPECT_EQ(view->listedName.get(), "Beat");
 }
 
 TEST_F(RenameFlow, WaitsForTheScanOfTheLastOfTwoRenames) {
@@ -352,16 +349,27 @@ TEST_F(RenameFlow, WaitsForTheScanOfTheLastOfTwoRenames) {
     view->performRename(other);
     scene.mainQueue->advance(100ms);
     scene.settle();
-    EXPECT_EQ(view->finishedRename.get()->name, "Loop");
-    EXPECT_FALSE(view->finishedRename.get()->listed) << "that was the first one's scan";
+    EXPECT_FALSE(view->listedName.get().has_value()) << "that was the first one's scan";
     scene.mainQueue->advance(400ms);
     scene.settle();
-    EXPECT_TRUE(view->finishedRename.get()->listed);
+    EXPECT_EQ(view->listedName.get(), "Loop");
 }
 
-TEST_F(RenameFlow, StaysUnfinishedOnFailure) {
+TEST_F(RenameFlow, ForgetsTheNameThatNobodyWasLedToWithTheNextRename) {
+    renameTo("Beat");
+    scene.mainQueue->advance(500ms);
+    scene.settle();
+    ASSERT_EQ(view->listedName.get(), "Beat");
+    song = project("Beat");
+    renameTo("Loop");
+    EXPECT_FALSE(view->listedName.get().has_value());
+}
+
+TEST_F(RenameFlow, GivesNoNameOnFailure) {
     renameTo("Other");
-    EXPECT_FALSE(view->finishedRename.get().has_value());
+    scene.mainQueue->advance(500ms);
+    scene.settle();
+    EXPECT_FALSE(view->listedName.get().has_value());
 }
 
 TEST_F(RenameFlow, TellsWhetherTheSearchHidesAName) {

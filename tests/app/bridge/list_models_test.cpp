@@ -74,17 +74,16 @@ TEST_F(ProjectListModelTest, LeavesTheRowsAloneForTheSameRecords) {
     EXPECT_EQ(resets.size(), 1) << "the same names with other identities are other records";
 }
 
-TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOnlyOfTheRowsThatChange) {
+TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOfEachChangeOnce) {
     const std::vector<MPCProject> records{project("a"), project("b"), project("c")};
     setProjects(records);
     setRenamed(records[1].id());
     ASSERT_EQ(changes.size(), 1);
-    EXPECT_EQ(changes.at(0).at(0).toModelIndex().row(), 1);
     EXPECT_EQ(at(1, ProjectListModel::renamedRole), true);
     EXPECT_EQ(at(0, ProjectListModel::renamedRole), false);
     EXPECT_EQ(at(1, ProjectListModel::sentenceRole), "b, 0 files, 48 KB, No data folder, Renamed");
     setRenamed(records[2].id());
-    EXPECT_EQ(changes.size(), 3);
+    EXPECT_EQ(changes.size(), 2);
     setRenamed(std::nullopt);
     EXPECT_EQ(at(2, ProjectListModel::renamedRole), false);
     changes.clear();
