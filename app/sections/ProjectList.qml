@@ -17,6 +17,7 @@ ListView {
     property bool ringed: false
     // The row that the keys go on from while the list rests; -1 for none.
     property int restingRow: -1
+    readonly property int from: resting ? restingRow : currentIndex
     // What the focus stays on when the rows are replaced.
     property string focusedName: ""
     readonly property int rowsInSight: currentItem ? Math.max(1, Math.floor(height / currentItem.height)) : 1
@@ -71,14 +72,10 @@ ListView {
         }
     }
 
+    Keys.onDownPressed: event => event.accepted = root.moveBy(1)
+    Keys.onUpPressed: event => event.accepted = root.moveBy(-1)
     Keys.onPressed: event => {
         switch (event.key) {
-        case Qt.Key_Down:
-            event.accepted = root.moveBy(1);
-            break;
-        case Qt.Key_Up:
-            event.accepted = root.moveBy(-1);
-            break;
         case Qt.Key_PageDown:
             event.accepted = root.moveBy(root.rowsInSight);
             break;
@@ -100,14 +97,13 @@ ListView {
     Keys.onBacktabPressed: event => event.accepted = root.moveBy(-1)
 
     function moveBy(distance: int): bool {
-        const from = root.resting ? root.restingRow : root.currentIndex;
-        return (from >= 0 || distance > 0) && root.goTo(from + distance);
+        return (root.from >= 0 || distance > 0) && root.goTo(root.from + distance);
     }
 
     // Whether there was another row to go to.
     function goTo(wanted: int): bool {
         const row = Math.max(0, Math.min(root.count - 1, wanted));
-        if (root.count === 0 || row === (root.resting ? root.restingRow : root.currentIndex))
+        if (root.count === 0 || row === root.from)
             return false;
         root.focusRow(row);
         return true;
