@@ -7,7 +7,7 @@
 namespace tarvolt {
 
 /// Takes a held Return, keypad Enter, Space or Escape for one press, and knows whether the person goes by keys or by
-/// the mouse. An event filter of the application for as long as it lives.
+/// the mouse. An event filter of the application for as long as it lives; QML has one, which is made with the window.
 ///
 /// An X11 desktop can deliver a repeated key as a release and a press that the toolkit does not know to be one
 /// repetition. Nobody is that quick, so a press that follows a release of the same key within hundredths of a second
