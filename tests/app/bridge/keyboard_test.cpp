@@ -250,6 +250,19 @@ TEST_F(KeyboardTest, ReturnAndKeypadEnterInTheFieldRenameOnce) {
     }
 }
 
+TEST_F(KeyboardTest, ReturnAndKeypadEnterInTheFieldAskForTheRenameWhileItsButtonIsDisabled) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        SceneWindow window;
+        window.addProjects(2);
+        window.choose();
+        window.bridge->projects()->beginRename(0);
+        window.settle();
+        ASSERT_FALSE(window.find("renameButton")->isEnabled());
+        window.press(key);
+        EXPECT_TRUE(window.bridge->sheet()->alertOpen());
+    }
+}
+
 TEST_F(KeyboardTest, AHeldReturnNeitherRenamesNorClosesTheAlert) {
     choose(2);
     openSheet(0);

@@ -1,7 +1,5 @@
 #include "tests/app/bridge/scene_window.h"
 
-#include <QElapsedTimer>
-
 namespace tarvolt {
 namespace {
 
@@ -58,11 +56,12 @@ TEST_F(LongListsTest, BuildOnlyTheVisibleRowsOfTwentyThousandProjects) {
 TEST_F(LongListsTest, FilterTwentyThousandProjectsWhileTyping) {
     showProjects(20000);
     w.find("searchField")->forceActiveFocus();
-    QElapsedTimer timer;
-    timer.start();
-    w.type("19999");
-    QCoreApplication::processEvents();
-    EXPECT_LT(timer.elapsed(), 1000);
+    const QString typed = "19999";
+    for (const QChar& character : typed) {
+        w.type(character);
+        QCoreApplication::processEvents();
+        EXPECT_LT(built(w.find("projectList"), "projectRow"), 40) << "rows are built for what is in sight only";
+    }
     EXPECT_EQ(w.findAll("projectRow").size(), 1U);
 }
 
