@@ -50,7 +50,7 @@ TEST(BackgroundQueue, RunsTasksAtTheSameTime) {
     EXPECT_EQ(done.get_future().wait_for(30s), std::future_status::ready);
 }
 
-TEST(BackgroundQueue, IsNeverEarlyWithADelayedTask) {
+TEST(BackgroundQueue, NeverRunsADelayedTaskEarly) {
     // On a busy machine one task alone is so late that it would hide an early start.
     const auto queue = makeBackgroundQueue();
     std::vector<std::pair<std::chrono::milliseconds, std::future<std::chrono::steady_clock::duration>>> waits;
@@ -66,7 +66,7 @@ TEST(BackgroundQueue, IsNeverEarlyWithADelayedTask) {
     }
 }
 
-TEST(BackgroundQueue, CountsATaskUntilWhatItHoldsIsLetGo) {
+TEST(BackgroundQueue, CountsATaskUntilWhatItHoldsIsReleased) {
     const auto queue = makeBackgroundQueue();
     std::promise<void> finish;
     waitUntilNoTaskRuns();
@@ -79,7 +79,7 @@ TEST(BackgroundQueue, CountsATaskUntilWhatItHoldsIsLetGo) {
     EXPECT_EQ(countWhenLetGo, 1);
 }
 
-TEST(BackgroundQueue, DropsATaskForWhichThereIsNoThreadAndSaysSo) {
+TEST(BackgroundQueue, DropsATaskAndThrowsWhenThereIsNoThreadForIt) {
     const auto queue = makeBackgroundQueue();
     waitUntilNoTaskRuns();
     bool ran = false;

@@ -15,13 +15,13 @@ std::string english(std::int64_t byteCount) {
     return byteCountText(byteCount, "en_US");
 }
 
-TEST(ByteCountText, AnswersAsTheReferenceTable) {
+TEST(ByteCountText, AgreesWithTheReferenceTable) {
     for (const testing::ReferenceRow& row : testing::readReferenceTable("byte_count.tsv", 325, 2)) {
         EXPECT_EQ(english(std::stoll(row.fields[0])), row.fields[1]) << row;
     }
 }
 
-TEST(ByteCountText, SpellsOutZeroAndHasASingularForOneByte) {
+TEST(ByteCountText, SpellsOutZeroAndHasASingular) {
     EXPECT_EQ(english(0), "Zero KB");
     EXPECT_EQ(english(1), "1 byte");
     EXPECT_EQ(english(2), "2 bytes");
@@ -71,11 +71,11 @@ TEST(ByteCountText, RollsOverToTheNextUnitWhereRoundingReachesAThousand) {
     EXPECT_EQ(english(999'995'000'000'000'000), "1 EB");
 }
 
-TEST(ByteCountText, ReachesTheLargestCount) {
+TEST(ByteCountText, CoversTheLargestCount) {
     EXPECT_EQ(english(std::numeric_limits<std::int64_t>::max()), "9.22 EB");
 }
 
-TEST(ByteCountText, TakesSeparatorAndDigitsFromTheLocale) {
+TEST(ByteCountText, TakesTheSeparatorAndDigitsFromTheLocale) {
     EXPECT_EQ(byteCountText(1'234'000'000, "de_DE"), "1,23 GB");
     EXPECT_EQ(byteCountText(1'234'000'000, "fr_FR"), "1,23 GB");
     EXPECT_EQ(byteCountText(1'234'000'000, "de_CH"), "1.23 GB");
@@ -86,7 +86,7 @@ TEST(ByteCountText, TakesSeparatorAndDigitsFromTheLocale) {
     EXPECT_EQ(byteCountText(0, "ar_EG"), "Zero KB");
 }
 
-TEST(ByteCountText, IsEnglishWhereTheLocaleIsRootOrUnknown) {
+TEST(ByteCountText, IsEnglishForTheRootLocaleAndUnknownOnes) {
     for (const char* locale : {"", "xx_YY", "en_US_POSIX"}) {
         EXPECT_EQ(byteCountText(1'234'000'000, locale), "1.23 GB") << locale;
     }
@@ -119,7 +119,7 @@ std::string slowByteCountText(std::int64_t byteCount) {
     }
 }
 
-TEST(ByteCountText, AnswersAsAnObviousFormatForRandomCountsAndAllBoundaries) {
+TEST(ByteCountText, AgreesWithASimpleFormatterOnRandomCountsAndAllBoundaries) {
     std::mt19937_64 random(5);
     for (int round = 0; round < 20000; ++round) {
         const auto count = static_cast<std::int64_t>(1000 + (random() >> (2 + random() % 49)));
@@ -137,7 +137,7 @@ TEST(ByteCountText, AnswersAsAnObviousFormatForRandomCountsAndAllBoundaries) {
     }
 }
 
-TEST(IntegerText, HasTheGroupsOfTheLocale) {
+TEST(IntegerText, IsGroupedAsInTheLocale) {
     EXPECT_EQ(integerText(1234567, "en_US"), "1,234,567");
     EXPECT_EQ(integerText(1234567, "de_DE"), "1.234.567");
     EXPECT_EQ(integerText(1234567, "hi_IN"), "12,34,567");
@@ -150,12 +150,12 @@ TEST(IntegerText, TakesTheDigitsFromTheLocale) {
     EXPECT_EQ(integerText(1234, "fa_IR"), "\u06f1\u066c\u06f2\u06f3\u06f4");
 }
 
-TEST(IntegerText, ReachesBothEnds) {
+TEST(IntegerText, CoversTheWholeRange) {
     EXPECT_EQ(integerText(std::numeric_limits<std::int64_t>::max(), "en_US"), "9,223,372,036,854,775,807");
     EXPECT_EQ(integerText(std::numeric_limits<std::int64_t>::min(), "en_US"), "-9,223,372,036,854,775,808");
 }
 
-TEST(IntegerText, IsEnglishWhereTheLocaleIsRootOrUnknown) {
+TEST(IntegerText, IsEnglishForTheRootLocaleAndUnknownOnes) {
     for (const char* locale : {"", "xx_YY"}) {
         EXPECT_EQ(integerText(1234567, locale), "1,234,567") << locale;
     }

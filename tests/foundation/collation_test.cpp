@@ -32,7 +32,7 @@ std::vector<std::string> sorted(const std::vector<std::string>& names, std::stri
 
 using Names = std::vector<std::string>;
 
-TEST(LocalizedCaseInsensitiveCompareOrder, AnswersAsTheReferenceTable) {
+TEST(LocalizedCaseInsensitiveCompareOrder, AgreesWithTheReferenceTable) {
     const std::vector<testing::ReferenceRow> groups = testing::readReferenceTable("order.tsv", 104, 0);
     std::vector<std::string_view> ascending;
     for (const testing::ReferenceRow& group : groups) {
@@ -61,12 +61,12 @@ TEST(LocalizedCaseInsensitiveCompareOrder, AnswersAsTheReferenceTable) {
     }
 }
 
-TEST(LocalizedCaseInsensitiveCompareOrder, KeepsTheOrderOfNamesThatDifferInCaseAlone) {
+TEST(LocalizedCaseInsensitiveCompareOrder, KeepsTheOrderOfNamesThatDifferOnlyInCase) {
     EXPECT_EQ(sorted({"beta", "Alpha", "alpha"}), (Names{"Alpha", "alpha", "beta"}));
     EXPECT_EQ(sorted({"beta", "alpha", "Alpha"}), (Names{"alpha", "Alpha", "beta"}));
 }
 
-TEST(LocalizedCaseInsensitiveCompareOrder, IsNoOrderByCodes) {
+TEST(LocalizedCaseInsensitiveCompareOrder, DoesNotSortByCodes) {
     for (const char* locale : {"", "en_US", "en_US_POSIX", "xx_YY"}) {
         EXPECT_EQ(sorted({"Zebra", "apple", "Banana", "\u00e9clair", "fig"}, locale),
                   (Names{"apple", "Banana", "\u00e9clair", "fig", "Zebra"}))
@@ -74,7 +74,7 @@ TEST(LocalizedCaseInsensitiveCompareOrder, IsNoOrderByCodes) {
     }
 }
 
-TEST(LocalizedCaseInsensitiveCompareOrder, ReadsNoNumbersInDigits) {
+TEST(LocalizedCaseInsensitiveCompareOrder, DoesNotReadDigitsAsNumbers) {
     EXPECT_EQ(sorted({"Beat 2", "Beat 10"}), (Names{"Beat 10", "Beat 2"}));
 }
 
@@ -94,7 +94,7 @@ TEST(LocalizedCaseInsensitiveCompareOrder, FollowsTheLocale) {
               (Names{"hal", "Isak", "\u0131s\u0131", "izmir"}));
 }
 
-TEST(LocalizedCaseInsensitiveCompareOrder, PutsNamesThatAreNotUtf8WhereTheirDisplayFormBelongs) {
+TEST(LocalizedCaseInsensitiveCompareOrder, SortsNamesThatAreNotUtf8ByTheirDisplayForm) {
     std::mt19937 random(4);
     constexpr std::array<std::string_view, 8> pieces{"a",        "B",    "\xE9", "\xC3\xA9", "\xF0\x9F\x8E",
                                                      "\xED\xA0", "\xFF", " "};
@@ -111,7 +111,7 @@ TEST(LocalizedCaseInsensitiveCompareOrder, PutsNamesThatAreNotUtf8WhereTheirDisp
     }
 }
 
-TEST(LocalizedCaseInsensitiveCompareOrder, ComparesTheLongestNamesToTheirEnd) {
+TEST(LocalizedCaseInsensitiveCompareOrder, ComparesTheLongestNamesToTheEnd) {
     // The second of these stands for eighteen letters.
     for (const char* letter : {"\u1ec7", "\ufdfa"}) {
         std::string name;

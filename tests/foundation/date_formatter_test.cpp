@@ -27,7 +27,7 @@ std::string text(std::chrono::nanoseconds sinceMidnight, std::string_view locale
                     locale);
 }
 
-TEST(DateText, AnswersAsTheReferenceTable) {
+TEST(DateText, AgreesWithTheReferenceTable) {
     for (const testing::ReferenceRow& row : testing::readReferenceTable("time.tsv", 105, 3)) {
         int hour = -1;
         int minute = -1;
@@ -37,26 +37,26 @@ TEST(DateText, AnswersAsTheReferenceTable) {
     }
 }
 
-TEST(DateText, CallsNoonAndMidnightTwelve) {
+TEST(DateText, WritesNoonAndMidnightAsTwelve) {
     EXPECT_EQ(text(12h), "12:00:00 PM");
     EXPECT_EQ(text(0h), "12:00:00 AM");
     EXPECT_EQ(text(24h), "12:00:00 AM");
 }
 
-TEST(DateText, WritesHoursWithoutAndMinutesWithALeadingZero) {
+TEST(DateText, WritesALeadingZeroForMinutesButNotForHours) {
     EXPECT_EQ(text(9h + 5min), "9:05:00 AM");
     EXPECT_EQ(text(9h + 5min + 3s), "9:05:03 AM");
     EXPECT_EQ(text(15h + 7min + 9s), "3:07:09 PM");
 }
 
-TEST(DateText, RoundsNoSecondUp) {
+TEST(DateText, DoesNotRoundSecondsUp) {
     EXPECT_EQ(text(11h + 59min + 59s + 999ms), "11:59:59 AM");
     EXPECT_EQ(text(11h + 59min + 59s + 999'999'999ns), "11:59:59 AM");
     const ProcessTimeZone zone("UTC0");
     EXPECT_EQ(dateText(TimePoint(-1ns), pattern, "en_US"), "11:59:59 PM") << "before 1970";
 }
 
-TEST(DateText, IsEnglishWhereTheLocaleIsRootOrUnknown) {
+TEST(DateText, IsEnglishForTheRootLocaleAndUnknownOnes) {
     EXPECT_EQ(text(15h, ""), "3:00:00 PM");
     EXPECT_EQ(text(15h, "xx_YY"), "3:00:00 PM");
 }
@@ -87,7 +87,7 @@ TEST(DateText, FollowsTheUsersOwnTimeZoneWhenItChanges) {
     EXPECT_EQ(dateText(july, "HH:mm Z", "en_US"), "21:00 -0300");
 }
 
-TEST(DateText, KnowsTimeZonesThatAreWrittenOutAsRules) {
+TEST(DateText, SupportsTimeZonesWrittenAsRules) {
     const ProcessTimeZone zone("CET-1CEST,M3.5.0,M10.5.0/3");
     EXPECT_EQ(dateText(july, "HH:mm:ss", "en_US"), "02:00:00");
     EXPECT_EQ(dateText(july + 184 * 24h, "HH:mm:ss", "en_US"), "01:00:00");

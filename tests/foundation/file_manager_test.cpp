@@ -12,7 +12,7 @@
 namespace tarvolt {
 namespace {
 
-TEST(FileError, DescribesItselfInTheWordsOfTheOperatingSystem) {
+TEST(FileError, IsDescribedInTheWordsOfTheOperatingSystem) {
     EXPECT_EQ(FileError(EACCES, "open", "/p/Song.xpj").localizedDescription(), "Permission denied");
     EXPECT_EQ(FileError(ENOTEMPTY, "rename", "/p").localizedDescription(), "Directory not empty");
 }
@@ -32,7 +32,7 @@ void describeInGerman() {
     std::_Exit(isUtf8 ? described : notDescribed);
 }
 
-TEST(FileError, DescribesItselfInUtf8AlsoWhereTheLocaleHasAnotherCharacterSet) {
+TEST(FileError, IsDescribedInUtf8EvenIfTheLocaleHasAnotherCharacterSet) {
     int status = -1;
     const auto isNotWrong = [&](int ending) {
         status = WIFEXITED(ending) ? WEXITSTATUS(ending) : notDescribed;
@@ -44,7 +44,7 @@ TEST(FileError, DescribesItselfInUtf8AlsoWhereTheLocaleHasAnotherCharacterSet) {
     }
 }
 
-TEST(FileError, KnowsItsCodeItsCallAndItsPath) {
+TEST(FileError, HasACodeAPathAndTheCallInItsText) {
     const FileError error(ENOENT, "open", "/p/Song.xpj");
     EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
     EXPECT_EQ(error.path(), "/p/Song.xpj");

@@ -18,7 +18,7 @@ TEST(Icu, ThrowsForAFailureAndNamesTheCallAndTheError) {
     }
 }
 
-TEST(Icu, TakesTheRootForWhatIsNoLocale) {
+TEST(Icu, UsesTheRootForWhatIsNotALocale) {
     EXPECT_STREQ(icuLocale("sr_Latn_RS").getName(), "sr_Latn_RS");
     for (const char* identifier : {"", "xx_YY", "a", "1"}) {
         EXPECT_STREQ(icuLocale(identifier).getName(), "") << identifier;

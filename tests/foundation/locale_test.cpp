@@ -25,7 +25,7 @@ std::string searchLocale(const std::string& value) {
     return localeFrom({{"LANG", value}}).characters;
 }
 
-TEST(UserLocale, IsRootForOrderAndSearchAndEnglishForFormatsWhenNothingIsSet) {
+TEST(UserLocale, IsRootForOrderAndSearchAndEnglishForFormatsByDefault) {
     const UserLocale locale = localeFrom({});
     EXPECT_EQ(locale.collate, "");
     EXPECT_EQ(locale.characters, "");
@@ -33,7 +33,7 @@ TEST(UserLocale, IsRootForOrderAndSearchAndEnglishForFormatsWhenNothingIsSet) {
     EXPECT_EQ(locale.numeric, "en_US");
 }
 
-TEST(UserLocale, TakesCAndPosixForNoLocale) {
+TEST(UserLocale, TreatsCAndPosixAsUnset) {
     for (const char* name : {"C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8", "C@euro"}) {
         const UserLocale locale = localeFrom({{"LANG", name}});
         EXPECT_EQ(locale.collate, "") << name;
@@ -63,7 +63,7 @@ TEST(UserLocale, TakesLangWhereACategoryIsUnsetOrEmpty) {
     EXPECT_EQ(locale.numeric, "ja_JP");
 }
 
-TEST(UserLocale, LetsLcAllOverruleTheRest) {
+TEST(UserLocale, LetsLcAllOverrideTheRest) {
     const UserLocale locale =
         localeFrom({{"LC_ALL", "pt_BR.UTF-8"}, {"LC_TIME", "de_DE"}, {"LC_COLLATE", "C"}, {"LANG", "ja_JP"}});
     EXPECT_EQ(locale.collate, "pt_BR");
@@ -72,14 +72,14 @@ TEST(UserLocale, LetsLcAllOverruleTheRest) {
     EXPECT_EQ(locale.numeric, "pt_BR");
 }
 
-TEST(UserLocale, LetsACategorySetToCStandAgainstLang) {
+TEST(UserLocale, LetsACategorySetToCOverrideLang) {
     const UserLocale locale = localeFrom({{"LC_COLLATE", "C"}, {"LC_NUMERIC", "POSIX"}, {"LANG", "de_DE.UTF-8"}});
     EXPECT_EQ(locale.collate, "");
     EXPECT_EQ(locale.numeric, "en_US");
     EXPECT_EQ(locale.time, "de_DE");
 }
 
-TEST(UserLocale, DropsTheCodesetAndTurnsModifiersThatNameAScriptIntoOne) {
+TEST(UserLocale, DropsTheCodesetAndTurnsModifiersIntoScripts) {
     EXPECT_EQ(searchLocale("de_DE.UTF-8"), "de_DE");
     EXPECT_EQ(searchLocale("de_DE@euro"), "de_DE");
     EXPECT_EQ(searchLocale("de_DE.ISO-8859-15@euro"), "de_DE");
@@ -91,7 +91,7 @@ TEST(UserLocale, DropsTheCodesetAndTurnsModifiersThatNameAScriptIntoOne) {
     EXPECT_EQ(searchLocale("ca_ES@valencia"), "ca_ES");
 }
 
-TEST(UserLocale, TakesALanguageAloneAndAnyCase) {
+TEST(UserLocale, AcceptsALanguageAloneAndAnyCase) {
     EXPECT_EQ(searchLocale("tr"), "tr");
     EXPECT_EQ(searchLocale("TR_tr.utf8"), "tr_TR");
     EXPECT_EQ(searchLocale("ckb_IQ"), "ckb_IQ");
@@ -99,7 +99,7 @@ TEST(UserLocale, TakesALanguageAloneAndAnyCase) {
     EXPECT_EQ(searchLocale("sr@latin"), "sr_Latn");
 }
 
-TEST(UserLocale, TakesWhatIsNoLocalesNameForNone) {
+TEST(UserLocale, IgnoresWhatIsNotALocaleName) {
     for (const char* name : {"en_US_POSIX", "turkish", "/usr/share/locale/x", "x", "en-US", "d3_DE", "de_D", "de_1A3",
                              ".UTF-8", "_DE", "@latin", " de", "d{", "d[", "de_D1", "de_-11"}) {
         EXPECT_EQ(searchLocale(name), "") << name;

@@ -21,7 +21,7 @@ TEST_F(Localized, AsksTheTranslatorWithContextAndKey) {
     EXPECT_EQ(localized("ProjectRow", "%lld files"), "ProjectRow/%lld files");
 }
 
-TEST_F(Localized, IsTheKeyAgainOnceTheTranslatorIsTakenAway) {
+TEST_F(Localized, IsTheKeyAgainOnceTheTranslatorIsRemoved) {
     setTranslator([](const char*, const char*) { return std::string("x"); });
     setTranslator(nullptr);
     EXPECT_EQ(localized("ProjectRow", "%lld files"), "%lld files");

@@ -29,7 +29,7 @@ protected:
     const std::shared_ptr<FileManager> disk = makePosixFileManager();
 };
 
-TEST_F(PosixContents, AreTheWholeBytesOfAFile) {
+TEST_F(PosixContents, AreAllBytesOfAFile) {
     std::string bytes(300'000, '\0');
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         bytes[at] = static_cast<char>(at * 7 % 256);
@@ -44,7 +44,7 @@ TEST_F(PosixContents, AreReadThroughALink) {
     EXPECT_EQ(contents(folder / "link"), "text");
 }
 
-TEST_F(PosixContents, AreAbsentForWhatIsNoFile) {
+TEST_F(PosixContents, AreAbsentForAnythingButAFile) {
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     ASSERT_EQ(testing::makeSocket(folder / "socket"), std::nullopt);
     std::filesystem::create_symlink("link", folder / "link");
@@ -58,18 +58,18 @@ TEST_F(PosixContents, AreAbsentForWhatIsNoFile) {
     EXPECT_EQ(contents(folder / std::string(300, 'n')), std::nullopt);
 }
 
-TEST_F(PosixContents, AreAbsentForANameWithANulByteInsteadOfThoseOfTheCutName) {
+TEST_F(PosixContents, AreAbsentForANameWithANulByte) {
     folder.write("file", "text");
     EXPECT_EQ(contents(folder / std::string_view("file\0.xpj", 9)), std::nullopt);
 }
 
-TEST_F(PosixContents, AreAbsentForAFileThatMustNotBeRead) {
+TEST_F(PosixContents, AreAbsentForAFileWithoutReadPermission) {
     const auto file = folder.write("file", "text");
     ASSERT_EQ(::chmod(file.c_str(), 0), 0);
     testing::withoutPrivileges([&] { EXPECT_EQ(contents(file), std::nullopt); });
 }
 
-TEST_F(PosixContents, AreSoughtWithoutOpeningAnythingButAFile) {
+TEST_F(PosixContents, AreReadWithoutOpeningAnythingButAFile) {
     folder.makeFolder("folder");
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     int opened = 0;
@@ -87,7 +87,7 @@ TEST_F(PosixContents, AreSoughtWithoutOpeningAnythingButAFile) {
     EXPECT_EQ(opened, 0);
 }
 
-TEST_F(PosixContents, AreReadToTheEndWhateverSizeWasTold) {
+TEST_F(PosixContents, AreReadToTheEndWhateverSizeWasReported) {
     // The kernel tells a size of 0 for these files and hands them over in pieces.
     const auto status = contents("/proc/self/status");
     ASSERT_TRUE(status.has_value());
@@ -96,7 +96,7 @@ TEST_F(PosixContents, AreReadToTheEndWhateverSizeWasTold) {
     EXPECT_NE(status->find("\nThreads:"), std::string::npos);
 }
 
-TEST_F(PosixContents, GoOnAfterShortReadsAndSignals) {
+TEST_F(PosixContents, ContinueAfterShortReadsAndSignals) {
     std::string bytes;
     for (int line = 0; line < 2000; ++line) {
         bytes += "line " + std::to_string(line) + "\r\n";
@@ -115,7 +115,7 @@ TEST_F(PosixContents, GoOnAfterShortReadsAndSignals) {
     EXPECT_GT(calls, 10);
 }
 
-TEST_F(PosixContents, IncludeWhatIsAppendedWhileTheyAreRead) {
+TEST_F(PosixContents, IncludeWhatIsAppendedDuringTheRead) {
     const auto file = folder.write("file", "begin ");
     int calls = 0;
     const auto growing = [&](const testing::SystemCall& call) -> std::optional<long> {
@@ -131,7 +131,7 @@ TEST_F(PosixContents, IncludeWhatIsAppendedWhileTheyAreRead) {
     }
 }
 
-TEST_F(PosixContents, AreAbsentWhenReadingFailsInTheMiddle) {
+TEST_F(PosixContents, AreAbsentWhenReadingFailsHalfway) {
     const auto file = folder.write("file", std::string(50'000, 'x'));
     int calls = 0;
     const auto breaking = [&](const testing::SystemCall& call) -> std::optional<long> {
@@ -145,7 +145,7 @@ TEST_F(PosixContents, AreAbsentWhenReadingFailsInTheMiddle) {
     }
 }
 
-TEST_F(PosixContents, AreAbsentWhenTheOpenedFileCannotBeLookedAt) {
+TEST_F(PosixContents, AreAbsentWhenTheOpenFileCannotBeExamined) {
     const auto file = folder.write("file", "text");
     const auto blind = [](const testing::SystemCall& call) {
         return testing::isStatusOfOpenFile(call) ? std::optional<long>(-EIO) : std::nullopt;
@@ -156,7 +156,7 @@ TEST_F(PosixContents, AreAbsentWhenTheOpenedFileCannotBeLookedAt) {
     }
 }
 
-TEST_F(PosixContents, NeitherBlockOnNorReadAPipeThatTakesThePlaceOfTheFileAtTheLastMoment) {
+TEST_F(PosixContents, NeitherBlockOnNorReadAPipeThatReplacesTheFileAtTheLastMoment) {
     const auto file = folder.write("file", "text");
     bool exchanged = false;
     const auto exchanging = [&](const testing::SystemCall& call) -> std::optional<long> {
@@ -175,7 +175,7 @@ TEST_F(PosixContents, NeitherBlockOnNorReadAPipeThatTakesThePlaceOfTheFileAtTheL
 }
 
 #if !TARVOLT_UNDER_SANITIZER
-TEST_F(PosixContents, ThatNoMemoryCanHoldSaySo) {
+TEST_F(PosixContents, ThrowWhenMemoryCannotHoldThem) {
     for (const off_t size : {off_t{1} << 60, off_t{0x7fffffffffffffff}}) {
         const int file = ::memfd_create("all of it a hole", MFD_CLOEXEC);
         ASSERT_EQ(::ftruncate(file, size), 0);

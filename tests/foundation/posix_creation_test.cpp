@@ -194,7 +194,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(On, PosixCreation, ::testing::ValuesIn(fileSystems),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_P(PosixCreation, MakesTheWholeFileAndLeavesNothingBesideIt) {
+TEST_P(PosixCreation, CreatesTheWholeFileAndNothingElse) {
     const auto text = textOfSize(300'000);
     const auto identity = create(folder / "New.xpj", text);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
@@ -206,13 +206,13 @@ TEST_P(PosixCreation, MakesTheWholeFileAndLeavesNothingBesideIt) {
     EXPECT_EQ(status.st_nlink, 1U);
 }
 
-TEST_P(PosixCreation, MakesAnEmptyFile) {
+TEST_P(PosixCreation, CreatesAnEmptyFile) {
     EXPECT_TRUE(create(folder / "New.xpj", "").has_value() || !skipped.empty());
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj="));
 }
 
-TEST_P(PosixCreation, GivesTheModeThatTheUmaskLeaves) {
+TEST_P(PosixCreation, AppliesTheUmaskToTheMode) {
     for (const mode_t masked : {0U, 027U}) {
         const auto file = folder / (std::to_string(masked) + ".xpj");
         const auto before = ::umask(masked);
@@ -237,7 +237,7 @@ TEST_P(PosixCreation, ReplacesNothing) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_P(PosixCreation, GoesOnAfterShortWritesAndSignals) {
+TEST_P(PosixCreation, ContinuesAfterShortWritesAndSignals) {
     for (const char* call : {"open folder", "make unnamed", "make hidden", "write", "sync file", "sync folder"}) {
         calls.answerOnce(call, -EINTR);
     }
@@ -271,21 +271,21 @@ TEST_P(PosixCreation, FailsAndLeavesNothingWhenAWriteFails) {
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_P(PosixCreation, FailsAndLeavesNothingWhenTheFileCannotBeBroughtToTheDisk) {
+TEST_P(PosixCreation, FailsAndLeavesNothingWhenTheFileCannotBeFlushed) {
     calls.answerOnce("sync file", -EIO);
     EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_P(PosixCreation, FailsAndRemovesTheFileWhenItsNameCannotBeBroughtToTheDisk) {
+TEST_P(PosixCreation, FailsAndRemovesTheFileWhenItsNameCannotBeFlushed) {
     calls.answerOnce("sync folder", -EIO);
     EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_P(PosixCreation, FailsAlsoWhenTheFileCannotBeRemovedAgain) {
+TEST_P(PosixCreation, FailsEvenIfTheFileCannotBeRemovedAgain) {
     calls.answerOnce("sync folder", -EIO);
     calls.answerOnce("unlink New.xpj", -EIO);
     EXPECT_EQ(create(folder / "New.xpj", "text"), std::nullopt);
@@ -304,7 +304,7 @@ TEST_P(PosixCreation, KeepsAForeignFileWhenItFailsAfterTheNaming) {
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
 }
 
-TEST_P(PosixCreation, TakesAFileSystemThatCannotSynchroniseAtItsWord) {
+TEST_P(PosixCreation, SucceedsOnAFileSystemThatCannotFlush) {
     for (const int error : {EINVAL, ENOTSUP, ENOSYS}) {
         calls.answerOnce("sync file", -error);
         calls.answerOnce("sync folder", -error);
@@ -315,7 +315,7 @@ TEST_P(PosixCreation, TakesAFileSystemThatCannotSynchroniseAtItsWord) {
     }
 }
 
-TEST_P(PosixCreation, KeepsAFileThatComesJustBeforeTheNaming) {
+TEST_P(PosixCreation, KeepsAFileThatAppearsJustBeforeTheNaming) {
     // Where the move knows no such flag, the last moment at which a file is still seen is before the look.
     for (const char* call : {"name", "link", "move without replacing"}) {
         calls.before(call, [&] { folder.write("New.xpj", "of another program"); });
@@ -325,7 +325,7 @@ TEST_P(PosixCreation, KeepsAFileThatComesJustBeforeTheNaming) {
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
 }
 
-TEST_P(PosixCreation, TakesTheNameForGivenWhenOnlyTheAnswerIsLost) {
+TEST_P(PosixCreation, SucceedsWhenOnlyTheReplyToTheNamingIsLost) {
     for (const char* call : {"name", "link", "move without replacing", "move"}) {
         calls.loseTheAnswerOf(call, EIO);
     }
@@ -334,7 +334,7 @@ TEST_P(PosixCreation, TakesTheNameForGivenWhenOnlyTheAnswerIsLost) {
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
 }
 
-TEST_P(PosixCreation, StaysInTheFolderItOpenedWhenThePathComesToLeadElsewhere) {
+TEST_P(PosixCreation, StaysInTheFolderItOpenedEvenIfThePathChanges) {
     folder.makeFolder("projects");
     folder.makeFolder("elsewhere");
     for (const char* call : {"make unnamed", "make hidden"}) {
@@ -357,7 +357,7 @@ class CallOrder : public PosixCreation {};
 INSTANTIATE_TEST_SUITE_P(On, CallOrder, ::testing::ValuesIn(fileSystems),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_P(CallOrder, WritesThenSynchronisesThenNamesThenSynchronisesTheFolder) {
+TEST_P(CallOrder, IsWriteThenFlushThenNameThenFlushTheFolder) {
     create(folder / "New.xpj", "text");
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     const std::map<std::string, std::vector<std::string>> expected{
@@ -377,7 +377,7 @@ TEST_P(CallOrder, WritesThenSynchronisesThenNamesThenSynchronisesTheFolder) {
     EXPECT_EQ(calls.trace(), expected.at(GetParam().name));
 }
 
-TEST(PosixCreationByName, UsesAHiddenNameOfFixedLengthThatIsNoProjectFiles) {
+TEST(PosixCreationByName, UsesAHiddenNameOfFixedLengthThatIsNotAProjectFile) {
     const TemporaryFolder folder;
     std::vector<std::string> names;
     const auto noting = [&](const SystemCall& call) -> std::optional<long> {
@@ -403,7 +403,7 @@ TEST(PosixCreationByName, UsesAHiddenNameOfFixedLengthThatIsNoProjectFiles) {
     EXPECT_FALSE(names[0].ends_with(".xpj"));
 }
 
-TEST(PosixCreationByName, FailsWhenOnlyTheClosingTellsThatBytesAreLost) {
+TEST(PosixCreationByName, FailsWhenOnlyCloseReportsLostBytes) {
     const TemporaryFolder folder;
     const auto losing = [&](const SystemCall& call) -> std::optional<long> {
         if (call.number == SYS_fsync) {
@@ -429,7 +429,7 @@ TEST(PosixCreationByName, FailsWhenOnlyTheClosingTellsThatBytesAreLost) {
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST(PosixCreationByName, KnowsTheFileByItsNameWhereAFileSystemNumbersNamesInsteadOfFiles) {
+TEST(PosixCreationByName, IdentifiesTheFileOnAFileSystemThatNumbersNames) {
     const TemporaryFolder folder;
     const auto numberingNames = [&](const SystemCall& call) -> std::optional<long> {
         if (call.number == SYS_openat) {
@@ -453,7 +453,7 @@ TEST(PosixCreationByName, KnowsTheFileByItsNameWhereAFileSystemNumbersNamesInste
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST(PosixCreationByName, TakesTheFileForAnotherWhenAnythingElseOfItDiffersToo) {
+TEST(PosixCreationByName, DoesNotIdentifyAFileThatDiffersInAnythingElse) {
     using Change = void (*)(struct stat&);
     const Change changes[] = {
         [](struct stat& named) { ++named.st_dev; },
@@ -484,7 +484,7 @@ TEST(PosixCreationByName, TakesTheFileForAnotherWhenAnythingElseOfItDiffersToo) 
     }
 }
 
-TEST(PosixCreationByName, KnowsTheFileAlsoWhereItCannotBeLookedAtByItsName) {
+TEST(PosixCreationByName, IdentifiesTheFileEvenIfItsNameCannotBeExamined) {
     const TemporaryFolder folder;
     const auto disk = makePosixFileManager();
     const auto blind = [](const SystemCall& call) {
@@ -498,7 +498,7 @@ TEST(PosixCreationByName, KnowsTheFileAlsoWhereItCannotBeLookedAtByItsName) {
     EXPECT_EQ(created, disk->state(folder / "New.xpj")->identity);
 }
 
-TEST(PosixCreationByName, FailsAndLeavesNothingWhenTheWrittenFileCannotBeHeldOrLookedAt) {
+TEST(PosixCreationByName, FailsAndLeavesNothingWhenTheWrittenFileCannotBeDuplicatedOrExamined) {
     const TemporaryFolder folder;
     const auto disk = makePosixFileManager();
     const auto failing = [](const SystemCall& call) {
@@ -514,7 +514,7 @@ TEST(PosixCreationByName, FailsAndLeavesNothingWhenTheWrittenFileCannotBeHeldOrL
     }
 }
 
-TEST(PosixCreationByName, LosesNothingWhenASignalBreaksTheClosingOff) {
+TEST(PosixCreationByName, LosesNothingWhenASignalInterruptsTheClose) {
     const TemporaryFolder folder;
     const auto disk = makePosixFileManager();
     const auto interrupted = [](const SystemCall& call) -> std::optional<long> {
@@ -554,24 +554,24 @@ protected:
     const std::shared_ptr<FileManager> disk = makePosixFileManager();
 };
 
-TEST_F(PosixCreationFails, InAFolderThatIsGoneOrNone) {
+TEST_F(PosixCreationFails, InAMissingFolderAndInAFile) {
     folder.write("file", "text");
     EXPECT_FALSE(disk->createFile(folder / "gone/New.xpj", "text"));
     EXPECT_FALSE(disk->createFile(folder / "file/New.xpj", "text"));
     EXPECT_THAT(folder.tree(), ElementsAre("file=text"));
 }
 
-TEST_F(PosixCreationFails, UnderANameWithANulByteInsteadOfCuttingIt) {
+TEST_F(PosixCreationFails, ForANameWithANulByte) {
     EXPECT_FALSE(disk->createFile(folder / std::string_view("New\0.xpj", 8), "text"));
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_F(PosixCreationFails, UnderNoNameAtAll) {
+TEST_F(PosixCreationFails, WithoutAName) {
     EXPECT_FALSE(disk->createFile(folder / "", "text"));
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_F(PosixCreationFails, NotUnderANameInTheCurrentFolder) {
+TEST_F(PosixCreationFails, NotForANameInTheCurrentFolder) {
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(folder.path());
     const auto created = disk->createFile("New.xpj", "text");
@@ -580,19 +580,19 @@ TEST_F(PosixCreationFails, NotUnderANameInTheCurrentFolder) {
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
 }
 
-TEST_F(PosixCreationFails, InAFolderThatMustNotBeWritten) {
+TEST_F(PosixCreationFails, InAFolderWithoutWritePermission) {
     ASSERT_EQ(::chmod(folder.path().c_str(), 0500), 0);
     testing::withoutPrivileges([&] { EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text")); });
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_F(PosixCreationFails, NotInAFolderThatMayBeWrittenButNotListed) {
+TEST_F(PosixCreationFails, NotInAFolderThatCanBeWrittenButNotListed) {
     ASSERT_EQ(::chmod(folder.path().c_str(), 0300), 0);
     testing::withoutPrivileges([&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); });
     EXPECT_EQ(testing::readFile(folder / "New.xpj"), "text");
 }
 
-TEST_F(PosixCreationFails, WhenTheDiskIsFullInTheMiddleAndLeavesTheSpaceFree) {
+TEST_F(PosixCreationFails, WhenTheDiskFillsUpAndFreesTheSpace) {
     if (const auto reason = testing::withSmallDisk(1'000'000, [&](const std::filesystem::path& smallDisk) {
             EXPECT_FALSE(disk->createFile(smallDisk / "New.xpj", textOfSize(2'000'000)));
             EXPECT_TRUE(std::filesystem::is_empty(smallDisk));
@@ -602,7 +602,7 @@ TEST_F(PosixCreationFails, WhenTheDiskIsFullInTheMiddleAndLeavesTheSpaceFree) {
     }
 }
 
-TEST_F(PosixCreationFails, WhenTheFileMayNotGrowToItsSize) {
+TEST_F(PosixCreationFails, WhenTheFileSizeIsLimited) {
     bool created = true;
     testing::withLimitedFileSize(
         100'000, [&] { created = disk->createFile(folder / "New.xpj", textOfSize(200'000)).has_value(); });

@@ -15,7 +15,7 @@ namespace tarvolt {
 namespace {
 
 // A desktop's folder panel may start another program at any time, on another thread.
-TEST(PosixDescriptors, AreClosedInEveryProgramThatIsStarted) {
+TEST(PosixDescriptors, AreClosedInStartedPrograms) {
     const testing::TemporaryFolder folder;
     const auto disk = makePosixFileManager();
     int opened = 0;

@@ -54,7 +54,7 @@ protected:
     const std::shared_ptr<FileManager> disk = makePosixFileManager();
 };
 
-TEST_F(PosixListing, TellsFilesWithTheirSizeAndFoldersWithoutOne) {
+TEST_F(PosixListing, GivesTheSizesOfFilesButNotOfFolders) {
     folder.write("Song.xpj", std::string(500, 'x'));
     folder.write("Song_[ProjectData]/deeper.wav", "1");
     const auto found = list(folder.path());
@@ -70,7 +70,7 @@ TEST_F(PosixListing, LeavesOutHiddenEntries) {
     EXPECT_THAT(list(folder.path()), UnorderedElementsAre(Key("seen")));
 }
 
-TEST_F(PosixListing, TellsOfALinkItselfAndFollowsNone) {
+TEST_F(PosixListing, DescribesLinksWithoutFollowingThem) {
     std::filesystem::create_symlink(folder.makeFolder("there"), folder / "link");
     std::filesystem::create_symlink("nowhere", folder / "dangling");
     const auto found = list(folder.path());
@@ -79,7 +79,7 @@ TEST_F(PosixListing, TellsOfALinkItselfAndFollowsNone) {
     EXPECT_EQ(found.at("dangling"), (Found{false, 7}));
 }
 
-TEST_F(PosixListing, TellsOfAPipeWithoutOpeningIt) {
+TEST_F(PosixListing, DescribesAPipeWithoutOpeningIt) {
     ASSERT_EQ(::mkfifo((folder / "pipe.xpj").c_str(), 0600), 0);
     EXPECT_EQ(list(folder.path()).at("pipe.xpj").isDirectory, false);
 }
@@ -90,7 +90,7 @@ TEST_F(PosixListing, KeepsTheBytesOfNames) {
     EXPECT_THAT(list(folder.path()), UnorderedElementsAre(Key("caf\xe9\n.xpj"), Key(std::string(255, 'n'))));
 }
 
-TEST_F(PosixListing, FollowsTheLinkThatTheFolderItselfIsOnlyWhereToldTo) {
+TEST_F(PosixListing, FollowsALinkToTheFolderOnlyWhenAsked) {
     folder.write("there/a", "x");
     std::filesystem::create_directory_symlink("there", folder / "link");
     EXPECT_THAT(list(folder / "link"), UnorderedElementsAre(Key("a")));
@@ -98,7 +98,7 @@ TEST_F(PosixListing, FollowsTheLinkThatTheFolderItselfIsOnlyWhereToldTo) {
     EXPECT_THAT(list(folder / "there", LinkPolicy::refuse), UnorderedElementsAre(Key("a")));
 }
 
-TEST_F(PosixListing, SaysWhyAFolderCannotBeListed) {
+TEST_F(PosixListing, ReportsWhyAFolderCannotBeListed) {
     folder.write("file", "x");
     EXPECT_EQ(errorOfListing(folder / "gone"), ENOENT);
     EXPECT_EQ(errorOfListing(folder / "file"), ENOTDIR);
@@ -109,14 +109,14 @@ TEST_F(PosixListing, SaysWhyAFolderCannotBeListed) {
     testing::withoutPrivileges([&] { EXPECT_EQ(errorOfListing(closed), EACCES); });
 }
 
-TEST_F(PosixListing, VisitsEntriesOfAFolderThatMayOnlyBeListedWithoutTheirSize) {
+TEST_F(PosixListing, VisitsEntriesWithoutSizesInAFolderThatCanOnlyBeListed) {
     const auto closed = folder.makeFolder("closed");
     folder.write("closed/a", "x");
     ASSERT_EQ(::chmod(closed.c_str(), 0400), 0);
     testing::withoutPrivileges([&] { EXPECT_EQ(list(closed).at("a").fileSize, std::nullopt); });
 }
 
-TEST_F(PosixListing, VisitsAnEntryThatVanishesInBetweenWithoutASize) {
+TEST_F(PosixListing, VisitsAnEntryThatVanishesMeanwhileWithoutASize) {
     folder.write("a", "x");
     const auto vanishing = [&](const testing::SystemCall& call) -> std::optional<long> {
         if (call.text(1) == "a") {
@@ -131,7 +131,7 @@ TEST_F(PosixListing, VisitsAnEntryThatVanishesInBetweenWithoutASize) {
     }
 }
 
-TEST_F(PosixListing, LooksAtEveryEntryWhereTheListingDoesNotSayWhatItIs) {
+TEST_F(PosixListing, ExaminesEveryEntryWhoseKindTheListingOmits) {
     folder.write("a", "12345");
     folder.makeFolder("b");
     if (const auto reason = withCallsAnswered(
@@ -145,7 +145,7 @@ TEST_F(PosixListing, LooksAtEveryEntryWhereTheListingDoesNotSayWhatItIs) {
     }
 }
 
-TEST_F(PosixListing, CannotTellWhatAnEntryIsWhereNeitherTheListingNorAClosedFolderSays) {
+TEST_F(PosixListing, LeavesTheKindUnknownIfNeitherTheListingNorTheFolderRevealsIt) {
     folder.write("a", "x");
     folder.makeFolder("b");
     const auto withoutKinds = [](const testing::SystemCall& call) -> std::optional<long> {
@@ -163,7 +163,7 @@ TEST_F(PosixListing, CannotTellWhatAnEntryIsWhereNeitherTheListingNorAClosedFold
     }
 }
 
-TEST_F(PosixListing, FailsWhenItBreaksOffInTheMiddle) {
+TEST_F(PosixListing, FailsWhenItBreaksOffHalfway) {
     for (int at = 0; at < 3000; ++at) {
         folder.write("entry " + std::to_string(at), "");
     }
@@ -188,7 +188,7 @@ TEST_F(PosixListing, FailsWhenItBreaksOffInTheMiddle) {
     EXPECT_LT(visited, 3000U);
 }
 
-TEST_F(PosixListing, OpensTheFolderAgainWhenASignalBreaksItOff) {
+TEST_F(PosixListing, OpensTheFolderAgainAfterASignal) {
     folder.write("a", "x");
     int calls = 0;
     const auto interrupting = [&](const testing::SystemCall&) {
@@ -200,7 +200,7 @@ TEST_F(PosixListing, OpensTheFolderAgainWhenASignalBreaksItOff) {
     }
 }
 
-TEST_F(PosixListing, GoesOnWhenASignalBreaksItOffInTheMiddle) {
+TEST_F(PosixListing, ContinuesWhenASignalInterruptsIt) {
     constexpr int entries = 3000;
     for (int at = 0; at < entries; ++at) {
         folder.write("entry " + std::to_string(at), "");
@@ -218,7 +218,7 @@ TEST_F(PosixListing, GoesOnWhenASignalBreaksItOffInTheMiddle) {
     EXPECT_GT(calls, 3);
 }
 
-TEST_F(PosixListing, FailsWhereAnOpenedFolderCannotBeLookedAt) {
+TEST_F(PosixListing, FailsWhenAnOpenFolderCannotBeExamined) {
     folder.write("a", "x");
     const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
     const auto before = open();

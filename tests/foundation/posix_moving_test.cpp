@@ -59,7 +59,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(WhereTheFlagNotToReplaceIs, PosixMoving, ::testing::Values(true, false),
                          [](const auto& test) { return test.param ? "Known" : "Unknown"; });
 
-TEST_P(PosixMoving, TakesAFolderWithAllThatIsInIt) {
+TEST_P(PosixMoving, MovesAFolderWithItsContents) {
     folder.write("Song_[ProjectData]/deep/kick.wav", "boom");
     EXPECT_EQ(errorOfMove(folder / "Song_[ProjectData]", folder / "Beat_[ProjectData]"), 0);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
@@ -81,7 +81,7 @@ TEST_P(PosixMoving, ReplacesNothing) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_P(PosixMoving, TakesNoItemForMovedThatHadBothNamesBefore) {
+TEST_P(PosixMoving, FailsForAnItemThatHadBothNamesBefore) {
     folder.write("data/a", "1");
     folder.write("file", "2");
     std::filesystem::create_hard_link(folder / "file", folder / "same file");
@@ -92,7 +92,7 @@ TEST_P(PosixMoving, TakesNoItemForMovedThatHadBothNamesBefore) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_P(PosixMoving, SaysWhyItFailedAndLeavesTheItemWhereItWas) {
+TEST_P(PosixMoving, ReportsWhyItFailedAndLeavesTheItemWhereItWas) {
     folder.write("from/a", "1");
     const auto before = folder.tree();
     EXPECT_EQ(errorOfMove(folder / "gone", folder / "to"), ENOENT);
@@ -105,7 +105,7 @@ TEST_P(PosixMoving, SaysWhyItFailedAndLeavesTheItemWhereItWas) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_P(PosixMoving, TakesALinkItselfAndNotWhatItLeadsTo) {
+TEST_P(PosixMoving, MovesALinkAndNotItsTarget) {
     folder.write("there/a", "1");
     std::filesystem::create_directory_symlink("there", folder / "link");
     EXPECT_EQ(errorOfMove(folder / "link", folder / "moved"), 0);
@@ -113,7 +113,7 @@ TEST_P(PosixMoving, TakesALinkItselfAndNotWhatItLeadsTo) {
     EXPECT_THAT(folder.tree(), ElementsAre("moved->there", "there/", "there/a=1"));
 }
 
-TEST_P(PosixMoving, FailsWhereTheFolderMustNotBeWritten) {
+TEST_P(PosixMoving, FailsWithoutWritePermissionForTheFolder) {
     folder.write("p/from/a", "1");
     ASSERT_EQ(::chmod((folder / "p").c_str(), 0500), 0);
     int error = 0;
@@ -149,7 +149,7 @@ protected:
     const std::shared_ptr<FileManager> disk = makePosixFileManager();
 };
 
-TEST_F(PosixMovingCalls, SynchroniseBothFoldersAfterTheMoveAndTakeNoFailureOfItForOne) {
+TEST_F(PosixMovingCalls, FlushBothFoldersAfterTheMoveAndIgnoreFailuresOfThat) {
     folder.write("a/from", "1");
     folder.makeFolder("b");
     std::vector<std::string> trace;
@@ -168,7 +168,7 @@ TEST_F(PosixMovingCalls, SynchroniseBothFoldersAfterTheMoveAndTakeNoFailureOfItF
     EXPECT_THAT(trace, ElementsAre("move", "b", "a"));
 }
 
-TEST_F(PosixMovingCalls, AreTakenForDoneWhenOnlyTheirAnswerIsLost) {
+TEST_F(PosixMovingCalls, SucceedWhenOnlyTheirReplyIsLost) {
     folder.write("from", "1");
     const auto losingTheAnswer = [](const SystemCall& call) -> std::optional<long> {
         ::syscall(SYS_renameat2, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3],
@@ -185,7 +185,7 @@ TEST_F(PosixMovingCalls, AreTakenForDoneWhenOnlyTheirAnswerIsLost) {
     EXPECT_THAT(folder.tree(), ElementsAre("to=1"));
 }
 
-TEST_F(PosixMovingCalls, FallBackForEachErrorThatMeansTheFlagIsUnknown) {
+TEST_F(PosixMovingCalls, FallBackOnEachErrorThatMeansTheFlagIsUnknown) {
     for (const int error : {EINVAL, ENOSYS, EOPNOTSUPP}) {
         const auto from = folder.write("from", "1");
         const auto to = folder / std::to_string(error);
@@ -197,7 +197,7 @@ TEST_F(PosixMovingCalls, FallBackForEachErrorThatMeansTheFlagIsUnknown) {
     }
 }
 
-TEST_F(PosixMovingCalls, DoNotFallBackWhereItCannotBeToldWhatIsThere) {
+TEST_F(PosixMovingCalls, DoNotFallBackWhenTheDestinationCannotBeExamined) {
     folder.write("from", "1");
     folder.write("to", "2");
     int error = 0;

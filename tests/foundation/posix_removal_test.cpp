@@ -38,20 +38,20 @@ TEST_F(PosixRemoval, TakesTheFile) {
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
-TEST_F(PosixRemoval, TakesALinkAndLeavesItsTarget) {
+TEST_F(PosixRemoval, RemovesALinkAndLeavesItsTarget) {
     folder.write("target", "text");
     std::filesystem::create_symlink("target", folder / "link");
     EXPECT_EQ(errorOfRemoval(folder / "link"), 0);
     EXPECT_THAT(folder.tree(), ElementsAre("target=text"));
 }
 
-TEST_F(PosixRemoval, NeverTakesAFolder) {
+TEST_F(PosixRemoval, NeverRemovesAFolder) {
     folder.makeFolder("empty");
     EXPECT_EQ(errorOfRemoval(folder / "empty"), EISDIR);
     EXPECT_THAT(folder.tree(), ElementsAre("empty/"));
 }
 
-TEST_F(PosixRemoval, TakesTheCreatedFileAndLeavesAnotherThatHasItsName) {
+TEST_F(PosixRemoval, RemovesTheCreatedFileButNotAnotherOfItsName) {
     const auto created = disk->createFile(folder / "New.xpj", "text");
     ASSERT_TRUE(created);
     // The created file lives on under another name, so that the other one cannot get its number.
@@ -63,7 +63,7 @@ TEST_F(PosixRemoval, TakesTheCreatedFileAndLeavesAnotherThatHasItsName) {
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
 }
 
-TEST_F(PosixRemoval, SaysWhyItFailed) {
+TEST_F(PosixRemoval, ReportsWhyItFailed) {
     const auto kept = folder.write("closed/kept", "text");
     ASSERT_EQ(::chmod((folder / "closed").c_str(), 0500), 0);
     EXPECT_EQ(errorOfRemoval(folder / "gone"), ENOENT);
@@ -73,12 +73,12 @@ TEST_F(PosixRemoval, SaysWhyItFailed) {
     EXPECT_TRUE(std::filesystem::exists(kept));
 }
 
-TEST_F(PosixRemoval, FindsAnItemOfTheRootFolder) {
+TEST_F(PosixRemoval, FindsAnItemInTheRootFolder) {
     // Found, and left alone because it is another than the one asked for.
     EXPECT_EQ(errorOfRemoval("/proc", FileIdentity{}), EBUSY);
 }
 
-TEST_F(PosixRemoval, SynchronisesTheFolderAndTakesNoFailureOfItForOne) {
+TEST_F(PosixRemoval, FlushesTheFolderAndIgnoresAFailureOfThat) {
     folder.write("file", "text");
     int synchronised = 0;
     const auto failing = [&](const testing::SystemCall&) {
@@ -105,7 +105,7 @@ TEST_F(PosixExistence, IsThatOfTheItemItself) {
     }
 }
 
-TEST_F(PosixExistence, IsDeniedWhereNothingCanBe) {
+TEST_F(PosixExistence, IsFalseForImpossiblePaths) {
     folder.write("file", "text");
     EXPECT_FALSE(disk->fileExists(folder / "gone"));
     EXPECT_FALSE(disk->fileExists(folder / "file/inside"));

@@ -25,7 +25,7 @@ protected:
     std::shared_ptr<FileManager> disk = makePosixFileManager();
 };
 
-TEST_F(PosixState, StaysTheSameForAnItemThatIsLeftAloneOrRead) {
+TEST_F(PosixState, StaysTheSameWhenAnItemIsOnlyRead) {
     const auto file = folder.write("a", "12345");
     const auto before = state("a");
     disk->contents(file);
@@ -47,7 +47,7 @@ TEST_F(PosixState, ChangesWhenAFileIsWrittenToOrReplaced) {
     EXPECT_NE(state("a")->identity, before->identity);
 }
 
-TEST_F(PosixState, TellsTwoWritesOfOneSecondApart) {
+TEST_F(PosixState, DistinguishesTwoWritesInOneSecond) {
     using std::chrono::nanoseconds;
     const auto file = folder.write("a", "12345");
     const std::filesystem::file_time_type second{};
@@ -60,7 +60,7 @@ TEST_F(PosixState, TellsTwoWritesOfOneSecondApart) {
     EXPECT_NE(before, after);
 }
 
-TEST_F(PosixState, KnowsDatesThatNanosecondsIn64BitsCannotCount) {
+TEST_F(PosixState, CoversDatesBeyondNanosecondsIn64Bits) {
     const auto file = folder.write("a", "12345");
     for (const std::time_t seconds : {15'000'000'000, -10'000'000'000, 253'402'300'799}) {
         const timespec date[] = {{seconds, 999'999'999}, {seconds, 999'999'999}};
@@ -72,7 +72,7 @@ TEST_F(PosixState, KnowsDatesThatNanosecondsIn64BitsCannotCount) {
     }
 }
 
-TEST_F(PosixState, LooksAtALinkItselfAndKeepsIdentityThroughAMove) {
+TEST_F(PosixState, DescribesALinkItselfAndSurvivesAMove) {
     folder.write("target", "x");
     std::filesystem::create_symlink("target", folder / "link");
     EXPECT_NE(state("link")->identity, state("target")->identity);
@@ -87,7 +87,7 @@ TEST_F(PosixState, IsAbsentWhereThereIsNothing) {
     EXPECT_FALSE(state(std::string_view("cut\0off", 7)));
 }
 
-TEST_F(PosixState, KeepsAMoveFromTakingAnotherItemThanTheOneMeant) {
+TEST_F(PosixState, KeepsAMoveFromTakingTheWrongItem) {
     folder.makeFolder("data");
     const auto meant = state("data");
     std::filesystem::rename(folder / "data", folder / "elsewhere");

@@ -10,7 +10,7 @@
 namespace tarvolt {
 namespace {
 
-TEST(Published, TellsItsObserversBeforeTheChange) {
+TEST(Published, NotifiesItsObserversBeforeTheChange) {
     Published<int> value(1);
     std::vector<int> seen;
     const auto subscription = value.observe([&] { seen.push_back(value.get()); });
@@ -20,7 +20,7 @@ TEST(Published, TellsItsObserversBeforeTheChange) {
     EXPECT_EQ(value.get(), 3);
 }
 
-TEST(Published, TellsOfAChangeToAnEqualValueToo) {
+TEST(Published, NotifiesOfAChangeToAnEqualValueToo) {
     Published<int> value(7);
     int told = 0;
     const auto subscription = value.observe([&] { ++told; });
@@ -49,7 +49,7 @@ TEST(Published, CallsObserversInTheOrderOfTheirSubscription) {
     EXPECT_EQ(order, "ab");
 }
 
-TEST(Published, ForgetsAnObserverWhoseSubscriptionEnded) {
+TEST(Published, ForgetsAnObserverWhoseSubscriptionHasEnded) {
     Published<int> value;
     int told = 0;
     {
@@ -60,7 +60,7 @@ TEST(Published, ForgetsAnObserverWhoseSubscriptionEnded) {
     EXPECT_EQ(told, 1);
 }
 
-TEST(Published, LetsAnObserverEndAnotherSubscriptionWhileItIsTold) {
+TEST(Published, LetsAnObserverEndAnotherSubscriptionDuringANotification) {
     Published<int> value;
     int told = 0;
     Subscription second;
@@ -70,7 +70,7 @@ TEST(Published, LetsAnObserverEndAnotherSubscriptionWhileItIsTold) {
     EXPECT_EQ(told, 0);
 }
 
-TEST(Published, LetsAnObserverEndItsOwnSubscriptionWhileItIsTold) {
+TEST(Published, LetsAnObserverEndItsOwnSubscriptionDuringANotification) {
     Published<int> value;
     int told = 0;
     Subscription own;
@@ -83,7 +83,7 @@ TEST(Published, LetsAnObserverEndItsOwnSubscriptionWhileItIsTold) {
     EXPECT_EQ(told, 100);
 }
 
-TEST(Published, TellsAnObserverAddedDuringAChangeOfLaterChangesOnly) {
+TEST(Published, NotifiesAnObserverAddedDuringAChangeOnlyOfLaterOnes) {
     Published<int> value;
     std::vector<int> seen;
     Subscription late;
@@ -113,7 +113,7 @@ TEST(Published, KeepsASubscriptionThatMovesToAnotherObject) {
     EXPECT_EQ(told, 1);
 }
 
-TEST(Published, MayGoBeforeItsSubscriptions) {
+TEST(Published, CanBeDestroyedBeforeItsSubscriptions) {
     const auto held = std::make_shared<int>();
     Subscription subscription;
     {

@@ -20,7 +20,7 @@ std::string replaced(std::string_view text, std::string_view oldText, std::strin
     return replaceAllBeforeTail(text, oldText, newText, tail);
 }
 
-TEST(ReplaceAllBeforeTail, AnswersAsTheReferenceTable) {
+TEST(ReplaceAllBeforeTail, AgreesWithTheReferenceTable) {
     for (const testing::ReferenceRow& row : testing::readReferenceTable("replace.tsv", 1421, 4)) {
         std::string_view oldText = row.fields[1];
         std::string_view newText = row.fields[2];
@@ -31,7 +31,7 @@ TEST(ReplaceAllBeforeTail, AnswersAsTheReferenceTable) {
     }
 }
 
-TEST(ReplaceAllBeforeTail, ReplacesEveryPlaceAndLeavesTheBareNameAlone) {
+TEST(ReplaceAllBeforeTail, ReplacesEveryMatchAndLeavesTheBareNameAlone) {
     EXPECT_EQ(replaced("<a>Song_[ProjectData]/kick.wav</a> Song <b f='Song_[ProjectData]'/>", "Song", "Beat"),
               "<a>Beat_[ProjectData]/kick.wav</a> Song <b f='Beat_[ProjectData]'/>");
 }
@@ -51,7 +51,7 @@ TEST(ReplaceAllBeforeTail, ReplacesAtTheEndOfALongerName) {
     EXPECT_EQ(replaced("My Song_[ProjectData]", "Song", "Beat"), "My Beat_[ProjectData]");
 }
 
-TEST(ReplaceAllBeforeTail, LeavesATextWithoutThePlaceAsItIs) {
+TEST(ReplaceAllBeforeTail, LeavesATextWithoutAMatchAsItIs) {
     EXPECT_EQ(replaced("", "Song", "Beat"), "");
     EXPECT_EQ(replaced("Song", "Song", "Beat"), "Song");
     EXPECT_EQ(replaced("Other_[ProjectData]", "Song", "Beat"), "Other_[ProjectData]");
@@ -59,7 +59,7 @@ TEST(ReplaceAllBeforeTail, LeavesATextWithoutThePlaceAsItIs) {
     EXPECT_EQ(replaced("ng_[ProjectData]", "Song", "Beat"), "ng_[ProjectData]");
 }
 
-TEST(ReplaceAllBeforeTail, CountsCase) {
+TEST(ReplaceAllBeforeTail, IsCaseSensitive) {
     EXPECT_EQ(replaced("song_[ProjectData]", "Song", "Beat"), "song_[ProjectData]");
     EXPECT_EQ(replaced("Song_[projectdata]", "Song", "Beat"), "Song_[projectdata]");
 }
@@ -80,13 +80,13 @@ TEST(ReplaceAllBeforeTail, KeepsEveryOtherByte) {
               before + "Caf\u00e9_[ProjectData]" + after);
 }
 
-TEST(ReplaceAllBeforeTail, EndsBeforeNoMark) {
+TEST(ReplaceAllBeforeTail, DoesNotEndBeforeAMark) {
     EXPECT_EQ(replaced("Song_[ProjectData]\u0301 Song_[ProjectData]", "Song", "N"),
               "Song_[ProjectData]\u0301 N_[ProjectData]");
     EXPECT_EQ(replaced("Song_[ProjectData]\u20dd", "Song", "N"), "Song_[ProjectData]\u20dd");
 }
 
-TEST(ReplaceAllBeforeTail, EndsBeforeNoVowelSignThatIsEquivalentToOneThatBeginsWithAMark) {
+TEST(ReplaceAllBeforeTail, DoesNotEndBeforeAVowelSignThatDecomposesIntoAMark) {
     struct Sign {
         const char* composed;
         const char* decomposed;
@@ -101,17 +101,17 @@ TEST(ReplaceAllBeforeTail, EndsBeforeNoVowelSignThatIsEquivalentToOneThatBeginsW
     }
 }
 
-TEST(ReplaceAllBeforeTail, CutsNoHangulSyllable) {
+TEST(ReplaceAllBeforeTail, DoesNotSplitAHangulSyllable) {
     EXPECT_EQ(replaced("\u1112\u1161\u11ab_[ProjectData]", "\u11ab", "N"), "\u1112\u1161\u11ab_[ProjectData]");
     EXPECT_EQ(replaced("\ud558\u11ab_[ProjectData]", "\u11ab", "N"), "\ud558\u11ab_[ProjectData]");
     EXPECT_EQ(replaced("\ud55c\ud558_[ProjectData]", "\ud558", "N"), "\ud55cN_[ProjectData]");
 }
 
-TEST(ReplaceAllBeforeTail, SearchesInsertedTextNotAgain) {
+TEST(ReplaceAllBeforeTail, DoesNotSearchInsertedTextAgain) {
     EXPECT_EQ(replaced("A_[ProjectData]", "A", "A_[ProjectData]A"), "A_[ProjectData]A_[ProjectData]");
 }
 
-TEST(ReplaceAllBeforeTail, TakesPlacesThatOverlapFromTheLeft) {
+TEST(ReplaceAllBeforeTail, MatchesOverlappingPlacesFromTheLeft) {
     const std::string oldText = "_[ProjectData]";
     EXPECT_EQ(replaced("_[ProjectData]_[ProjectData]_[ProjectData]", oldText, "N"), "N_[ProjectData]_[ProjectData]");
     EXPECT_EQ(replaceAllBeforeTail("aaaaa", "a", "b", "a"), "babaa");
@@ -119,7 +119,7 @@ TEST(ReplaceAllBeforeTail, TakesPlacesThatOverlapFromTheLeft) {
     EXPECT_EQ(replaceAllBeforeTail("x---", "x-", "y", "--"), "y--");
 }
 
-TEST(ReplaceAllBeforeTail, TakesAnEmptyNameForThePlaceBeforeTheTail) {
+TEST(ReplaceAllBeforeTail, MatchesAnEmptyNameBeforeTheTail) {
     EXPECT_EQ(replaced("x_[ProjectData] _[ProjectData]", "", "N"), "xN_[ProjectData] N_[ProjectData]");
     EXPECT_EQ(replaced("Song_[ProjectData]", "Song", ""), "_[ProjectData]");
 }
@@ -128,11 +128,11 @@ TEST(ReplaceAllBeforeTail, MatchesNothingWithANameThatIsNotUtf8) {
     EXPECT_EQ(replaced("Caf\uFFFD_[ProjectData]", "Caf\xE9", "N"), "Caf\uFFFD_[ProjectData]");
 }
 
-TEST(ReplaceAllBeforeTail, InsertsWhateverBytesTheNewNameHas) {
+TEST(ReplaceAllBeforeTail, InsertsAnyBytesOfTheNewName) {
     EXPECT_EQ(replaced("Song_[ProjectData]", "Song", "R&B\xED\xA0\x80"), "R&B\xED\xA0\x80_[ProjectData]");
 }
 
-TEST(ReplaceAllBeforeTail, AnswersAsAnObviousReplacementForRandomTexts) {
+TEST(ReplaceAllBeforeTail, AgreesWithASimpleReplacementOnRandomTexts) {
     constexpr std::array<std::string_view, 32> pieces{"_[ProjectData]",
                                                       "_[ProjectData]",
                                                       "_[ProjectData]",

@@ -42,13 +42,13 @@ std::string slowTrim(std::string_view text, const std::set<char32_t>& whitespace
     return trimmed;
 }
 
-TEST(TrimWhitespace, AnswersAsTheReferenceTable) {
+TEST(TrimWhitespace, AgreesWithTheReferenceTable) {
     for (const testing::ReferenceRow& row : testing::readReferenceTable("trim.tsv", 16, 2)) {
         EXPECT_EQ(trimWhitespace(row.fields[0]), row.fields[1]) << row;
     }
 }
 
-TEST(TrimWhitespace, TakesAwayTheEighteenWhitespaceCharactersAndNoOther) {
+TEST(TrimWhitespace, RemovesTheEighteenWhitespaceCharactersAndNoOther) {
     const std::set<char32_t> whitespace = whitespaceCharacters();
     ASSERT_EQ(whitespace.size(), 18U);
     for (char32_t character = 0; character <= 0x10FFFF; ++character) {
@@ -61,7 +61,7 @@ TEST(TrimWhitespace, TakesAwayTheEighteenWhitespaceCharactersAndNoOther) {
     }
 }
 
-TEST(TrimWhitespace, AnswersAsAnObviousTrimForRandomTexts) {
+TEST(TrimWhitespace, AgreesWithASimpleTrimOnRandomTexts) {
     // What is trimmed, what looks like it and is not, and characters whose bytes begin or end as those of blanks do.
     constexpr std::array<std::string_view, 24> pieces{
         " ",      "\t",     "\u00a0", "\u1680", "\u2000", "\u2007", "\u200a",     "\u202f",
@@ -75,7 +75,7 @@ TEST(TrimWhitespace, AnswersAsAnObviousTrimForRandomTexts) {
     }
 }
 
-TEST(TrimWhitespace, LeavesNothingOfBlanksAndTabs) {
+TEST(TrimWhitespace, LeavesNothingOfSpacesAndTabs) {
     EXPECT_EQ(trimWhitespace(""), "");
     EXPECT_EQ(trimWhitespace(" \t \u00a0\u3000\t"), "");
 }
@@ -92,7 +92,7 @@ TEST(TrimWhitespace, KeepsIllFormedBytes) {
     EXPECT_EQ(trimWhitespace(" \xE2\x80\x80\x80 "), "\x80");
 }
 
-TEST(TrimWhitespace, AnswersWithAPartOfTheTextItself) {
+TEST(TrimWhitespace, ReturnsAPartOfTheTextItself) {
     const std::string text = "  name ";
     EXPECT_EQ(trimWhitespace(text).data(), text.data() + 2);
 }

@@ -15,19 +15,19 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(IsValidUtf8, TakesEveryCodePointButSurrogates) {
+TEST(IsValidUtf8, AcceptsEveryCodePointExceptSurrogates) {
     for (char32_t character = 0; character <= 0x10FFFF; ++character) {
         const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
         ASSERT_EQ(isValidUtf8(testing::utf8Of(character)), !isSurrogate) << std::hex << std::uint32_t{character};
     }
 }
 
-TEST(IsValidUtf8, TakesAnEmptyTextAndANulByte) {
+TEST(IsValidUtf8, AcceptsAnEmptyTextAndANulByte) {
     EXPECT_TRUE(isValidUtf8(""));
     EXPECT_TRUE(isValidUtf8("a\0b"s));
 }
 
-TEST(IsValidUtf8, AnswersForEverySequenceOfUpToThreeBytesAsItsBitsSay) {
+TEST(IsValidUtf8, AgreesWithASimpleDecoderOnEverySequenceOfUpToThreeBytes) {
     for (std::uint32_t bytes = 0; bytes < 0x1000000; ++bytes) {
         const std::string text{static_cast<char>(bytes >> 16U), static_cast<char>(bytes >> 8U),
                                static_cast<char>(bytes)};
@@ -37,7 +37,7 @@ TEST(IsValidUtf8, AnswersForEverySequenceOfUpToThreeBytesAsItsBitsSay) {
     }
 }
 
-TEST(IsValidUtf8, RefusesWhatIsOverlongTooLargeOrCut) {
+TEST(IsValidUtf8, RefusesOverlongTooLargeAndTruncatedSequences) {
     for (const std::string& bytes :
          {"\xC0\x80"s, "\xC1\xBF"s, "\xE0\x9F\xBF"s, "\xF0\x8F\xBF\xBF"s, "\xF4\x90\x80\x80"s, "\xF5\x80\x80\x80"s,
           "\xF8\x88\x80\x80\x80"s, "\xFE"s, "\xFF"s, "\x80"s, "\xC3"s, "\xE2\x82"s, "\xF0\x9F\x8E"s, "\xED\xA0\x80"s}) {
@@ -51,7 +51,7 @@ TEST(IsValidUtf8, RefusesUtf16) {
     EXPECT_FALSE(isValidUtf8("\xFF\xFE<\0x\0"s));
 }
 
-TEST(IsValidUtf8, FindsOneBadByteAtEveryPlaceOfALongText) {
+TEST(IsValidUtf8, FindsABadByteAnywhereInALongText) {
     const std::string text(100, 'a');
     for (std::size_t at = 0; at < text.size(); ++at) {
         std::string broken = text;
@@ -65,7 +65,7 @@ TEST(DisplayText, KeepsWhatIsWellFormed) {
     EXPECT_EQ(displayText(""), "");
 }
 
-TEST(DisplayText, ShowsEachIllFormedPartAsOneReplacementCharacter) {
+TEST(DisplayText, ReplacesEachIllFormedPartWithOneReplacementCharacter) {
     EXPECT_EQ(displayText("Caf\xE9.xpj"), "Caf\uFFFD.xpj");
     EXPECT_EQ(displayText("\xF0\x9F\x8E"), "\uFFFD");
     EXPECT_EQ(displayText("\xF0\x9F\x8E\xFF"), "\uFFFD\uFFFD");
@@ -84,7 +84,7 @@ TEST(DisplayText, IsWellFormedForAnyBytes) {
     }
 }
 
-TEST(Utf8, IsReadTheSameFromBothEnds) {
+TEST(Utf8, IsDecodedTheSameFromBothEnds) {
     const std::string text = "a\u00e9\u20ac\U0001F3B5";
     std::vector<char32_t> forward;
     std::vector<char32_t> backward;

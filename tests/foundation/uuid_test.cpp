@@ -47,7 +47,7 @@ TEST(UUID, IsRandomInEveryBitButSix) {
     }
 }
 
-TEST(UUID, IsAskedForAgainWhenASignalBreaksTheWaitOff) {
+TEST(UUID, IsRequestedAgainWhenASignalInterruptsTheWait) {
     int calls = 0;
     const auto interrupting = [&](const testing::SystemCall&) {
         return ++calls < 3 ? std::optional<long>(-EINTR) : std::nullopt;
@@ -60,14 +60,14 @@ TEST(UUID, IsAskedForAgainWhenASignalBreaksTheWaitOff) {
     EXPECT_NE(id, UUID());
 }
 
-TEST(UUID, IsRefusedWhereThereIsNothingRandom) {
+TEST(UUID, ThrowsWhenThereIsNoRandomness) {
     if (const auto reason = testing::withCallsAnswered({SYS_getrandom}, testing::refuseWith(ENOSYS),
                                                        [] { EXPECT_THROW(UUID::random(), std::system_error); })) {
         GTEST_SKIP() << *reason;
     }
 }
 
-TEST(UUID, IsEqualAndHashesEquallyByItsBytes) {
+TEST(UUID, IsComparedAndHashedByItsBytes) {
     const UUID id = UUID::random();
     const UUID copy = id;
     UUID other = id;

@@ -57,7 +57,7 @@ TEST_F(FolderScanOnDisk, FindsPairsAndMeasures) {
     EXPECT_EQ(song.dataFolderURL(), folder / "Song_[ProjectData]");
 }
 
-TEST_F(FolderScanOnDisk, FollowsNothingInTheFolderAndCountsLinksAsThemselves) {
+TEST_F(FolderScanOnDisk, FollowsNoLinkInTheFolderAndCountsLinksAsThemselves) {
     const testing::TemporaryFolder outside;
     outside.write("big.wav", std::string(100000, 'x'));
     folder.write("Song.xpj", "x");
@@ -77,7 +77,7 @@ TEST_F(FolderScanOnDisk, FollowsNothingInTheFolderAndCountsLinksAsThemselves) {
     EXPECT_EQ(messages(*scanner).back(), "Found 5 .xpj file(s) and 1 data folder(s)");
 }
 
-TEST_F(FolderScanOnDisk, FollowsTheChosenFolderItselfWhenItIsALink) {
+TEST_F(FolderScanOnDisk, FollowsTheChosenFolderIfItIsALink) {
     const testing::TemporaryFolder links;
     folder.write("Song.xpj", "x");
     fs::create_directory_symlink(folder.path(), links / "link");
@@ -85,7 +85,7 @@ TEST_F(FolderScanOnDisk, FollowsTheChosenFolderItselfWhenItIsALink) {
     EXPECT_EQ(scanner->projects.get().front().xpjURL(), links / "link/Song.xpj");
 }
 
-TEST_F(FolderScanOnDisk, ListsPipesAndFoldersThatAreNamedLikeProjectsAndNeverBlocks) {
+TEST_F(FolderScanOnDisk, ListsPipesAndFoldersNamedLikeProjectsWithoutBlocking) {
     ASSERT_EQ(mkfifo((folder / "Pipe.xpj").c_str(), 0600), 0);
     folder.makeFolder("Folder.xpj");
     ASSERT_EQ(names(scan()), (Lines{"Folder", "Pipe"}));
@@ -93,7 +93,7 @@ TEST_F(FolderScanOnDisk, ListsPipesAndFoldersThatAreNamedLikeProjectsAndNeverBlo
     EXPECT_EQ(scanner->projects.get()[1].totalSize(), 0);
 }
 
-TEST_F(FolderScanOnDisk, KeepsTheBytesOfNamesThatAreNotUtf8OrHoldControls) {
+TEST_F(FolderScanOnDisk, KeepsTheBytesOfNamesThatAreNotUtf8OrContainControls) {
     const std::string broken = "caf\xe9 \x01\n\xe2\x80\xae";
     folder.write(broken + ".xpj", "x");
     folder.makeFolder(broken + "_[ProjectData]");
@@ -102,13 +102,13 @@ TEST_F(FolderScanOnDisk, KeepsTheBytesOfNamesThatAreNotUtf8OrHoldControls) {
     EXPECT_TRUE(project.dataFolderURL().has_value());
 }
 
-TEST_F(FolderScanOnDisk, ListsTheLongestNamesThereCanBe) {
+TEST_F(FolderScanOnDisk, ListsTheLongestPossibleNames) {
     const std::string longest(251, 'n');
     folder.write(longest + ".xpj", "x");
     EXPECT_EQ(scan().front().baseName(), longest);
 }
 
-TEST_F(FolderScanOnDisk, SkipsADataFolderThatVanishesAfterTheListing) {
+TEST_F(FolderScanOnDisk, CountsNothingInADataFolderThatHasVanishedSinceTheListing) {
     folder.write("Song.xpj", "x");
     folder.makeFolder("Song_[ProjectData]");
     const auto files = makePosixFileManager();
@@ -120,7 +120,7 @@ TEST_F(FolderScanOnDisk, SkipsADataFolderThatVanishesAfterTheListing) {
     EXPECT_EQ(projects.front().totalSize(), 1);
 }
 
-TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatBecomesALinkAfterTheListing) {
+TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatHasBecomeALinkSinceTheListing) {
     const testing::TemporaryFolder outside;
     outside.write("big.wav", std::string(1000, 'x'));
     folder.write("Song.xpj", "x");
@@ -151,7 +151,7 @@ TEST_F(FolderScanOnDisk, ListsAHundredThousandEntriesBesideAndInADataFolder) {
     EXPECT_EQ(scanner->projects.get().front().totalSize(), 1 + 5 * static_cast<std::int64_t>(entries));
 }
 
-TEST_F(FolderScanOnDisk, EndsWhileEntriesComeGoAndGrow) {
+TEST_F(FolderScanOnDisk, EndsWhileEntriesAppearDisappearAndGrow) {
     folder.write("Song.xpj", "x");
     fs::create_directory(folder / "Song_[ProjectData]");
     std::atomic<bool> stop{false};
@@ -179,7 +179,7 @@ TEST_F(FolderScanOnDisk, EndsWhileEntriesComeGoAndGrow) {
     other.join();
 }
 
-TEST_F(FolderScanOnDisk, LooksAtSocketsAndDevicesFromOutside) {
+TEST_F(FolderScanOnDisk, ListsSocketsAndDevicesWithoutOpeningThem) {
     ASSERT_EQ(testing::makeSocket(folder / "Socket.xpj"), std::nullopt);
     Lines expected{"Socket"};
     // Only root may make a device; the one of /dev/zero would never end.
@@ -194,7 +194,7 @@ std::size_t allocated() {
     return mallinfo2().uordblks;
 }
 
-TEST_F(FolderScanOnDisk, GrowsByItsLogLinesOnlyOverManyScans) {
+TEST_F(FolderScanOnDisk, KeepsOnlyItsLogLinesInMemoryOverManyScans) {
     if (allocated() == 0) {
         GTEST_SKIP() << "a sanitizer's allocator does not tell what it has given out";
     }

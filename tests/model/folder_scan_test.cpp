@@ -72,7 +72,7 @@ TEST_F(FolderScan, MeasuresTheDataFolderOneLevelDeepAndAddsTheProjectFile) {
     EXPECT_EQ(song.totalSize(), 520);
 }
 
-TEST_F(FolderScan, TakesTheExtensionInAnyCaseButTheFolderNameExactly) {
+TEST_F(FolderScan, MatchesTheExtensionInAnyCaseButTheFolderNameExactly) {
     disk.addFile("/p/Loop.XPJ", 7);
     disk.addFolder("/p/loop_[ProjectData]");
     disk.addFile("/p/Beat.xPj", 7);
@@ -82,7 +82,7 @@ TEST_F(FolderScan, TakesTheExtensionInAnyCaseButTheFolderNameExactly) {
     EXPECT_FALSE(scanner->projects.get()[1].dataFolderURL().has_value());
 }
 
-TEST_F(FolderScan, GivesAProjectWithoutADataFolderItsOwnSizeAlone) {
+TEST_F(FolderScan, GivesAProjectWithoutADataFolderTheSizeOfItsFile) {
     disk.addFile("/p/Song.xpj", 123);
     const auto& song = scan().front();
     EXPECT_FALSE(song.dataFolderURL().has_value());
@@ -90,13 +90,13 @@ TEST_F(FolderScan, GivesAProjectWithoutADataFolderItsOwnSizeAlone) {
     EXPECT_EQ(song.totalSize(), 123);
 }
 
-TEST_F(FolderScan, CountsADataFolderWithoutAProjectButListsNoProject) {
+TEST_F(FolderScan, CountsADataFolderThatHasNoProject) {
     disk.addFolder("/p/Old_[ProjectData]");
     EXPECT_TRUE(scan().empty());
     EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "Found 0 .xpj file(s) and 1 data folder(s)"}));
 }
 
-TEST_F(FolderScan, CountsEveryFolderThatHasTheMarkAnywhereInItsName) {
+TEST_F(FolderScan, CountsEveryFolderWithTheMarkAnywhereInItsName) {
     disk.addFolder("/p/[ProjectData] backup");
     disk.addFolder("/p/a_[projectdata]");
     disk.addFile("/p/file_[ProjectData]", 1);
@@ -116,7 +116,7 @@ TEST_F(FolderScan, LeavesHiddenEntriesOutEverywhere) {
     EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 1 data folder(s)");
 }
 
-TEST_F(FolderScan, SortsWithoutRegardToCaseAndKeepsTheListingOrderOfLevelNames) {
+TEST_F(FolderScan, IgnoresCaseWhenSortingAndKeepsTheListingOrderOfEqualNames) {
     disk.addFile("/p/beta.xpj");
     disk.addFile("/p/Alpha.xpj");
     disk.addFile("/p/alpha.xpj");
@@ -124,7 +124,7 @@ TEST_F(FolderScan, SortsWithoutRegardToCaseAndKeepsTheListingOrderOfLevelNames) 
 }
 
 // A sort that is not stable leaves a few equal names where they were.
-TEST_F(FolderScan, KeepsTheListingOrderOfHundredsOfLevelNames) {
+TEST_F(FolderScan, KeepsTheListingOrderOfHundredsOfEqualNames) {
     Lines listed;
     for (unsigned cases = 0; cases < 256; ++cases) {
         std::string name = "abcdefgh";
@@ -139,14 +139,14 @@ TEST_F(FolderScan, KeepsTheListingOrderOfHundredsOfLevelNames) {
     EXPECT_EQ(names(scan()), listed);
 }
 
-TEST_F(FolderScan, KeepsTheListingOrderOfLevelNamesTheOtherWayRoundToo) {
+TEST_F(FolderScan, KeepsTheListingOrderOfEqualNamesTheOtherWayRoundToo) {
     disk.addFile("/p/beta.xpj");
     disk.addFile("/p/alpha.xpj");
     disk.addFile("/p/Alpha.xpj");
     EXPECT_EQ(names(scan()), (Lines{"alpha", "Alpha", "beta"}));
 }
 
-TEST_F(FolderScan, SortsByTheOrderOfTheUsersLocaleWhateverItsOtherCategoriesAre) {
+TEST_F(FolderScan, SortsByTheCollationLocaleWhateverTheOtherCategoriesAre) {
     auto services = scene.services();
     services.locale = UserLocale{"sv_SE", "de_DE", "de_DE", "de_DE"};
     scanner = MPCScanner::create(std::move(services));
@@ -155,7 +155,7 @@ TEST_F(FolderScan, SortsByTheOrderOfTheUsersLocaleWhateverItsOtherCategoriesAre)
     EXPECT_EQ(names(scan()), (Lines{"zug", "\u00f6l"}));
 }
 
-TEST_F(FolderScan, LogsTheEndOfAnEmptyFolderAfterWhatItFound) {
+TEST_F(FolderScan, LogsTheEndAfterWhatItFoundInAnEmptyFolder) {
     scan();
     EXPECT_EQ(messages(*scanner), (Lines{"Scan complete: 0 project(s)", "Found 0 .xpj file(s) and 0 data folder(s)"}));
 }
@@ -172,7 +172,7 @@ TEST_F(FolderScan, LogsCountsWithoutGroupingInEveryLocale) {
               (Lines{"Scan complete: 1234 project(s)", "Found 1234 .xpj file(s) and 0 data folder(s)"}));
 }
 
-TEST_F(FolderScan, CountsNothingOfADataFolderWhoseListingBreaksOff) {
+TEST_F(FolderScan, CountsNothingInADataFolderWhoseListingFailsHalfway) {
     disk.addFile("/p/Song.xpj", 5);
     auto& folder = disk.addFolder("/p/Song_[ProjectData]");
     disk.addFile("/p/Song_[ProjectData]/a.wav", 100);
@@ -190,13 +190,13 @@ TEST_F(FolderScan, ListsAFolderNamedLikeAProjectFile) {
     EXPECT_EQ(odd.totalSize(), 0);
 }
 
-TEST_F(FolderScan, CountsAFolderNamedLikeBothAsBoth) {
+TEST_F(FolderScan, CountsAFolderNamedLikeBothTwice) {
     disk.addFolder("/p/Odd_[ProjectData].xpj");
     EXPECT_EQ(names(scan()), (Lines{"Odd_[ProjectData]"}));
     EXPECT_EQ(messages(*scanner).back(), "Found 1 .xpj file(s) and 1 data folder(s)");
 }
 
-TEST_F(FolderScan, TakesALinkNamedLikeADataFolderForNone) {
+TEST_F(FolderScan, IgnoresALinkNamedLikeADataFolder) {
     disk.addFile("/p/Song.xpj", 5);
     disk.addFolder("/elsewhere");
     disk.addLink("/p/Song_[ProjectData]", "/elsewhere");
@@ -221,7 +221,7 @@ TEST_F(FolderScan, ShowsAnEmptyListFromItsStartToItsEnd) {
     EXPECT_FALSE(scanner->isScanning.get());
 }
 
-TEST_F(FolderScan, PublishesListAndFlagInOneTaskOfTheMainThread) {
+TEST_F(FolderScan, PublishesListAndFlagInOneTaskOnTheMainThread) {
     disk.addFile("/p/Song.xpj", 5);
     scanner->folderURL.set("/p");
     scanner->scan();
@@ -233,7 +233,7 @@ TEST_F(FolderScan, PublishesListAndFlagInOneTaskOfTheMainThread) {
     EXPECT_EQ(scanner->projects.get().size(), 1U);
 }
 
-TEST_F(FolderScan, ScansTheFolderChosenWhenItWasCalled) {
+TEST_F(FolderScan, ScansTheFolderThatWasChosenAtTheCall) {
     disk.addFile("/p/Song.xpj", 5);
     disk.addFolder("/q");
     scanner->folderURL.set("/p");
@@ -243,7 +243,7 @@ TEST_F(FolderScan, ScansTheFolderChosenWhenItWasCalled) {
     EXPECT_EQ(names(scanner->projects.get()), (Lines{"Song"}));
 }
 
-TEST_F(FolderScan, LetsTheScanThatEndsLastDecideWhenTwoOverlap) {
+TEST_F(FolderScan, ShowsTheResultOfTheScanThatEndsLastWhenTwoOverlap) {
     disk.addFile("/p/First.xpj", 5);
     disk.addFolder("/q");
     disk.addFile("/q/Second.xpj", 5);
@@ -261,7 +261,7 @@ TEST_F(FolderScan, LetsTheScanThatEndsLastDecideWhenTwoOverlap) {
     EXPECT_EQ(messages(*scanner).size(), 4U);
 }
 
-TEST_F(FolderScan, TellsItsOwnEndWhenTwoOverlap) {
+TEST_F(FolderScan, ReportsItsOwnEndWhenTwoOverlap) {
     disk.addFile("/p/Song.xpj");
     scanner->folderURL.set("/p");
     Lines ends;
@@ -278,7 +278,7 @@ TEST_F(FolderScan, TellsItsOwnEndWhenTwoOverlap) {
     EXPECT_EQ(ends, (Lines{"first listed", "second listed"}));
 }
 
-TEST_F(FolderScan, KeepsTheScannerFromItsBackgroundStepToItsEnd) {
+TEST_F(FolderScan, KeepsTheScannerAliveFromItsBackgroundStepToItsEnd) {
     const std::weak_ptr<MPCScanner> weak = scanner;
     scanner->folderURL.set("/p");
     scanner->scan();
@@ -304,7 +304,7 @@ public:
     std::function<void()> afterTask;
 };
 
-TEST_F(FolderScan, LetsTheMainThreadBeTheLastToHoldTheScanner) {
+TEST_F(FolderScan, ReleasesTheScannerOnTheMainThread) {
     const auto quick = std::make_shared<QuickQueue>();
     auto services = scene.services();
     services.mainQueue = quick;
@@ -337,7 +337,7 @@ public:
     std::string message(int) const override { return "plus de m\xE9moire"; }
 };
 
-TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoThreadForIt) {
+TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoThread) {
     auto services = scene.services();
     services.backgroundQueue = std::make_shared<ExhaustedQueue>(std::error_code(EAGAIN, std::generic_category()));
     scanner = MPCScanner::create(std::move(services));
@@ -347,7 +347,7 @@ TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoThreadForIt) {
               (Lines{"Scan complete: 0 project(s)", "! Scan error: Resource temporarily unavailable"}));
 }
 
-TEST_F(FolderScan, TellsWhyThereIsNoThreadInUtf8WhateverTheSystemWritesIn) {
+TEST_F(FolderScan, DescribesTheMissingThreadInUtf8WhateverTheSystemUses) {
     const OldLetters letters;
     auto services = scene.services();
     services.backgroundQueue = std::make_shared<ExhaustedQueue>(std::error_code(EAGAIN, letters));
@@ -356,7 +356,7 @@ TEST_F(FolderScan, TellsWhyThereIsNoThreadInUtf8WhateverTheSystemWritesIn) {
     EXPECT_EQ(messages(*scanner).back(), "! Scan error: plus de m\uFFFDmoire");
 }
 
-TEST_F(FolderScan, EndsWithAnErrorLineWhenThereIsNoMemoryForIt) {
+TEST_F(FolderScan, EndsWithAnErrorLineWhenMemoryRunsOut) {
     disk.addFile("/p/Song.xpj");
     disk.onCall = [](const std::string&) { throw std::bad_alloc(); };
     scan();
@@ -389,7 +389,7 @@ protected:
     static constexpr int many = 300;
 };
 
-TEST_F(FolderScanOfMany, MeasuresOnSeveralThreadsAsOnOne) {
+TEST_F(FolderScanOfMany, MeasuresTheSameOnSeveralThreads) {
     expectAll(scan());
 }
 
@@ -404,14 +404,14 @@ TEST_F(FolderScanOfMany, EndsWithAnErrorLineWhicheverThreadRunsOutOfMemory) {
                                          "Found 300 .xpj file(s) and 300 data folder(s)"}));
 }
 
-TEST_F(FolderScanOfMany, MeasuresAllOnOneThreadWhereThereAreNoMore) {
+TEST_F(FolderScanOfMany, MeasuresAllOnOneThreadWhenThereAreNoMore) {
     if (const auto reason = testing::withCallsAnswered({SYS_clone3, SYS_clone}, testing::refuseWith(EAGAIN),
                                                        [&] { expectAll(scan()); })) {
         GTEST_SKIP() << *reason;
     }
 }
 
-TEST_F(FolderScan, NamesAFolderWithoutANameOfItsOwnByItsPath) {
+TEST_F(FolderScan, NamesTheRootFolderByItsPathInAnError) {
     disk.fail("list", EIO);
     scanner->folderURL.set("/");
     scanner->scan();
@@ -422,7 +422,7 @@ TEST_F(FolderScan, NamesAFolderWithoutANameOfItsOwnByItsPath) {
 
 using FolderScanDeathTest = FolderScan;
 
-TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheSizesOfADataFolderDoNotFit) {
+TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheSumOfADataFolderIsTooLarge) {
     disk.addFile("/p/Song.xpj", 5);
     disk.addFolder("/p/Song_[ProjectData]");
     disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max());
@@ -430,14 +430,14 @@ TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheSizesOfADataFolderDoNotFit) {
     EXPECT_DEATH(scan(), "does not fit");
 }
 
-TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheProjectFileNoLongerFits) {
+TEST_F(FolderScanDeathTest, EndsTheProcessWhenTheProjectFileMakesTheSumTooLarge) {
     disk.addFile("/p/Song.xpj", 1);
     disk.addFolder("/p/Song_[ProjectData]");
     disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max());
     EXPECT_DEATH(scan(), "does not fit");
 }
 
-TEST_F(FolderScan, AddsSizesUpToTheLastThatFits) {
+TEST_F(FolderScan, AddsSizesUpToTheLargestSum) {
     disk.addFile("/p/Song.xpj", 1);
     disk.addFolder("/p/Song_[ProjectData]");
     disk.addFile("/p/Song_[ProjectData]/a", std::numeric_limits<std::int64_t>::max() - 1);

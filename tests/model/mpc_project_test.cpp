@@ -11,7 +11,7 @@ MPCProject song() {
     return {"Song", "/p/Song.xpj", std::filesystem::path("/p/Song_[ProjectData]"), 3, 520};
 }
 
-TEST(MPCProject, IsUnequalToAnotherOfTheSameFields) {
+TEST(MPCProject, DiffersFromAnotherWithTheSameFields) {
     EXPECT_NE(song(), song());
 }
 

@@ -51,7 +51,7 @@ TEST(ActivityLog, PutsTheNewestLineFirst) {
     EXPECT_NE(entries[0].id, entries[1].id);
 }
 
-TEST(ActivityLog, TakesTheTimeOfTheInsertionNotOfTheCall) {
+TEST(ActivityLog, TakesTheTimeOfTheInsertionRatherThanOfTheCall) {
     const Scene scene;
     auto services = scene.services();
     std::chrono::system_clock::time_point clock{};
@@ -63,7 +63,7 @@ TEST(ActivityLog, TakesTheTimeOfTheInsertionNotOfTheCall) {
     EXPECT_EQ(scanner->logEntries.get().front().timestamp.time_since_epoch(), 5s);
 }
 
-TEST(ActivityLog, AddsALineOfTheMainThreadOnlyAfterTheCurrentWork) {
+TEST(ActivityLog, AddsALineFromTheMainThreadOnlyAfterItsCurrentWork) {
     const Scene scene;
     const auto scanner = MPCScanner::create(scene.services());
     std::size_t during = 99;
@@ -76,7 +76,7 @@ TEST(ActivityLog, AddsALineOfTheMainThreadOnlyAfterTheCurrentWork) {
     EXPECT_EQ(scanner->logEntries.get().size(), 1U);
 }
 
-TEST(ActivityLog, IsOneChangeALine) {
+TEST(ActivityLog, ChangesOncePerLine) {
     const Scene scene;
     const auto scanner = MPCScanner::create(scene.services());
     std::vector<std::size_t> before;
@@ -154,7 +154,7 @@ std::shared_ptr<MPCScanner> scannerOfASong(const Scene& scene) {
     return scanner;
 }
 
-TEST(SelectFolder, AsksForOneDirectoryWithItsMessageAndButton) {
+TEST(SelectFolder, AsksForOneFolderWithItsMessageAndButton) {
     const Scene scene;
     MPCScanner::create(scene.services())->selectFolder();
     ASSERT_EQ(scene.panel->asked.size(), 1U);
@@ -213,7 +213,7 @@ public:
     bool outlived = false;
 };
 
-TEST(SelectFolder, KeepsTheScannerWhileThePanelIsOpen) {
+TEST(SelectFolder, KeepsTheScannerAliveWhileThePanelIsOpen) {
     const Scene scene;
     const auto panel = std::make_shared<ClosingPanel>();
     auto services = scene.services();

@@ -6,7 +6,7 @@
 namespace tarvolt {
 namespace {
 
-TEST(ProjectFileName, IsToldAndCutAsInTheReferenceTable) {
+TEST(ProjectFileName, IsRecognisedAndCutAsInTheReferenceTable) {
     for (const testing::ReferenceRow& row : testing::readReferenceTable("paths.tsv", 23, 4)) {
         const bool isOne = row.fields[3] == "1";
         EXPECT_EQ(isProjectFileName(row.fields[0]), isOne) << row;
@@ -20,7 +20,7 @@ TEST(ProjectFileName, LosesItsLastExtensionOnly) {
     EXPECT_EQ(baseNameOf("Beat.final.xpj"), "Beat.final");
 }
 
-TEST(ProjectFileName, HasItsExtensionInAsciiLettersOfAnyCase) {
+TEST(ProjectFileName, HasItsExtensionInAnyCaseOfAsciiLetters) {
     for (const char* name : {"a.xpj", "a.XPJ", "a.xPj"}) {
         EXPECT_TRUE(isProjectFileName(name)) << name;
     }

@@ -181,7 +181,7 @@ class ScanFailureInMemory : public ::testing::TestWithParam<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Table, ScanFailureInMemory, ::testing::ValuesIn(rows), nameOf);
 
-TEST_P(ScanFailureInMemory, HasItsLogItsOrderOfOperationsAndItsProjectsAndChangesNothing) {
+TEST_P(ScanFailureInMemory, HasItsLogItsOperationsAndItsProjectsAndChangesNothing) {
     const auto& row = GetParam();
     const testing::Scene scene;
     scene.disk->addFolder("/");
@@ -206,7 +206,7 @@ class ScanFailureOnDisk : public ::testing::TestWithParam<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Table, ScanFailureOnDisk, ::testing::ValuesIn(rows), nameOf);
 
-TEST_P(ScanFailureOnDisk, HasItsLogItsOrderOfOperationsAndItsProjectsAndChangesNothing) {
+TEST_P(ScanFailureOnDisk, HasItsLogItsOperationsAndItsProjectsAndChangesNothing) {
     const auto& row = GetParam();
     const TemporaryFolder folder;
     folder.write("p/Song.xpj", "12345");

@@ -234,7 +234,7 @@ class FailureInMemory : public ::testing::TestWithParam<Row> {};
 INSTANTIATE_TEST_SUITE_P(Table, FailureInMemory, ::testing::ValuesIn(rows), nameOf);
 INSTANTIATE_TEST_SUITE_P(MemoryAlone, FailureInMemory, ::testing::ValuesIn(rowsInMemory), nameOf);
 
-TEST_P(FailureInMemory, HasItsTextItsOrderOfOperationsAndItsDisk) {
+TEST_P(FailureInMemory, HasItsMessageItsOperationsAndItsDisk) {
     const auto& row = GetParam();
     const testing::Scene scene;
     scene.disk->addFolder("/p");
@@ -262,7 +262,7 @@ class FailureOnDisk : public ::testing::TestWithParam<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Table, FailureOnDisk, ::testing::ValuesIn(rows), nameOf);
 
-TEST_P(FailureOnDisk, HasItsTextItsOrderOfOperationsAndItsDisk) {
+TEST_P(FailureOnDisk, HasItsMessageItsOperationsAndItsDisk) {
     const auto& row = GetParam();
     const TemporaryFolder folder;
     folder.write("Song.xpj", oldText);

@@ -51,7 +51,7 @@ TEST(GoldenProject, IsRenamedToTheExpectedTreeByteForByte) {
     EXPECT_EQ(difference(folder.tree(), testing::treeOf(golden / "after")), "");
 }
 
-TEST(GoldenProject, ComesBackInOneFormWhenItIsRenamedBack) {
+TEST(GoldenProject, HasOneFormOfItsReferencesWhenItIsRenamedBack) {
     const testing::TemporaryFolder folder;
     fs::copy(golden / "after", folder.path(), fs::copy_options::recursive);
     const testing::Scene scene;

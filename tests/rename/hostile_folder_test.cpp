@@ -147,7 +147,7 @@ TEST_P(InPlaceOfTheProjectFile, IsListedAndCannotBeRead) {
 class InPlaceOfTheDataFolder : public HostileFolder {};
 INSTANTIATE_TEST_SUITE_P(OfAll, InPlaceOfTheDataFolder, ::testing::ValuesIn(noFolders), nameOfThing);
 
-TEST_P(InPlaceOfTheDataFolder, IsNoneAndStaysWhereItIs) {
+TEST_P(InPlaceOfTheDataFolder, IsNotADataFolderAndStaysWhereItIs) {
     makeSong(true, false);
     PUT_OR_SKIP("Song_[ProjectData]");
     auto expected = folder.tree();
@@ -160,7 +160,7 @@ TEST_P(InPlaceOfTheDataFolder, IsNoneAndStaysWhereItIs) {
     EXPECT_EQ(folder.tree(), expected);
 }
 
-TEST_P(InPlaceOfTheDataFolder, IsMovedItselfWhereTheRecordSawAFolder) {
+TEST_P(InPlaceOfTheDataFolder, IsMovedItselfIfTheRecordSaysThereIsAFolder) {
     makeSong(true, false);
     fs::create_directory(projects / "Song_[ProjectData]");
     const auto project = scan().front();
@@ -201,7 +201,7 @@ TEST_P(InPlaceOfTheNewDataFolder, StopsTheMoveAndNothingIsTouched) {
 class BesideTheProject : public HostileFolder {};
 INSTANTIATE_TEST_SUITE_P(OfAll, BesideTheProject, ::testing::ValuesIn(all), nameOfThing);
 
-TEST_P(BesideTheProject, AndInItsDataFolderIsCountedAndLeftAlone) {
+TEST_P(BesideTheProject, AndInItsDataFolderIsCountedButLeftAlone) {
     makeSong();
     PUT_OR_SKIP("odd");
     PUT_OR_SKIP("Song_[ProjectData]/odd");

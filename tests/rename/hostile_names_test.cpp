@@ -29,7 +29,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::tuple("WithADashInFront", "-rf"), std::tuple("OfTheLongestFolder", std::string(241, 'n'))),
     [](const auto& test) { return std::string(std::get<0>(test.param)); });
 
-TEST_P(OddName, IsGivenAndTakenByTheByte) {
+TEST_P(OddName, IsGivenAndTakenAwayByteForByte) {
     const std::string& name = std::get<1>(GetParam());
     const TemporaryFolder folder;
     folder.write("Song.xpj", "<a>Song_[ProjectData]/kick.wav</a>");
@@ -46,7 +46,7 @@ TEST_P(OddName, IsGivenAndTakenByTheByte) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST(OddNameOfAnOldProject, ThatIsNotUtf8IsTakenByTheByte) {
+TEST(OddNameOfAnOldProject, ThatIsNotUtf8IsTakenAwayByteForByte) {
     const TemporaryFolder folder;
     const std::string name = "caf\xe9 \xff";
     folder.write(name + ".xpj", "text");

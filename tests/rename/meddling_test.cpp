@@ -48,7 +48,7 @@ TEST_F(Meddling, KeepsAFileThatAppearsAfterTheExistenceTest) {
                 ElementsAre("/p/", "/p/Beat.xpj=foreign", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
 }
 
-TEST_F(Meddling, LeavesAForeignFileAloneWhenItRollsBack) {
+TEST_F(Meddling, LeavesAForeignFileAloneWhenRollingBack) {
     EXPECT_EQ(rename("move",
                      [&] {
                          disk.addFile("/p/Beat.xpj", "foreign");
@@ -59,7 +59,7 @@ TEST_F(Meddling, LeavesAForeignFileAloneWhenItRollsBack) {
                                          "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
 }
 
-TEST_F(Meddling, DoesNotMoveAnotherFolderThanTheOneItSaw) {
+TEST_F(Meddling, DoesNotMoveADifferentFolderThanTheOneItSaw) {
     EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Song_[ProjectData]"); }),
               "Failed to write file: Could not rename data folder: Device or resource busy");
     EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
@@ -80,14 +80,14 @@ TEST_F(Meddling, KeepsAnOldFileThatWasSavedWhileItWasRead) {
                 ElementsAre("/p/", "/p/Beat.xpj=saved again", "/p/Beat_[ProjectData]/", "/p/Song.xpj=saved again"));
 }
 
-TEST_F(Meddling, KeepsAnotherFileThatTakesTheOldOnesNameAtTheLastMoment) {
+TEST_F(Meddling, KeepsADifferentFileThatTakesTheOldNameAtTheLastMoment) {
     EXPECT_EQ(rename("remove", [&] { disk.addFile("/p/Song.xpj", "foreign"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(disk.disk(),
                 ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/", "/p/Song.xpj=foreign"));
 }
 
-TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsNoLongerItsOwn) {
+TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneHasBeenReplaced) {
     EXPECT_EQ(rename("move", [&] { disk.addFile("/p/Beat.xpj", "foreign"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(disk.disk(),

@@ -64,7 +64,7 @@ TEST(NameValidation, DecidesForEveryCodePointAloneAndBetweenLetters) {
     }
 }
 
-TEST(NameValidation, DecidesAsAnObviousRuleForRandomNames) {
+TEST(NameValidation, AgreesWithASimpleRuleOnRandomNames) {
     constexpr std::array<std::string_view, 22> pieces{
         " ",      "\t",     "\u00a0", "\u3000", "\u2003", " ",          " ", "\n", "\u2028", "\u200b", "a",
         "\u00e9", "\u2215", "\uff0f", "\u203a", "\u00b7", "\U0001F3B5", "/", ":",  "\"",     "\\",     "."};
@@ -105,7 +105,7 @@ TEST(NameValidation, AcceptsANameOfLineBreaksOnly) {
     }
 }
 
-TEST(NameValidation, AcceptsALeadingAndATrailingSpaceAroundLetters) {
+TEST(NameValidation, AcceptsLeadingAndTrailingSpacesAroundLetters) {
     EXPECT_EQ(refusal(" Beat "), "");
 }
 

@@ -69,7 +69,7 @@ TEST_F(ProjectRenameOnDisk, GivesFileFolderAndReferencesTheNewName) {
                             "state " + at("Song.xpj"), "state " + at("Beat.xpj"), "remove " + at("Song.xpj")));
 }
 
-TEST_F(ProjectRenameOnDisk, ThereAndBackGivesTheSameTree) {
+TEST_F(ProjectRenameOnDisk, ThereAndBackRestoresTheTree) {
     makeSong();
     const auto before = folder.tree();
     EXPECT_EQ(rename("Caf\u00e9 & co"), "");
@@ -84,7 +84,7 @@ TEST_F(ProjectRenameOnDisk, InLetterCaseOnlySucceedsOnACaseSensitiveFileSystem) 
                                            "SONG_[ProjectData]/kick.wav=boom"));
 }
 
-TEST_F(ProjectRenameOnDisk, ThatChangesTheExtensionAloneCannotMoveTheDataFolderOntoItself) {
+TEST_F(ProjectRenameOnDisk, ThatChangesOnlyTheExtensionCannotMoveTheDataFolderOntoItself) {
     folder.write("Song.XPJ", "Song_[ProjectData]");
     folder.write("Song_[ProjectData]/kick.wav", "boom");
     const MPCProject project("Song", folder / "Song.XPJ", folder / "Song_[ProjectData]", 0, 0);
@@ -118,7 +118,7 @@ TEST_F(ProjectRenameOnDisk, FailsToReadThroughADanglingLink) {
     expectUnchanged("Beat", "Failed to read file: Song.xpj");
 }
 
-TEST_F(ProjectRenameOnDisk, ReadsALinkedProjectFileThroughItsLinkAndRemovesTheLinkAlone) {
+TEST_F(ProjectRenameOnDisk, ReadsALinkedProjectFileThroughItsLinkAndRemovesOnlyTheLink) {
     folder.write("elsewhere/real", "Song_[ProjectData]");
     fs::create_symlink("elsewhere/real", folder / "Song.xpj");
     EXPECT_EQ(errorOfRename(*scanner, testing::projectWithoutDataFolderIn(folder.path()), "Beat"), "");
@@ -132,7 +132,7 @@ TEST_F(ProjectRenameOnDisk, FailsToWriteANameThatIsTooLongForTheFile) {
     expectUnchanged(name, "Failed to write file: " + name + ".xpj");
 }
 
-TEST_F(ProjectRenameOnDisk, RollsBackANameThatIsTooLongForTheDataFolderOnly) {
+TEST_F(ProjectRenameOnDisk, RollsBackANameThatIsTooLongOnlyForTheDataFolder) {
     makeSong();
     for (const std::size_t length : {242U, 251U}) {
         expectUnchanged(std::string(length, 'n'),
@@ -140,7 +140,7 @@ TEST_F(ProjectRenameOnDisk, RollsBackANameThatIsTooLongForTheDataFolderOnly) {
     }
 }
 
-TEST_F(ProjectRenameOnDisk, TakesTheLongestNameThatTheDataFolderCanHave) {
+TEST_F(ProjectRenameOnDisk, AcceptsTheLongestNameThatTheDataFolderCanHave) {
     makeSong();
     EXPECT_EQ(rename(std::string(241, 'n')), "");
 }
@@ -151,13 +151,13 @@ TEST_F(ProjectRenameOnDisk, NeverCutsANameAtANulByte) {
     expectUnchanged(name, "Failed to write file: " + name + ".xpj");
 }
 
-TEST_F(ProjectRenameOnDisk, SeesADanglingLinkInThePlaceOfTheNewFile) {
+TEST_F(ProjectRenameOnDisk, FailsIfADanglingLinkHasTheNameOfTheNewFile) {
     makeSong();
     fs::create_symlink("nowhere", folder / "Beat.xpj");
     expectUnchanged("Beat", "A project named \"Beat\" already exists.");
 }
 
-TEST_F(ProjectRenameOnDisk, RollsBackWhereALinkHasTheNameOfTheNewDataFolder) {
+TEST_F(ProjectRenameOnDisk, RollsBackWhenALinkHasTheNameOfTheNewDataFolder) {
     makeSong();
     fs::create_symlink("nowhere", folder / "Beat_[ProjectData]");
     expectUnchanged("Beat", "Failed to write file: Could not rename data folder: File exists");
@@ -173,7 +173,7 @@ TEST_F(ProjectRenameOnDisk, CannotEncodeALoneSurrogate) {
     expectUnchanged("Be\xed\xa0\x80", "Failed to write file: Could not encode updated XML");
 }
 
-TEST_F(ProjectRenameOnDisk, LeavesTheProjectAsItWasWhenTheDiskIsFullInTheMiddleOfTheWrite) {
+TEST_F(ProjectRenameOnDisk, LeavesTheProjectAsItWasWhenTheDiskFillsUpDuringTheWrite) {
     const auto reason = testing::withSmallDisk(1'000'000, [&](const fs::path& small) {
         scanner->folderURL.set(small);
         const std::string text(700'000, 'x');
@@ -206,7 +206,7 @@ TEST_F(ProjectRenameOnDisk, RollsBackWhenTheDataFolderIsOnAnotherDevice) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_F(ProjectRenameOnDisk, RollsBackWhenTheFolderThatHoldsTheDataFolderMustNotBeWritten) {
+TEST_F(ProjectRenameOnDisk, RollsBackWithoutWritePermissionForTheDataFoldersFolder) {
     folder.write("chosen/readme", "");
     folder.write("closed/Song.xpj", "text");
     folder.makeFolder("closed/Song_[ProjectData]");
@@ -220,7 +220,7 @@ TEST_F(ProjectRenameOnDisk, RollsBackWhenTheFolderThatHoldsTheDataFolderMustNotB
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_F(ProjectRenameOnDisk, KeepsEverythingWhenTheFolderThatHoldsTheOldFileMustNotBeWritten) {
+TEST_F(ProjectRenameOnDisk, KeepsEverythingWithoutWritePermissionForTheOldFilesFolder) {
     folder.makeFolder("chosen");
     folder.write("closed/Song.xpj", "Song_[ProjectData]");
     ASSERT_EQ(::chmod((folder / "closed").c_str(), 0500), 0);
@@ -259,7 +259,7 @@ TEST_F(ProjectRenameOnDisk, KeepsBothFilesWhenTheOldOneIsImmutable) {
                             "Beat_[ProjectData]/kick.wav=boom", "Song.xpj=<a>Song_[ProjectData]/kick.wav</a>"));
 }
 
-TEST_F(ProjectRenameOnDisk, LeavesTheNewFileBesideTheOldProjectInAFolderThatIsOnlyAddedTo) {
+TEST_F(ProjectRenameOnDisk, LeavesTheNewFileBesideTheOldProjectInAnAppendOnlyFolder) {
     makeSong();
     if (const int error = setAttribute(folder.path(), FS_APPEND_FL, true)) {
         GTEST_SKIP() << "this user or file system lets no folder be only added to: " << std::strerror(error);
@@ -285,7 +285,7 @@ TEST_F(ProjectRenameOnDisk, RollsBackWhenTheDataFolderIsImmutable) {
     EXPECT_EQ(folder.tree(), before);
 }
 
-TEST_F(ProjectRenameOnDisk, KeepsAFileThatComesAfterTheExistenceTest) {
+TEST_F(ProjectRenameOnDisk, KeepsAFileThatAppearsAfterTheExistenceTest) {
     makeSong();
     disk->onCall = [&](const std::string& line) {
         if (line.starts_with("create ")) {

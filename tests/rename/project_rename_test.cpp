@@ -57,7 +57,7 @@ public:
     void asyncAfter(std::chrono::milliseconds, Task) override { throw std::bad_alloc(); }
 };
 
-TEST_F(ProjectRename, IsDoneAlsoWhereThereIsNoMemoryForItsLine) {
+TEST_F(ProjectRename, SucceedsEvenIfThereIsNoMemoryForItsLine) {
     auto services = scene.services();
     services.mainQueue = std::make_shared<FullQueue>();
     const auto full = MPCScanner::create(std::move(services));
@@ -100,7 +100,7 @@ TEST_F(ProjectRename, RollsBackWhenTheNewDataFolderAlreadyExists) {
     EXPECT_EQ(scene.disk->disk(), before);
 }
 
-TEST_F(ProjectRename, OfAProjectWithoutDataFolderWritesTheNewFileAndRemovesTheOldOne) {
+TEST_F(ProjectRename, OfAProjectWithoutADataFolderWritesTheNewFileAndRemovesTheOldOne) {
     EXPECT_EQ(errorOfRename(*scanner, testing::projectWithoutDataFolderIn("/p"), "Beat"), "");
     EXPECT_THAT(scene.disk->traffic(),
                 ElementsAre("exists /p/Beat.xpj", "state /p/Song.xpj", "read /p/Song.xpj", "create /p/Beat.xpj",
@@ -136,7 +136,7 @@ TEST_F(ProjectRename, WritesAnAmpersandUnescaped) {
     EXPECT_EQ(renameText("<f>Song_[ProjectData]</f>&amp;", "R&B"), "<f>R&B_[ProjectData]</f>&amp;");
 }
 
-TEST_F(ProjectRename, LogsTheSuccessAsNewestLineAndLeavesTheListAlone) {
+TEST_F(ProjectRename, LogsItsSuccessAsTheNewestLineAndLeavesTheListAlone) {
     scanner->projects.set({projectIn("/p")});
     scanner->log("earlier", false);
     EXPECT_EQ(rename("Beat"), "");
@@ -152,7 +152,7 @@ TEST_F(ProjectRename, KeepsAByteOrderMark) {
     EXPECT_EQ(renameText("\xef\xbb\xbf<f>Song_[ProjectData]</f>", "Beat"), "\xef\xbb\xbf<f>Beat_[ProjectData]</f>");
 }
 
-TEST_F(ProjectRename, UsesTheNameWithTheBlanksItWasGiven) {
+TEST_F(ProjectRename, UsesTheNameWithItsSpaces) {
     EXPECT_EQ(rename(" Beat "), "");
     EXPECT_TRUE(scene.disk->fileExists("/p/ Beat .xpj"));
     EXPECT_TRUE(scene.disk->fileExists("/p/ Beat _[ProjectData]"));
@@ -166,7 +166,7 @@ TEST_F(ProjectRename, AppendsAnyAcceptedNameAsOneComponent) {
     }
 }
 
-TEST_F(ProjectRename, WritesIntoTheChosenFolderAlsoWhenTheRecordIsOfAnother) {
+TEST_F(ProjectRename, WritesIntoTheChosenFolderEvenIfTheRecordIsOfAnother) {
     scene.disk->addFolder("/q");
     scanner->folderURL.set("/q/"); // a stop at the end makes no difference
     EXPECT_EQ(rename("Beat"), "");
@@ -188,7 +188,7 @@ TEST_F(ProjectRename, OfAProjectWhoseNameIsNotUtf8KeepsTheTextAndMovesEverything
     EXPECT_FALSE(scene.disk->fileExists("/p/caf\xe9.xpj"));
 }
 
-TEST_F(ProjectRename, CannotEncodeALoneSurrogateAlsoWhereTheTextHasNoReference) {
+TEST_F(ProjectRename, CannotEncodeALoneSurrogateEvenIfTheTextHasNoReference) {
     scene.disk->addFile("/p/Song.xpj", "<xml/>");
     const auto before = scene.disk->disk();
     EXPECT_EQ(rename("Beat\xed\xb0\x80"), "Failed to write file: Could not encode updated XML");
@@ -196,7 +196,7 @@ TEST_F(ProjectRename, CannotEncodeALoneSurrogateAlsoWhereTheTextHasNoReference) 
 }
 
 #if !TARVOLT_UNDER_SANITIZER
-TEST_F(ProjectRename, CannotEncodeWhatNoMemoryCanHold) {
+TEST_F(ProjectRename, CannotEncodeWhatMemoryCannotHold) {
     // Three million references to a name of 64 MB would be more than a process can address.
     std::string text;
     for (int i = 0; i < 3'000'000; ++i) {

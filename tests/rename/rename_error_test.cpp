@@ -5,7 +5,7 @@
 namespace tarvolt {
 namespace {
 
-TEST(RenameError, DestinationExistsDescribesItselfWithTheNameInQuotes) {
+TEST(RenameError, QuotesTheNameOfAnExistingDestination) {
     const auto error = RenameError::destinationExists("Beat");
     EXPECT_EQ(error.kind(), RenameError::Case::destinationExists);
     EXPECT_EQ(error.payload(), "Beat");
@@ -13,7 +13,7 @@ TEST(RenameError, DestinationExistsDescribesItselfWithTheNameInQuotes) {
     EXPECT_STREQ(error.what(), "A project named \"Beat\" already exists.");
 }
 
-TEST(RenameError, BeginsEveryOtherDescriptionWithTheWordsOfItsCase) {
+TEST(RenameError, StartsEveryOtherDescriptionWithTheTextOfItsCase) {
     EXPECT_EQ(RenameError::readFailed("Song.xpj").errorDescription(), "Failed to read file: Song.xpj");
     EXPECT_EQ(RenameError::writeFailed("Beat.xpj").errorDescription(), "Failed to write file: Beat.xpj");
     EXPECT_EQ(RenameError::deleteFailed("why").errorDescription(), "Failed to delete: why");

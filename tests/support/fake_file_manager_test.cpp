@@ -72,7 +72,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(OfADisk, FileManagerContract, ::testing::Values(true, false),
                          [](const auto& test) { return test.param ? "InMemory" : "ThatIsReal"; });
 
-TEST_P(FileManagerContract, ListsOneLevelWithKindsAndSizesAndWithoutHiddenEntries) {
+TEST_P(FileManagerContract, ListsOneLevelWithKindsAndSizesButWithoutHiddenEntries) {
     write("Song.xpj", "12345");
     makeFolder("folder");
     write("folder/inside", "1");
@@ -90,7 +90,7 @@ TEST_P(FileManagerContract, ListsOneLevelWithKindsAndSizesAndWithoutHiddenEntrie
                                                          {"pipe", "0"}}));
 }
 
-TEST_P(FileManagerContract, ListsNothingButFoldersAndThroughLinksOnlyWhereToldTo) {
+TEST_P(FileManagerContract, ListsOnlyFoldersAndFollowsLinksOnlyWhenAsked) {
     write("file", "1");
     makeFolder("folder");
     makeLink("link", "folder");
@@ -103,7 +103,7 @@ TEST_P(FileManagerContract, ListsNothingButFoldersAndThroughLinksOnlyWhereToldTo
     EXPECT_EQ(errorOfListing("dangling"), ENOENT);
 }
 
-TEST_P(FileManagerContract, SeesTheItemItselfAndReadsThroughItsLink) {
+TEST_P(FileManagerContract, ReadsThroughALinkButDescribesTheLinkItself) {
     write("file", "text");
     makeFolder("folder");
     makePipe("pipe");
@@ -121,7 +121,7 @@ TEST_P(FileManagerContract, SeesTheItemItselfAndReadsThroughItsLink) {
     EXPECT_NE(disk->state(path("link"))->identity, disk->state(path("file"))->identity);
 }
 
-TEST_P(FileManagerContract, CreatesAFileOnlyWhereThereIsAFolderAndNothingOfItsName) {
+TEST_P(FileManagerContract, CreatesAFileOnlyInAFolderThatHasNothingOfThatName) {
     const auto created = disk->createFile(path("new"), "text");
     ASSERT_TRUE(created);
     EXPECT_EQ(disk->contents(path("new")), "text");
@@ -135,7 +135,7 @@ TEST_P(FileManagerContract, CreatesAFileOnlyWhereThereIsAFolderAndNothingOfItsNa
     EXPECT_FALSE(disk->fileExists(path("nowhere")));
 }
 
-TEST_P(FileManagerContract, TellsAnItemThatIsWrittenToOrReplacedFromTheOneBefore) {
+TEST_P(FileManagerContract, DistinguishesAnItemFromItselfAfterAWriteOrReplacement) {
     write("file", "text");
     const auto before = disk->state(path("file"));
     ASSERT_TRUE(before);
@@ -146,7 +146,7 @@ TEST_P(FileManagerContract, TellsAnItemThatIsWrittenToOrReplacedFromTheOneBefore
     EXPECT_EQ(disk->state(path("gone")), std::nullopt);
 }
 
-TEST_P(FileManagerContract, MovesAFolderWithAllThatIsInItAndItsIdentity) {
+TEST_P(FileManagerContract, MovesAFolderWithItsContentsAndItsIdentity) {
     write("from/deep/file", "text");
     makeFolder("from");
     const auto before = disk->state(path("from"));
@@ -157,7 +157,7 @@ TEST_P(FileManagerContract, MovesAFolderWithAllThatIsInItAndItsIdentity) {
     EXPECT_EQ(disk->state(path("to"))->identity, before->identity);
 }
 
-TEST_P(FileManagerContract, MovesNothingOntoAnythingNorAnotherItemThanTheOneMeant) {
+TEST_P(FileManagerContract, MovesNothingOntoAnythingAndOnlyTheItemMeant) {
     makeFolder("from");
     makeFolder("empty");
     makeLink("dangling", "nowhere");
@@ -172,7 +172,7 @@ TEST_P(FileManagerContract, MovesNothingOntoAnythingNorAnotherItemThanTheOneMean
     EXPECT_TRUE(disk->fileExists(path("from")));
 }
 
-TEST_P(FileManagerContract, RemovesAFileOrALinkButNoFolderNorAnotherItemThanTheOneMeant) {
+TEST_P(FileManagerContract, RemovesOnlyTheFileOrLinkMeantAndNeverAFolder) {
     write("file", "text");
     write("other", "text");
     makeFolder("folder");

@@ -13,7 +13,7 @@ MPCProject project(bool withDataFolder) {
                           : MPCProject("Slow Glass", "/p/Slow Glass.xpj", std::nullopt, 0, 48000);
 }
 
-TEST(ProjectCountText, SaysProjectForExactlyOneAndProjectsElse) {
+TEST(ProjectCountText, HasASingularForExactlyOne) {
     EXPECT_EQ(projectCountText(0, "en_US"), "0 projects");
     EXPECT_EQ(projectCountText(1, "en_US"), "1 project");
     EXPECT_EQ(projectCountText(2, "en_US"), "2 projects");
@@ -43,19 +43,19 @@ TEST(ProjectRowTexts, UseTheTranslationOfTheFilesKey) {
     EXPECT_EQ(fileCountText(3, "en_US"), "3 files");
 }
 
-TEST(ProjectRowTexts, ShowAListOfNotesOnlyWhereThereIsADataFolder) {
+TEST(ProjectRowTexts, UseTheListSymbolOnlyWithADataFolder) {
     EXPECT_EQ(projectSymbol(project(true)), "music.note.list");
     EXPECT_EQ(projectSymbol(project(false)), "music.note");
 }
 
-TEST(ProjectRowTexts, SayTheWholeRowInOneSentence) {
+TEST(ProjectRowTexts, DescribeTheWholeRowInOneSentence) {
     EXPECT_EQ(projectRowSentence(project(true), false, "en_US"), "Slow Glass, 12 files, 3.2 MB");
     EXPECT_EQ(projectRowSentence(project(true), true, "en_US"), "Slow Glass, 12 files, 3.2 MB, Renamed");
     EXPECT_EQ(projectRowSentence(project(false), false, "en_US"), "Slow Glass, 0 files, 48 KB, No data folder");
     EXPECT_EQ(projectDetailsSentence(project(false), true, "en_US"), "0 files, 48 KB, No data folder, Renamed");
 }
 
-TEST(ProjectRowTexts, TellAnEmptyDataFolderFromNone) {
+TEST(ProjectRowTexts, DistinguishAnEmptyDataFolderFromNone) {
     const MPCProject empty("Slow Glass", "/p/Slow Glass.xpj", "/p/Slow Glass_[ProjectData]", 0, 3200000);
     EXPECT_EQ(projectSymbol(empty), "music.note.list");
     EXPECT_EQ(projectRowSentence(empty, false, "en_US"), "Slow Glass, 0 files, 3.2 MB");

@@ -22,12 +22,12 @@ TEST(LogTimeText, WritesHoursWithoutALeadingZero) {
     EXPECT_EQ(timeText(9h + 5min), "9:05:00 AM");
 }
 
-TEST(LogTimeText, CallsNoonAndMidnightTwelve) {
+TEST(LogTimeText, WritesNoonAndMidnightAsTwelve) {
     EXPECT_EQ(timeText(12h), "12:00:00 PM");
     EXPECT_EQ(timeText(0s), "12:00:00 AM");
 }
 
-TEST(LogTimeText, KeepsThePatternAndTakesTheMarkerFromTheLocale) {
+TEST(LogTimeText, KeepsThePatternButTakesTheMarkerFromTheLocale) {
     EXPECT_EQ(timeText(15h, "en_GB"), "3:00:00 pm");
     EXPECT_EQ(timeText(15h, "ja_JP"), "3:00:00 午後");
 }

@@ -9,17 +9,17 @@ MPCProject song() {
     return {"Song", "/p/Song.xpj", std::nullopt, 0, 10};
 }
 
-TEST(RenameSheetTexts, PreviewTheFileAloneWithoutADataFolder) {
+TEST(RenameSheetTexts, PreviewOnlyTheFileWithoutADataFolder) {
     EXPECT_EQ(previewRows(song(), "Beat"), (std::vector<PreviewRow>{{"Song.xpj", "Beat.xpj"}}));
 }
 
-TEST(RenameSheetTexts, PreviewFileAndFolderWhereThereIsOne) {
+TEST(RenameSheetTexts, PreviewTheFileAndTheDataFolder) {
     const MPCProject project("Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 10);
     EXPECT_EQ(previewRows(project, "Beat"),
               (std::vector<PreviewRow>{{"Song.xpj", "Beat.xpj"}, {"Song_[ProjectData]", "Beat_[ProjectData]"}}));
 }
 
-TEST(RenameSheetTexts, PreviewTheNameAsTypedWithItsBlanks) {
+TEST(RenameSheetTexts, PreviewTheNameAsTypedWithItsSpaces) {
     EXPECT_EQ(previewRows(song(), "  ").front().newText, "  .xpj");
 }
 
