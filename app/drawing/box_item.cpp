@@ -1,6 +1,5 @@
 #include "app/drawing/box_item.h"
 
-#include <QPainter>
 #include <QPainterPath>
 
 #include <algorithm>
@@ -18,23 +17,16 @@ QPainterPath rounded(const QRectF& box, double radius) {
 
 } // namespace
 
-QImage BoxItem::picture(QSize pixels) const {
+void BoxItem::draw(QPainter& painter, const QRectF& box) const {
     const double ratio = pixelRatio();
     // The thinner where two whole numbers of pixels are as near.
     const double border = borderWidth_ > 0 ? std::max(1.0, std::ceil(borderWidth_ * ratio - 0.5)) : 0;
     const double radius = radius_ * ratio;
-    const QRectF outer(QPointF(), pixels);
-    const QRectF inner = outer.adjusted(border, border, -border, -border);
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPainterPath middle = rounded(inner, radius - border);
+    const QPainterPath middle = rounded(box.adjusted(border, border, -border, -border), radius - border);
     painter.fillPath(middle, color_);
     if (border > 0) {
-        painter.fillPath(rounded(outer, radius).subtracted(middle), borderColor_);
+        painter.fillPath(rounded(box, radius).subtracted(middle), borderColor_);
     }
-    return image;
 }
 
 } // namespace tarvolt

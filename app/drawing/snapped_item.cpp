@@ -59,13 +59,21 @@ QRectF SnappedItem::nearestRect() const {
     return {moved / ratio, pixels / ratio};
 }
 
+QImage SnappedItem::picture(QSize pixels) const {
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    draw(painter, QRectF(QPointF(), pixels));
+    return image;
+}
+
 QSGNode* SnappedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
     auto* image = static_cast<QSGImageNode*>(node);
     snapped_ = nearestRect();
     const QSize pixels = (snapped_.size() * pixelRatio()).toSize();
     if (image == nullptr || !drawn_ || image->texture()->textureSize() != pixels) {
-        const QImage drawing = pixels.isEmpty() ? QImage() : picture(pixels);
-        if (drawing.isNull()) {
+        if (pixels.isEmpty()) {
             delete image;
             return nullptr;
         }
@@ -75,7 +83,7 @@ QSGNode* SnappedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
             // While an ancestor grows, the picture is stretched, and its edges are to stay smooth.
             image->setFiltering(QSGTexture::Linear);
         }
-        image->setTexture(window()->createTextureFromImage(drawing, QQuickWindow::TextureHasAlphaChannel));
+        image->setTexture(window()->createTextureFromImage(picture(pixels), QQuickWindow::TextureHasAlphaChannel));
         drawn_ = true;
     }
     image->setRect(snapped_);

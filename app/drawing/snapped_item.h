@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
 #include <QQuickItem>
 #include <QtQmlIntegration/qqmlintegration.h>
 
@@ -17,16 +18,17 @@ public:
     explicit SnappedItem(QQuickItem* parent = nullptr);
 
 signals:
-    /// `picture` would draw something else.
+    /// `draw` would draw something else.
     void looksChanged();
 
 protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
     QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
-    /// The item drawn for so many device pixels, both at least one; a null image where there is nothing to be seen.
-    virtual QImage picture(QSize pixels) const = 0;
+    /// Draws the item for the device pixels in `box`, at least one each way, whose corner is the painter's origin.
+    virtual void draw(QPainter& painter, const QRectF& box) const = 0;
 
+    QImage picture(QSize pixels) const;
     double pixelRatio() const;
 
 private:

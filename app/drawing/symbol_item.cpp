@@ -1,7 +1,6 @@
 #include "app/drawing/symbol_item.h"
 
 #include <QFile>
-#include <QPainter>
 #include <QSvgRenderer>
 
 namespace tarvolt {
@@ -16,26 +15,21 @@ QByteArray drawing(const QString& name) {
 
 } // namespace
 
-QImage SymbolItem::picture(QSize pixels) const {
+void SymbolItem::draw(QPainter& painter, const QRectF& box) const {
     constexpr double largeFrom = 32;
     QByteArray svg = drawing(symbol_);
     if (svg.isEmpty()) {
-        return {};
+        return;
     }
     if (width() >= largeFrom) {
         svg.replace("stroke-width=\"1.75\"", "stroke-width=\"1.5\""); // Large symbols look heavy with the usual lines.
     }
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    const QRectF box(QPointF(), pixels);
     painter.translate(box.center());
     painter.rotate(angle_);
     QSvgRenderer(svg).render(&painter, box.translated(-box.center()));
     painter.resetTransform();
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(box, colour_);
-    return image;
 }
 
 QPixmap applicationIcon(int side) {

@@ -24,7 +24,7 @@ public:
     using SnappedItem::SnappedItem;
 
 protected:
-    QImage picture(QSize pixels) const override;
+    void draw(QPainter& painter, const QRectF& box) const override;
 
 private:
     QString symbol_;

@@ -83,7 +83,7 @@ TEST(SymbolItemTest, TurnsClockwiseAroundItsMiddle) {
 }
 
 TEST(SymbolItemTest, DrawsNothingWhereThereIsNoSuchSymbol) {
-    EXPECT_TRUE(DrawnSymbol("no such symbol").picture(pixels).isNull());
+    EXPECT_TRUE(ink(DrawnSymbol("no such symbol").picture(pixels)).isEmpty());
 }
 
 TEST(SymbolItemTest, DrawsTheApplicationsIconInEverySize) {
