@@ -38,7 +38,7 @@ public:
 
     ContentArea contentArea() const;
 
-    /// While the sheet, the alert or the folder panel stands over the window: nothing behind it can be pressed.
+    /// Whether the sheet, the alert or the folder panel is open. Nothing behind it can be pressed then.
     bool isCovered() const;
 
     /// From six projects on; the search text has no part in it.

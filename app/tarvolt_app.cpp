@@ -43,7 +43,7 @@ void installTranslations(QObject* owner) {
         [](const char* context, const char* key) { return QCoreApplication::translate(context, key).toStdString(); });
 }
 
-/// What has to be settled before the toolkit starts; returns the main queue.
+/// Does what must be done before the toolkit starts, and returns the main queue.
 std::shared_ptr<QtMainQueue> prepare() {
     auto mainQueue = std::make_shared<QtMainQueue>();
     watchTerminationRequests([mainQueue] { mainQueue->async([] { QCoreApplication::quit(); }); });

@@ -17,8 +17,8 @@ class TarvoltApp {
 public:
     TarvoltApp(int& argc, char** argv);
 
-    /// Shows the window and returns once it is closed, with the exit code of the process. Ends the process itself where
-    /// a scan still hangs.
+    /// Shows the window and returns the exit code once it is closed. If a scan still hangs then, it ends the process
+    /// itself instead of returning.
     int run();
 
 private:

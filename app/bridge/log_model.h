@@ -29,7 +29,7 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    /// The newest line, to be read out at once.
+    /// The newest line; a screen reader should announce it immediately.
     void newsTold(const QString& message);
 
 private:

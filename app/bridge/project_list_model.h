@@ -14,8 +14,8 @@
 
 namespace tarvolt {
 
-/// The listed projects with the texts of their rows, the search, and which row a rename leads to. All of it follows the
-/// state in the next turn of the event loop, once for all changes of a turn. Main thread.
+/// The listed projects with the texts of their rows, the search text, and the row that gets the focus after a rename.
+/// The rows follow the state in the next turn of the event loop, once for all changes of a turn. Main thread.
 class ProjectListModel final : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -38,7 +38,7 @@ public:
     };
     Q_ENUM(Role)
 
-    /// `sheet` opens for a row's project, and outlives the model.
+    /// `sheet` is what `beginRename` opens; it must outlive the model.
     ProjectListModel(std::shared_ptr<ContentView> view, SheetBridge& sheet);
 
     QString searchText() const;
@@ -58,14 +58,14 @@ public:
 signals:
     void changed();
 
-    /// How many projects a search has found, to be read out at once.
+    /// How many projects a search has found; a screen reader should announce it immediately.
     void newsTold(const QString& text);
 
-    /// A rename has gone well: its row is about to go.
+    /// A rename has succeeded: the scan that follows will replace its row.
     void renamed();
 
-    /// The scan after a rename has ended, and nothing stands over the list any more: `row` shows the new name, or is -1
-    /// where it is not listed, perhaps because the search hides it.
+    /// The scan after a rename has ended, and no sheet, alert or panel is open any more. `row` shows the new name; it
+    /// is -1 if the name is not listed, and then `hiddenBySearch` says whether the search text is why.
     void renamedProjectListed(int row, bool hiddenBySearch);
 
 private:

@@ -12,8 +12,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Guards each queue's receiver, and is taken once more where a task arrives: a thread checker does not know the
-/// toolkit's own locks, and sees by this one that the task was handed over.
+/// Guards each queue's receiver. It is also locked once where a task arrives, because ThreadSanitizer does not see the
+/// toolkit's own locks and would report the handover as a race.
 std::mutex handOver;
 
 /// Timers count in whole milliseconds and may wake a moment early; whoever is early waits for the rest.

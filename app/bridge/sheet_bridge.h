@@ -14,9 +14,9 @@ namespace tarvolt {
 
 struct PreviewRow;
 
-/// The rename sheet and the alert over it, as QML sees them. Everything is computed from the state, but for the sheet's
-/// project, which stays while the sheet fades away. The two signals come at once after each call here, and for whatever
-/// changes by itself in the next turn of the event loop, once for all changes of a turn. Main thread.
+/// The rename sheet and the alert over it, as QML sees them. Every property is computed from the state, but the project
+/// is kept while the sheet fades out. `textsChanged` and `openChanged` are emitted immediately after each call made
+/// here, and otherwise in the next turn of the event loop, once for all changes of a turn. Main thread.
 class SheetBridge final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -47,17 +47,17 @@ public:
     bool alertOpen() const { return view_->showError.get(); }
     QString alertMessage() const;
 
-    /// Opens the sheet for `project`; nothing while something stands over the window.
+    /// Opens the sheet for `project`. Ignored while a sheet, alert or panel is open.
     void begin(const MPCProject& project);
 
-    /// Takes what was typed, while the sheet is open.
+    /// Stores what was typed. Ignored while the sheet is closed.
     void setNewName(const QString& text);
 
-    /// The field was submitted: renames whatever the Rename button's state. Handed on only while the sheet is open and
-    /// no alert stands over it, so that a second press finds nothing to do.
+    /// Return in the field: renames even while the Rename button is disabled. Ignored unless the sheet is open with no
+    /// alert over it, so a second press does nothing.
     Q_INVOKABLE void submitNewName();
 
-    /// The Rename button: the same, only while it is enabled.
+    /// The Rename button: the same, but only while the button is enabled.
     Q_INVOKABLE void pressRename();
     Q_INVOKABLE void cancelRename();
     Q_INVOKABLE void dismissAlert();
@@ -65,10 +65,10 @@ public:
 signals:
     void textsChanged();
 
-    /// After `textsChanged`, so that what opens has its texts.
+    /// Emitted after `textsChanged`, so that the sheet and the alert open with their texts in place.
     void openChanged();
 
-    /// A rename has gone well, and its scan is still to come.
+    /// A rename has succeeded. The scan that follows it has not started yet.
     void renamed();
 
 private:
@@ -77,7 +77,7 @@ private:
     PreviewRow previewRow(std::size_t index) const;
 
     const std::shared_ptr<ContentView> view_;
-    std::optional<MPCProject> fading_; ///< the project that the sheet was closed for last
+    std::optional<MPCProject> fading_; ///< the project shown when the sheet closed last
     std::vector<Subscription> subscriptions_;
 };
 

@@ -12,8 +12,8 @@
 
 namespace tarvolt {
 
-/// Has `tell` called in the next turn of the event loop after a change of any of `values`, once for all changes of a
-/// turn. Ends with `receiver` or with what is returned, whichever goes first. Main thread.
+/// Calls `tell` in the next turn of the event loop after any of `values` changes, once for all changes of a turn. Stops
+/// when `receiver` or the returned subscriptions are destroyed. Main thread.
 template<class... Values>
 [[nodiscard]] std::vector<Subscription> tellOnce(QObject* receiver, std::function<void()> tell,
                                                  Published<Values>&... values) {

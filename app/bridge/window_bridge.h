@@ -14,9 +14,9 @@
 
 namespace tarvolt {
 
-/// The window as QML sees it: which area it shows, the header, the folder panel, and its other parts. Everything is
-/// computed from the state; `changed` comes at once after each call here, and for whatever changes by itself in the
-/// next turn of the event loop, once for all changes of a turn. Main thread.
+/// The window as QML sees it: the area under the header, the header itself, the folder panel, and the other facades.
+/// Every property is computed from the state. `changed` is emitted immediately after each call made here, and otherwise
+/// in the next turn of the event loop, once for all changes of a turn. Main thread.
 class WindowBridge final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -32,7 +32,7 @@ class WindowBridge final : public QObject {
     Q_PROPERTY(tarvolt::LogModel* log READ log CONSTANT)
 
 public:
-    /// The language of the views wants capitals here.
+    /// QML requires these names to begin with a capital.
     enum Area { // NOLINT(readability-identifier-naming)
         FolderPicker = int(ContentArea::folderPicker),
         EmptyState = int(ContentArea::emptyState),
@@ -47,7 +47,7 @@ public:
     /// Empty before a folder has been chosen.
     QString folderPath() const;
 
-    /// Of all projects, whatever the search.
+    /// Counts all projects, whatever the search text.
     QString projectCountText() const;
 
     bool scanning() const { return view_->scanner->isScanning.get(); }
@@ -56,8 +56,8 @@ public:
     ProjectListModel* projects() { return &projects_; }
     LogModel* log() { return &log_; }
 
-    /// Asks for a folder in the next turn of the event loop, because the panel keeps its caller until it is closed.
-    /// This and `rescan` do nothing while something stands over the window.
+    /// Opens the folder panel in the next turn of the event loop, because it blocks its caller until it is closed. This
+    /// and `rescan` are ignored while a sheet, alert or panel is open.
     Q_INVOKABLE void selectFolder();
     Q_INVOKABLE void withdrawPanel();
     Q_INVOKABLE void rescan();
@@ -65,7 +65,7 @@ public:
 signals:
     void changed();
 
-    /// What a person who cannot see the window should hear at once.
+    /// A screen reader should announce this text immediately.
     void newsTold(const QString& text);
 
 private:

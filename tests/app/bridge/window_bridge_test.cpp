@@ -153,7 +153,7 @@ TEST_F(WindowBridgeTest, MakesOneRenameOfTwoPresses) {
     EXPECT_FALSE(bridge.sheet()->alertOpen());
 }
 
-TEST_F(WindowBridgeTest, HandsNothingOnWhileTheAlertIsShown) {
+TEST_F(WindowBridgeTest, IgnoresPressesInTheSheetWhileTheAlertIsOpen) {
     choose();
     bridge.projects()->beginRename(0);
     bridge.sheet()->setNewName("Midnight Ferry");
@@ -180,7 +180,7 @@ TEST_F(WindowBridgeTest, SubmitsWithoutTheButtonsTestButPressesOnlyAnEnabledOne)
     EXPECT_TRUE(bridge.sheet()->alertOpen());
 }
 
-TEST_F(WindowBridgeTest, DoesNothingBehindTheSheet) {
+TEST_F(WindowBridgeTest, IgnoresPressesBehindTheSheet) {
     choose();
     const auto before = scene.disk->traffic().size();
     bridge.projects()->beginRename(0);
@@ -191,7 +191,7 @@ TEST_F(WindowBridgeTest, DoesNothingBehindTheSheet) {
     EXPECT_EQ(scene.panel->asked.size(), 1U);
 }
 
-TEST_F(WindowBridgeTest, DoesNothingBehindTheFolderPanel) {
+TEST_F(WindowBridgeTest, IgnoresPressesBehindTheFolderPanel) {
     choose();
     const auto before = scene.disk->traffic().size();
     scene.panel->answer = std::nullopt;
@@ -222,7 +222,7 @@ TEST_F(WindowBridgeTest, WithdrawsTheFolderPanel) {
     EXPECT_EQ(std::vector(open.begin(), open.begin() + 2), (std::vector{true, false})) << "at once";
 }
 
-TEST_F(WindowBridgeTest, IsUncoveredAgainAfterAPanelThatFails) {
+TEST_F(WindowBridgeTest, IsNotCoveredAfterThePanelThrows) {
     scene.panel->whileOpen = [] { throw std::bad_alloc(); };
     bridge.selectFolder();
     EXPECT_THROW(QCoreApplication::sendPostedEvents(&bridge), std::bad_alloc);
@@ -254,7 +254,7 @@ TEST_F(WindowBridgeTest, EndsALoneSurrogateAsANameThatCannotBeEncoded) {
     EXPECT_EQ(bridge.sheet()->alertMessage(), "Failed to write file: Could not encode updated XML");
 }
 
-TEST_F(WindowBridgeTest, TellsTheRowOfTheNewNameAfterTheRescan) {
+TEST_F(WindowBridgeTest, GivesTheRowOfTheNewNameAfterTheRescan) {
     choose();
     QSignalSpy listed(bridge.projects(), &ProjectListModel::renamedProjectListed);
     bridge.projects()->beginRename(0);
@@ -270,7 +270,7 @@ TEST_F(WindowBridgeTest, TellsTheRowOfTheNewNameAfterTheRescan) {
     EXPECT_EQ(listed.size(), 1) << "only the rename's own rescan moves the focus";
 }
 
-TEST_F(WindowBridgeTest, TellsOfAScanOfItsOwnBeforeTheRescanNothing) {
+TEST_F(WindowBridgeTest, IgnoresAScanBeforeTheRescan) {
     choose();
     QSignalSpy listed(bridge.projects(), &ProjectListModel::renamedProjectListed);
     bridge.projects()->beginRename(0);
@@ -283,7 +283,7 @@ TEST_F(WindowBridgeTest, TellsOfAScanOfItsOwnBeforeTheRescanNothing) {
     EXPECT_EQ(listed.size(), 1);
 }
 
-TEST_F(WindowBridgeTest, TellsTheListWhereTheNewNameIsNotListed) {
+TEST_F(WindowBridgeTest, SaysWhenTheNewNameIsNotListed) {
     choose();
     QSignalSpy listed(bridge.projects(), &ProjectListModel::renamedProjectListed);
     bridge.projects()->setSearchText("Blue");
