@@ -13,7 +13,7 @@ namespace tarvolt {
 
 using WallClock = std::function<std::chrono::system_clock::time_point()>;
 
-/// What the scanner depends on. The scanner holds it; other users ask the scanner.
+/// What the scanner depends on. The scanner holds it; everything else asks the scanner.
 struct Services {
     std::shared_ptr<FileManager> fileManager;
     std::shared_ptr<DispatchQueue> mainQueue;       ///< serial, on the main thread

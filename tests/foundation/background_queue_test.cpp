@@ -19,7 +19,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A task goes on for a moment after what a test waits for, also one of the test before.
+/// A task, even one of the previous test, runs on for a moment after what a test waits for.
 void waitUntilNoTaskRuns() {
     while (runningBackgroundTasks() != 0) {
         std::this_thread::yield();
@@ -51,7 +51,7 @@ TEST(BackgroundQueue, RunsTasksAtTheSameTime) {
 }
 
 TEST(BackgroundQueue, NeverRunsADelayedTaskEarly) {
-    // On a busy machine one task alone is so late that it would hide an early start.
+    // On a busy machine a single task may be so late that it hides an early start.
     const auto queue = makeBackgroundQueue();
     std::vector<std::pair<std::chrono::milliseconds, std::future<std::chrono::steady_clock::duration>>> waits;
     for (auto delay = 5ms; delay < 45ms; ++delay) {

@@ -92,7 +92,7 @@ TEST(ByteCountText, IsEnglishForTheRootLocaleAndUnknownOnes) {
     }
 }
 
-/// The same worked out with 128 bits and a search through every unit.
+/// The same computed with 128 bits and a search through every unit.
 std::string slowByteCountText(std::int64_t byteCount) {
     constexpr const char* names[] = {"KB", "MB", "GB", "TB", "PB", "EB"};
     __extension__ using Wide = unsigned __int128;

@@ -39,7 +39,7 @@ TEST(LocalizedCaseInsensitiveCompareOrder, AgreesWithTheReferenceTable) {
         ascending.insert(ascending.end(), group.fields.begin(), group.fields.end());
     }
     ASSERT_EQ(ascending.size(), 130U);
-    // Reversed, each group stands after the ones it belongs before, and its own names keep the order they have there.
+    // Reversed, all groups are in the wrong order, and the equal names within a group are to keep theirs.
     const std::vector<std::string_view> descending(ascending.rbegin(), ascending.rend());
     for (const char* locale : {"en_US", ""}) {
         std::vector<std::string_view> expected;
@@ -79,7 +79,7 @@ TEST(LocalizedCaseInsensitiveCompareOrder, DoesNotReadDigitsAsNumbers) {
 }
 
 TEST(LocalizedCaseInsensitiveCompareOrder, CountsPunctuationAndBlanksInEveryLocale) {
-    // Thai order leaves punctuation out unless it is told not to.
+    // Thai collation ignores punctuation by default.
     for (const char* locale : {"", "en_US", "th_TH"}) {
         EXPECT_NE(compare("a-b", "ab", locale), 0) << locale;
         EXPECT_NE(compare("a b", "ab", locale), 0) << locale;
@@ -112,7 +112,7 @@ TEST(LocalizedCaseInsensitiveCompareOrder, SortsNamesThatAreNotUtf8ByTheirDispla
 }
 
 TEST(LocalizedCaseInsensitiveCompareOrder, ComparesTheLongestNamesToTheEnd) {
-    // The second of these stands for eighteen letters.
+    // The second of these decomposes into eighteen letters.
     for (const char* letter : {"\u1ec7", "\ufdfa"}) {
         std::string name;
         for (int count = 0; count < 85; ++count) {

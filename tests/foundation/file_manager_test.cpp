@@ -19,7 +19,7 @@ TEST(FileError, IsDescribedInTheWordsOfTheOperatingSystem) {
 
 enum Status { described, notDescribed, noGermanTexts };
 
-/// Ends the process, which has German texts in another character set than UTF-8.
+/// Ends the process, which has German messages in a character set other than UTF-8.
 void describeInGerman() {
     setenv("LANGUAGE", "de", 1);
     setenv("OUTPUT_CHARSET", "ISO-8859-1", 1);

@@ -88,7 +88,7 @@ TEST_F(PosixContents, AreReadWithoutOpeningAnythingButAFile) {
 }
 
 TEST_F(PosixContents, AreReadToTheEndWhateverSizeWasReported) {
-    // The kernel tells a size of 0 for these files and hands them over in pieces.
+    // The kernel reports a size of 0 for these files and delivers them in pieces.
     const auto status = contents("/proc/self/status");
     ASSERT_TRUE(status.has_value());
     EXPECT_EQ(status->rfind("Name:", 0), 0U);

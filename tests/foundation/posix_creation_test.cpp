@@ -33,12 +33,12 @@ std::string textOfSize(std::size_t size) {
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
-// What holds on every file system: the kinds below refuse some of the calls, as FAT, network and user-space ones do.
+// Facts of every file system. The kinds below refuse some calls, as FAT, network and user-space file systems do.
 
 struct FileSystem {
     const char* name;
-    bool unnamedFiles;      ///< makes files without a name
-    bool namesUnnamedFiles; ///< and gives them one
+    bool unnamedFiles;      ///< creates files without a name
+    bool namesUnnamedFiles; ///< and can name them
     bool links;
     bool flagOfMove;
     bool synchronises;
@@ -93,16 +93,16 @@ std::string words(const SystemCall& call) {
     }
 }
 
-/// The calls that make a file, in order, and the answers that a file system gives to them.
+/// The calls that create a file, in order, and a file system's answers to them.
 class CreationCalls {
 public:
     explicit CreationCalls(const FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    /// The next call described by these words gets `result` instead.
+    /// The next call with this description gets `result` instead.
     void answerOnce(const std::string& call, long result) { once_.emplace_back(call, result); }
-    /// The calls described by these words are made where the file system knows them, and then answered with an error.
+    /// Calls with this description are made if the file system supports them, and then answered with an error.
     void loseTheAnswerOf(const std::string& call, int error) { lost_[call] = error; }
-    /// Runs before the first call described by these words.
+    /// Runs before the first call with this description.
     void before(const std::string& call, std::function<void()> action) {
         before_.emplace_back(call, std::move(action));
     }
@@ -172,7 +172,7 @@ private:
 
 class PosixCreation : public ::testing::TestWithParam<FileSystem> {
 protected:
-    /// Makes the file on a file system of the given kind; skips the test where that cannot be had.
+    /// Creates the file on a file system of the given kind; skips the test where there is none.
     std::optional<FileIdentity> create(const std::filesystem::path& path, const std::string& contents) {
         std::optional<FileIdentity> identity;
         if (const auto reason = calls.watch([&] { identity = disk->createFile(path, contents); })) {
@@ -241,7 +241,7 @@ TEST_P(PosixCreation, ContinuesAfterShortWritesAndSignals) {
     for (const char* call : {"open folder", "make unnamed", "make hidden", "write", "sync file", "sync folder"}) {
         calls.answerOnce(call, -EINTR);
     }
-    // The kernel takes what it can below the limit and is asked for the rest once it is lifted.
+    // The kernel writes what fits below the limit and the rest once the limit is lifted.
     const auto text = textOfSize(100'000);
     int writes = 0;
     std::optional<FileIdentity> identity;
@@ -316,7 +316,7 @@ TEST_P(PosixCreation, SucceedsOnAFileSystemThatCannotFlush) {
 }
 
 TEST_P(PosixCreation, KeepsAFileThatAppearsJustBeforeTheNaming) {
-    // Where the move knows no such flag, the last moment at which a file is still seen is before the look.
+    // If the move does not support the flag, a file can be noticed only until the check.
     for (const char* call : {"name", "link", "move without replacing"}) {
         calls.before(call, [&] { folder.write("New.xpj", "of another program"); });
     }
@@ -350,7 +350,7 @@ TEST_P(PosixCreation, StaysInTheFolderItOpenedEvenIfThePathChanges) {
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
-// The order of the calls, and the ways down the ladder.
+// The order of the calls, and the fallbacks.
 
 class CallOrder : public PosixCreation {};
 
@@ -546,7 +546,7 @@ TEST(PosixCreationByName, TriesOnceMoreToRemoveTheHiddenName) {
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
-// Where no call needs to be answered in the kernel's place.
+// Tests that need no answers in the kernel's place.
 
 class PosixCreationFails : public ::testing::Test {
 protected:

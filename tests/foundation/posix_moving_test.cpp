@@ -23,7 +23,7 @@ using testing::TemporaryFolder;
 
 class PosixMoving : public ::testing::TestWithParam<bool> {
 protected:
-    /// The error of the move, or 0; on a file system that knows the flag not to replace, or on one that does not.
+    /// The error of the move, or 0, on a file system with or without support for RENAME_NOREPLACE.
     int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to,
                     std::optional<FileIdentity> onlyIf = std::nullopt) {
         int error = 0;

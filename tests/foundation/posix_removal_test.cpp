@@ -54,7 +54,7 @@ TEST_F(PosixRemoval, NeverRemovesAFolder) {
 TEST_F(PosixRemoval, RemovesTheCreatedFileButNotAnotherOfItsName) {
     const auto created = disk->createFile(folder / "New.xpj", "text");
     ASSERT_TRUE(created);
-    // The created file lives on under another name, so that the other one cannot get its number.
+    // The created file is kept under another name, so that the other one cannot get its inode number.
     std::filesystem::rename(folder / "New.xpj", folder / "elsewhere");
     folder.write("New.xpj", "of another program");
     EXPECT_EQ(errorOfRemoval(folder / "New.xpj", created), EBUSY);
@@ -74,7 +74,7 @@ TEST_F(PosixRemoval, ReportsWhyItFailed) {
 }
 
 TEST_F(PosixRemoval, FindsAnItemInTheRootFolder) {
-    // Found, and left alone because it is another than the one asked for.
+    // Found, but left alone because it is not the one meant.
     EXPECT_EQ(errorOfRemoval("/proc", FileIdentity{}), EBUSY);
 }
 

@@ -66,7 +66,7 @@ TEST_F(PosixState, CoversDatesBeyondNanosecondsIn64Bits) {
         const timespec date[] = {{seconds, 999'999'999}, {seconds, 999'999'999}};
         ASSERT_EQ(::utimensat(AT_FDCWD, file.c_str(), date, 0), 0) << seconds;
         struct stat status {};
-        ASSERT_EQ(::lstat(file.c_str(), &status), 0); // a file system may have taken the nearest that it can write
+        ASSERT_EQ(::lstat(file.c_str(), &status), 0); // a file system may have stored the nearest date it supports
         EXPECT_EQ(state("a")->modified, status.st_mtim.tv_sec) << seconds;
         EXPECT_EQ(state("a")->modifiedNanoseconds, status.st_mtim.tv_nsec) << seconds;
     }

@@ -76,7 +76,7 @@ TEST(Published, LetsAnObserverEndItsOwnSubscriptionDuringANotification) {
     Subscription own;
     own = value.observe([&, text = std::string(100, 'x')] {
         own = Subscription();
-        told += static_cast<int>(text.size()); // what the observer holds is still there
+        told += static_cast<int>(text.size()); // what the observer captures is still alive
     });
     value.set(1);
     value.set(2);

@@ -26,7 +26,7 @@ std::set<char32_t> whitespaceCharacters() {
     return characters;
 }
 
-/// A well-formed text trimmed in the most obvious way.
+/// A well-formed text trimmed in the simplest way.
 std::string slowTrim(std::string_view text, const std::set<char32_t>& whitespace) {
     std::vector<char32_t> characters = testing::slowDecode(text);
     while (!characters.empty() && whitespace.contains(characters.front())) {
@@ -62,7 +62,7 @@ TEST(TrimWhitespace, RemovesTheEighteenWhitespaceCharactersAndNoOther) {
 }
 
 TEST(TrimWhitespace, AgreesWithASimpleTrimOnRandomTexts) {
-    // What is trimmed, what looks like it and is not, and characters whose bytes begin or end as those of blanks do.
+    // White space, characters that look like it but are not, and characters that share bytes with it.
     constexpr std::array<std::string_view, 24> pieces{
         " ",      "\t",     "\u00a0", "\u1680", "\u2000", "\u2007", "\u200a",     "\u202f",
         "\u205f", "\u3000", "\n",     "\r",     "\u0085", "\u2028", "\u200b",     "\u180e",

@@ -1,4 +1,4 @@
-// The scan on real folders: what file systems hold that nobody planned for.
+// The scan on real folders with unusual contents.
 #include "foundation/file_manager.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
@@ -140,7 +140,7 @@ TEST_F(FolderScanOnDisk, ListsAHundredThousandEntriesBesideAndInADataFolder) {
         folder.write("even", "12345");
         folder.write("odd", "12345");
         for (int i = 0; i < entries; ++i) {
-            // Names of few files are quicker to make than as many files; a file takes some 65,000 names.
+            // Hard links are quicker to make than files; a file can have some 65,000.
             fs::create_hard_link(folder / (i % 2 == 0 ? "even" : "odd"), folder / (at + std::to_string(i)));
         }
         fs::remove(folder / "even");
@@ -182,14 +182,14 @@ TEST_F(FolderScanOnDisk, EndsWhileEntriesAppearDisappearAndGrow) {
 TEST_F(FolderScanOnDisk, ListsSocketsAndDevicesWithoutOpeningThem) {
     ASSERT_EQ(testing::makeSocket(folder / "Socket.xpj"), std::nullopt);
     Lines expected{"Socket"};
-    // Only root may make a device; the one of /dev/zero would never end.
+    // Only root may create a device; reading that of /dev/zero would never end.
     if (mknod((folder / "Device.xpj").c_str(), S_IFCHR | 0600, makedev(1, 5)) == 0) {
         expected.insert(expected.begin(), "Device");
     }
     EXPECT_EQ(names(scan()), expected);
 }
 
-/// Bytes that are allocated at the moment.
+/// Bytes that are currently allocated.
 std::size_t allocated() {
     return mallinfo2().uordblks;
 }
@@ -210,7 +210,7 @@ TEST_F(FolderScanOnDisk, KeepsOnlyItsLogLinesInMemoryOverManyScans) {
     }
     const auto lines = scanner->logEntries.get().size() - linesBefore;
     EXPECT_EQ(lines, 20000U);
-    // A line is its record and the text that it holds on the heap, with the allocator's own words and rounding.
+    // A line is its record and its text on the heap, with the allocator's overhead and rounding.
     std::size_t expected = lines * sizeof(MPCScanner::LogEntry);
     for (std::size_t i = 0; i < lines; ++i) {
         const auto room = scanner->logEntries.get()[i].message.capacity();

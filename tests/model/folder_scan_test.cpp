@@ -123,7 +123,7 @@ TEST_F(FolderScan, IgnoresCaseWhenSortingAndKeepsTheListingOrderOfEqualNames) {
     EXPECT_EQ(names(scan()), (Lines{"Alpha", "alpha", "beta"}));
 }
 
-// A sort that is not stable leaves a few equal names where they were.
+// An unstable sort keeps the order of a few equal names by chance.
 TEST_F(FolderScan, KeepsTheListingOrderOfHundredsOfEqualNames) {
     Lines listed;
     for (unsigned cases = 0; cases < 256; ++cases) {
@@ -226,7 +226,7 @@ TEST_F(FolderScan, PublishesListAndFlagInOneTaskOnTheMainThread) {
     scanner->folderURL.set("/p");
     scanner->scan();
     scene.background->drain();
-    scene.mainQueue->runOne(); // the line of what was found
+    scene.mainQueue->runOne(); // the line with the counts
     EXPECT_TRUE(scanner->isScanning.get());
     scene.mainQueue->runOne();
     EXPECT_FALSE(scanner->isScanning.get());
@@ -289,7 +289,7 @@ TEST_F(FolderScan, KeepsTheScannerAliveFromItsBackgroundStepToItsEnd) {
     EXPECT_TRUE(weak.expired());
 }
 
-/// A main thread that is quicker than the one that posts to it.
+/// A main thread that runs each task before the posting thread continues.
 class QuickQueue final : public DispatchQueue {
 public:
     void async(Task task) override {
@@ -319,7 +319,7 @@ TEST_F(FolderScan, ReleasesTheScannerOnTheMainThread) {
     EXPECT_TRUE(ended);
 }
 
-/// A queue for which the system has no thread left.
+/// A queue for which the system has no more threads.
 class ExhaustedQueue final : public DispatchQueue {
 public:
     explicit ExhaustedQueue(std::error_code error) : error_(error) {}
@@ -330,7 +330,7 @@ private:
     std::error_code error_;
 };
 
-/// Errors told in the letters of Western Europe, one byte each.
+/// Error messages in a Western European single-byte character set.
 class OldLetters final : public std::error_category {
 public:
     const char* name() const noexcept override { return "old letters"; }

@@ -143,7 +143,7 @@ TEST(ActivityLog, KeepsTheScannerAliveUntilTheLineIsAdded) {
     EXPECT_TRUE(weak.expired());
 }
 
-/// A scanner after the choice of a folder with one project.
+/// A scanner with a chosen folder that has one project.
 std::shared_ptr<MPCScanner> scannerOfASong(const Scene& scene) {
     scene.disk->addFolder("/p");
     scene.disk->addFile("/p/Song.xpj", "x");
@@ -197,7 +197,7 @@ TEST(SelectFolder, SetsTheFolderAndThenScans) {
     EXPECT_EQ(changes, (Lines{"folderURL", "isScanning", "projects"}));
 }
 
-/// A panel during which the last holder of the scanner lets it go.
+/// While this panel is open, the last reference to the scanner is released.
 class ClosingPanel final : public FolderPanel {
 public:
     std::optional<std::filesystem::path> runModal(const FolderPanelSettings&) override {

@@ -1,4 +1,4 @@
-// Each way a scan can fail, once on the disk in memory and once on the real one.
+// Every way a scan can fail, on the disk in memory and on the real one.
 #include "foundation/file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/call_faults.h"
@@ -31,14 +31,14 @@ using testing::FakeFileManager;
 using testing::SystemCall;
 using testing::TemporaryFolder;
 
-/// One failure: how it comes about on the disk in memory and on the real one, and what must then be.
+/// One failure: how it is caused on the disk in memory and on the real one, and what is expected.
 struct Row {
     const char* fact;
     bool folderChosen = true;
     bool scannerKept = true;
     std::function<void(FakeFileManager&)> onFake = [](FakeFileManager&) {};
     std::function<void(const TemporaryFolder&)> onDisk = [](const TemporaryFolder&) {};
-    std::string closed = {}; ///< the folder on the real disk that nobody may open while the scan runs
+    std::string closed = {}; ///< the folder on the real disk that cannot be opened during the scan
     Circumstances during = testing::asUsual;
     Lines log = {}; ///< newest first
     Lines traffic = {};
@@ -49,7 +49,7 @@ void PrintTo(const Row& row, std::ostream* out) {
     *out << row.fact;
 }
 
-/// The kernel tells neither kind nor size of the items of these names, and no listing tells the kind.
+/// The kernel reveals neither kind nor size of the items with these names, and no listing reveals the kind.
 Circumstances whileUnreadable(const Lines& names) {
     const auto answer = [names](const SystemCall& call) -> std::optional<long> {
         if (call.number == SYS_newfstatat) {
@@ -63,7 +63,7 @@ Circumstances whileUnreadable(const Lines& names) {
     };
 }
 
-/// The listing breaks off after the entries that its first call gives.
+/// The listing fails after the entries of its first call.
 std::optional<std::string> whileListingsBreakOff(const std::function<void()>& scan) {
     int calls = 0;
     const auto breaking = [&](const SystemCall&) { return ++calls == 2 ? std::optional<long>(-EIO) : std::nullopt; };
@@ -159,7 +159,7 @@ std::string nameOf(const ::testing::TestParamInfo<Row>& test) {
     return test.param.fact;
 }
 
-/// Chooses and scans `folder` as the row has it, and expects the log and the projects of the row.
+/// Sets `folder` up as in the row, scans it, and expects the row's log and projects.
 void scan(const Row& row, const testing::Scene& scene, Services services, const std::filesystem::path& folder) {
     auto scanner = MPCScanner::create(std::move(services));
     if (row.folderChosen) {

@@ -31,7 +31,7 @@ using testing::projectIn;
 using testing::SystemCall;
 using testing::TemporaryFolder;
 
-/// One failure: how it comes about on the disk in memory and on the real one, and what must then be.
+/// One failure: how it is caused on the disk in memory and on the real one, and what is expected.
 struct Row {
     const char* fact;
     std::string newName = "Beat";
@@ -55,13 +55,13 @@ const std::string newFile = "Beat.xpj=" + newText;
 const Lines oldData{"Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"};
 const Lines newData{"Beat_[ProjectData]/", "Beat_[ProjectData]/kick.wav=boom"};
 
-// The calls of a rename that goes well, in their order.
+// The calls of a successful rename, in order.
 const Lines calls{"exists Beat.xpj", "state Song.xpj",  "state Song_[ProjectData]",
                   "read Song.xpj",   "create Beat.xpj", "move Song_[ProjectData] -> Beat_[ProjectData]",
                   "state Song.xpj",  "state Beat.xpj",  "remove Song.xpj"};
 const std::string rollBack = "remove Beat.xpj";
 
-/// These calls up to and including the first that begins like this, and then `more`.
+/// These calls up to and including the first that starts like this, followed by `more`.
 Lines upTo(const std::string& call, const Lines& more = {}) {
     const auto last = std::ranges::find_if(calls, [&](const auto& line) { return line.starts_with(call); });
     Lines lines(calls.begin(), last + 1);
@@ -186,7 +186,7 @@ const Row rows[] = {
      .diskAfterwards = sorted(newData, {newFile, oldFile})},
 };
 
-// What no real disk does at a test's bidding.
+// Failures that cannot be caused on a real disk.
 const Row rowsInMemory[] = {
     {.fact = "NoMemoryForTheFileMeansItCannotBeRead",
      .onFake = throwingAt("read", std::bad_alloc()),

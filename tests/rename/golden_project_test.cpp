@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 const fs::path golden = fs::path(TARVOLT_TEST_DATA) / "golden";
 
-/// Where two trees differ first, in few words: the lines hold whole files.
+/// The first difference of two trees, abbreviated, because the lines contain whole files.
 std::string difference(const std::vector<std::string>& found, const std::vector<std::string>& expected) {
     const auto [at, wanted] = std::mismatch(found.begin(), found.end(), expected.begin(), expected.end());
     if (at == found.end() && wanted == expected.end()) {
@@ -59,7 +59,7 @@ TEST(GoldenProject, HasOneFormOfItsReferencesWhenItIsRenamedBack) {
     scanner->folderURL.set(folder.path());
     const std::string name = "Nachtcaf\u00e9 2024";
     EXPECT_EQ(testing::errorOfRename(*scanner, testing::projectIn(folder.path(), "Gro\u00dfe Fahrt (live)"), name), "");
-    // The references written with a combining accent have become ones without; nothing else differs.
+    // References with a combining accent now have a composed one; nothing else differs.
     auto expected = testing::readFile(golden / "before" / (name + ".xpj"));
     const std::string tail = "_[ProjectData]";
     const std::string decomposed = "Nachtcafe\u0301 2024" + tail;

@@ -1,5 +1,5 @@
-// Whatever odd thing stands where a project has its files: the scan and the rename answer, follow nothing out of the
-// folder and leave the odd thing as it is.
+// Something odd is in the place of a project's files. The scan and the rename return, follow nothing out of the
+// folder and leave it as it is.
 #include "foundation/file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/renaming.h"
@@ -27,7 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::TemporaryFolder;
 
-/// Puts the odd thing at `path`; `outside` is a folder with content beside the chosen one. Returns why that cannot be
+/// Puts the odd item at `path`; `outside` is a folder with contents beside the chosen one. Returns why that cannot be
 /// done here, or nothing.
 using Making = std::optional<std::string> (*)(const fs::path& path, const fs::path& outside);
 
@@ -44,7 +44,7 @@ std::optional<std::string> makePipe(const fs::path& path, const fs::path&) {
     return ::mkfifo(path.c_str(), 0600) == 0 ? std::nullopt : std::optional<std::string>(std::strerror(errno));
 }
 
-/// The one of /dev/zero, which never ends.
+/// That of /dev/zero, which never ends.
 std::optional<std::string> makeDevice(const fs::path& path, const fs::path&) {
     const bool made = ::mknod(path.c_str(), S_IFCHR | 0600, makedev(1, 5)) == 0;
     return made ? std::nullopt : std::optional<std::string>("this user can make no device");
@@ -100,7 +100,7 @@ protected:
         }
     }
 
-    /// Puts the odd thing there under this name; false where the test is to be skipped for `skipped`.
+    /// Puts the odd item there under this name. False if the test is to be skipped because of `skipped`.
     bool put(const std::string& name) {
         skipped = GetParam().make(projects / name, folder / "outside");
         return !skipped;

@@ -1,4 +1,4 @@
-// Odd names, each given to a project and taken from it again, byte for byte.
+// Odd names, each given to a project and taken away again, byte for byte.
 #include "foundation/file_manager.h"
 #include "model/mpc_scanner.h"
 #include "tests/support/renaming.h"

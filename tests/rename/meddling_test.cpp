@@ -1,4 +1,4 @@
-// Somebody else works in the folder while a rename runs: nothing of theirs is taken away, and nothing of ours is lost.
+// Another process works in the folder during a rename: nothing of theirs is removed, and nothing of ours is lost.
 #include "model/mpc_scanner.h"
 #include "rename/rename_error.h"
 #include "tests/support/scene.h"
@@ -22,7 +22,7 @@ protected:
         scanner->folderURL.set("/p");
     }
 
-    /// Renames Song to Beat; `meddle` happens just before the operation that begins with `operation`.
+    /// Renames Song to Beat; `meddle` runs just before the operation that starts with `operation`.
     std::string rename(const std::string& operation, const std::function<void()>& meddle) {
         disk.onCall = [&](const std::string& line) {
             if (line.starts_with(operation)) {
@@ -73,7 +73,7 @@ TEST_F(Meddling, KeepsAnOldFileThatWasSavedAgainAfterItWasRead) {
 }
 
 TEST_F(Meddling, KeepsAnOldFileThatWasSavedWhileItWasRead) {
-    // It cannot be told which of the two was read, so both are kept.
+    // Which of the two was read is unknown, so both are kept.
     EXPECT_EQ(rename("read", [&] { disk.addFile("/p/Song.xpj", "saved again"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(disk.disk(),

@@ -31,7 +31,7 @@ std::string refusal(std::string_view name) {
 constexpr std::array<char32_t, 18> whiteSpace{0x9,    0x20,   0xA0,   0x1680, 0x2000, 0x2001, 0x2002, 0x2003, 0x2004,
                                               0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A, 0x202F, 0x205F, 0x3000};
 
-/// The refusal of a well-formed name, found in the most obvious way.
+/// The refusal of a well-formed name, found in the simplest way.
 std::string slowRefusal(std::string_view name) {
     bool isBlank = true;
     for (const char32_t character : testing::slowDecode(name)) {
@@ -53,7 +53,7 @@ TEST(NameValidation, DecidesForEveryCodePointAloneAndBetweenLetters) {
     for (char32_t code = 0; code <= 0x10FFFF; ++code) {
         const bool isRefused = refused.find(code) != std::u32string::npos;
         const bool isBlank = std::find(whiteSpace.begin(), whiteSpace.end(), code) != whiteSpace.end();
-        // Surrogates have no well-formed bytes; theirs are acceptable here and fail later, when they are to be written.
+        // Surrogates are not well-formed in UTF-8. They are acceptable here and fail later, when they are written.
         const auto character = testing::utf8Of(code);
         ASSERT_EQ(refusal(character), isRefused ? refusedCharacters
                                       : isBlank ? refusedEmptiness

@@ -233,7 +233,7 @@ TEST_F(ProjectRenameOnDisk, KeepsEverythingWithoutWritePermissionForTheOldFilesF
                                            "closed/Song.xpj=Song_[ProjectData]"));
 }
 
-/// Sets or clears an attribute of an item as chattr does; errno when that is refused.
+/// Sets or clears an attribute of an item as chattr does. Returns errno when that is refused.
 int setAttribute(const fs::path& path, int attribute, bool on) {
     const int item = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     int attributes = 0;
@@ -313,7 +313,7 @@ TEST_F(ProjectRenameOnDisk, RollsBackOnlyTheFileItCreated) {
     makeSong();
     disk->onCall = [&](const std::string& line) {
         if (line.starts_with("move ")) {
-            // The created file lives on elsewhere, so that the other one cannot get its number.
+            // The created file is kept elsewhere, so that the other one cannot get its inode number.
             fs::rename(folder / "Beat.xpj", folder / "kept elsewhere");
             folder.write("Beat.xpj", "of another program");
             folder.makeFolder("Beat_[ProjectData]");

@@ -50,7 +50,7 @@ TEST_F(ProjectRename, ChecksReadsWritesMovesAndRemovesInThisOrder) {
                 ElementsAre("/p/", "/p/Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a> Song", "/p/Beat_[ProjectData]/"));
 }
 
-/// Takes nothing for want of memory.
+/// Has no memory for any task.
 class FullQueue final : public DispatchQueue {
 public:
     void async(Task) override { throw std::bad_alloc(); }
@@ -69,7 +69,7 @@ TEST_F(ProjectRename, SucceedsEvenIfThereIsNoMemoryForItsLine) {
 TEST_F(ProjectRename, ReturnsNormallyAndLogsNothingWithNoFolderChosen) {
     const auto fresh = MPCScanner::create(scene.services());
     EXPECT_EQ(errorOfRename(*fresh, projectIn("/p"), "Beat"), "");
-    // Not even a name that would be refused is looked at.
+    // Not even a name that would be refused is checked.
     EXPECT_EQ(errorOfRename(*fresh, projectIn("/p"), "/"), "");
     scene.settle();
     EXPECT_THAT(testing::messages(*fresh), IsEmpty());
@@ -82,7 +82,7 @@ TEST_F(ProjectRename, ToItsOwnCurrentNameFailsBecauseTheOldFileItselfExists) {
 }
 
 TEST_F(ProjectRename, InLetterCaseOnlyFailsOnACaseInsensitiveFileSystem) {
-    // There the old file answers to the new name too.
+    // There the new name finds the old file too.
     scene.disk->addLink("/p/SONG.xpj", "/p/Song.xpj");
     EXPECT_EQ(rename("SONG"), "A project named \"SONG\" already exists.");
 }
@@ -140,7 +140,7 @@ TEST_F(ProjectRename, LogsItsSuccessAsTheNewestLineAndLeavesTheListAlone) {
     scanner->projects.set({projectIn("/p")});
     scanner->log("earlier", false);
     EXPECT_EQ(rename("Beat"), "");
-    // The line goes by way of the main queue like every other.
+    // Like every line, it goes through the main queue.
     EXPECT_THAT(testing::messages(*scanner), IsEmpty());
     scene.settle();
     EXPECT_THAT(testing::messages(*scanner), ElementsAre("Renamed \"Song\" \u2192 \"Beat\"", "earlier"));
@@ -168,7 +168,7 @@ TEST_F(ProjectRename, AppendsAnyAcceptedNameAsOneComponent) {
 
 TEST_F(ProjectRename, WritesIntoTheChosenFolderEvenIfTheRecordIsOfAnother) {
     scene.disk->addFolder("/q");
-    scanner->folderURL.set("/q/"); // a stop at the end makes no difference
+    scanner->folderURL.set("/q/"); // a trailing slash makes no difference
     EXPECT_EQ(rename("Beat"), "");
     EXPECT_THAT(scene.disk->disk(), ElementsAre("/p/", "/q/", "/q/Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a> Song",
                                                 "/q/Beat_[ProjectData]/"));
@@ -197,7 +197,7 @@ TEST_F(ProjectRename, CannotEncodeALoneSurrogateEvenIfTheTextHasNoReference) {
 
 #if !TARVOLT_UNDER_SANITIZER
 TEST_F(ProjectRename, CannotEncodeWhatMemoryCannotHold) {
-    // Three million references to a name of 64 MB would be more than a process can address.
+    // Three million references to a name of 64 MB are more than a process can address.
     std::string text;
     for (int i = 0; i < 3'000'000; ++i) {
         text += "S_[ProjectData]";
@@ -215,7 +215,7 @@ TEST_F(ProjectRename, FailsToReadBeforeItFailsToEncode) {
     EXPECT_EQ(rename("Beat\xff"), "Failed to read file: Song.xpj");
 }
 
-// Every message that a rename can show, each by the way that leads to it.
+// Every message that a rename can show, each caused in its own way.
 TEST_F(ProjectRename, ShowsExactlyTheseMessages) {
     EXPECT_EQ(rename("a/b"), "Invalid name: Contains invalid characters: / < > : \" | ? * \\");
     EXPECT_EQ(rename("  "), "Invalid name: Name cannot be empty");

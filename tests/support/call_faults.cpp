@@ -29,8 +29,8 @@ extern "C" {
 namespace tarvolt::testing {
 namespace {
 
-/// While it lives, what this thread reads and writes is no race: the other thread waits in the kernel for its answer,
-/// an order that ThreadSanitizer cannot see.
+/// While it lives, this thread's reads and writes are not races: the other thread waits in the kernel for its answer,
+/// which ThreadSanitizer cannot see.
 class WhileTheOtherWaits {
 public:
     WhileTheOtherWaits() {
@@ -49,7 +49,7 @@ public:
     }
 };
 
-/// Puts the calling thread under a filter that reports the given calls; the listener's descriptor, or -1 and errno.
+/// Installs a filter on the calling thread that reports the given calls. Returns the listener's descriptor, or -1.
 int reportCalls(const std::vector<int>& numbers) {
     std::vector<sock_filter> program{{BPF_LD | BPF_W | BPF_ABS, 0, 0, offsetof(seccomp_data, nr)}};
     for (const int number : numbers) {

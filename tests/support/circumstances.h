@@ -8,7 +8,7 @@
 
 namespace tarvolt::testing {
 
-/// Runs something under the circumstances that make it fail; says why these cannot be had, or nothing.
+/// Runs something under circumstances that make it fail. Returns why these are not available, or nothing.
 using Circumstances = std::function<std::optional<std::string>(const std::function<void()>&)>;
 
 inline std::optional<std::string> asUsual(const std::function<void()>& body) {

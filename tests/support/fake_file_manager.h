@@ -14,7 +14,7 @@
 
 namespace tarvolt::testing {
 
-/// A disk in memory that writes down what is asked of it and fails where it is told to. Listings come in the order in
+/// A disk in memory that records its calls and fails where it is told to. Listings are in the order in
 /// which the items were added. Calls may come from any thread.
 class FakeFileManager final : public FileManager {
 public:
@@ -22,15 +22,15 @@ public:
 
     struct Item {
         Kind kind = Kind::file;
-        std::string contents;                 ///< of a file; of a link the path it leads to
+        std::string contents;                 ///< of a file; of a link, its target
         std::optional<std::int64_t> fakeSize; ///< reported instead of the size of `contents`
-        bool sizeUnreadable = false;          ///< the size cannot be told
-        bool kindUnreadable = false;          ///< whether it is a folder cannot be told
-        int listError = 0;                    ///< listing it fails with this
+        bool sizeUnreadable = false;          ///< the size is unknown
+        bool kindUnreadable = false;          ///< whether it is a folder is unknown
+        int listError = 0;                    ///< listing it fails with this error
         int listErrorAfter = 0;               ///< so many entries are visited first
     };
 
-    // Setting the scene.
+    // Setting it up.
     Item& addFile(const std::string& path, std::string contents = {});
     Item& addFile(const std::string& path, std::int64_t size);
     Item& addFolder(const std::string& path);
@@ -44,8 +44,8 @@ public:
     /// Called before each operation with its line of traffic; may change the scene.
     std::function<void(const std::string& line)> onCall;
 
-    // Looking at the outcome.
-    /// One line a call, in order: "list /p", "exists /p/N.xpj", "state /p/B.xpj", "read /p/B.xpj", "create /p/N.xpj",
+    // Checking the outcome.
+    /// One line per call, in order: "list /p", "exists /p/N.xpj", "state /p/B.xpj", "read /p/B.xpj", "create /p/N.xpj",
     /// "move /a -> /b", "remove /p/B.xpj".
     std::vector<std::string> traffic() const;
     /// Every item: a path ending in "/" for a folder, else "path=contents".
@@ -54,7 +54,7 @@ public:
     void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
                              const Visitor& visit) const override;
     bool fileExists(const std::filesystem::path& path) const override;
-    /// A file that is written to gets another state.
+    /// A file that is written to gets a new state.
     std::optional<FileState> state(const std::filesystem::path& path) const override;
     std::optional<std::string> contents(const std::filesystem::path& path) const override;
     std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override;
@@ -74,7 +74,7 @@ private:
     using Items = std::map<std::string, Placed>;
 
     Item& add(const std::string& path, Kind kind);
-    /// Notes the call and returns the error it is to fail with, or 0.
+    /// Records the call and returns the error it is to fail with, or 0.
     int begin(const std::string& operation, const std::string& rest) const;
     void expect(const char* call, const std::filesystem::path& path, const std::optional<FileIdentity>& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;

@@ -1,4 +1,4 @@
-// What the tests take for granted of the disk in memory, tried on it and on the real one alike.
+// What the tests rely on in the disk in memory, tested on both it and the real one.
 #include "tests/support/fake_file_manager.h"
 
 #include "foundation/file_manager.h"
@@ -24,12 +24,12 @@ protected:
         }
     }
 
-    /// The path of a name in the folder that the test has to itself.
+    /// The path of a name in the test's own folder.
     std::string path(const std::string& name) const {
         return (inMemory ? "/p" : folder.path().native()) + (name.empty() ? "" : "/" + name);
     }
 
-    // Setting the scene, past the file manager.
+    // Setting it up, bypassing the file manager.
     void write(const std::string& name, const std::string& contents) {
         inMemory ? void(fake->addFile(path(name), contents)) : void(folder.write(name, contents));
     }

@@ -38,13 +38,13 @@ public:
         return true;
     }
 
-    /// Runs all that is due, also what is added meanwhile.
+    /// Runs everything that is due, including what is added meanwhile.
     void drain() {
         while (runOne()) {
         }
     }
 
-    /// Moves the clock on and runs everything that falls due on the way, each at its own time.
+    /// Advances the clock and runs everything that becomes due, each at its own time.
     void advance(Milliseconds by) {
         const auto end = now() + by;
         for (drain();; drain()) {
@@ -69,7 +69,7 @@ public:
 
     /// Drops every task that has not run.
     void clear() {
-        std::multimap<Milliseconds, Task> dropped; // what they hold may end, and come back to this queue
+        std::multimap<Milliseconds, Task> dropped; // destroying what they hold may call this queue
         const std::lock_guard guard(mutex_);
         dropped.swap(tasks_);
     }

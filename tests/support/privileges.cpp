@@ -16,7 +16,7 @@ void withoutPrivileges(const std::function<void()>& body) {
     std::exception_ptr failure;
     std::thread([&] {
         try {
-            // The system call itself changes the calling thread only.
+            // The system call itself changes only the calling thread.
             __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
             std::array<__user_cap_data_struct, 2> none{};
             if (::syscall(SYS_capset, &header, none.data()) != 0) {

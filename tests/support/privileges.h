@@ -4,8 +4,8 @@
 
 namespace tarvolt::testing {
 
-/// Runs `body` on a thread that has no privileges, so that mode bits hold for it as they do for an ordinary user, also
-/// when the tests run as root. What `body` throws is thrown on.
+/// Runs `body` on a thread without privileges, so that mode bits apply to it as to an ordinary user even
+/// when the tests run as root. Rethrows what `body` throws.
 void withoutPrivileges(const std::function<void()>& body);
 
 } // namespace tarvolt::testing

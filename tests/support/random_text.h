@@ -8,7 +8,7 @@
 
 namespace tarvolt::testing {
 
-/// Up to `most` pieces in a row. The same seed gives the same texts on every machine.
+/// Up to `most` pieces in a row. A seed gives the same texts on every machine.
 inline std::string randomText(std::mt19937& random, std::span<const std::string_view> pieces, std::size_t most) {
     std::string text;
     for (std::size_t count = random() % (most + 1); count > 0; --count) {

@@ -10,7 +10,7 @@
 
 namespace tarvolt::testing {
 
-/// Hands everything on to another file manager and writes it down, in the words of FakeFileManager.
+/// Forwards every call to another file manager and records it, in the format of FakeFileManager.
 class RecordingFileManager final : public FileManager {
 public:
     explicit RecordingFileManager(std::shared_ptr<FileManager> disk) : disk_(std::move(disk)) {}

@@ -8,7 +8,7 @@
 
 namespace tarvolt::testing {
 
-/// One line of a table of known results, its fields unescaped. Printed as it stands in the file.
+/// One line of a table of known results, with unescaped fields. Printed as in the file.
 struct ReferenceRow {
     std::string place; ///< file name and line number
     std::string line;
@@ -20,10 +20,10 @@ struct ReferenceRow {
 };
 
 /// The rows of a file in tests/data/reference. Throws unless it has `rows` lines of `columns` fields each; 0 columns
-/// stand for any number.
+/// mean any number.
 std::vector<ReferenceRow> readReferenceTable(const std::string& name, std::size_t rows, std::size_t columns);
 
-/// `text` with each `\u{hex}` made the code point it stands for. Throws where one is not complete.
+/// `text` with each `\u{hex}` replaced by its code point. Throws if one is incomplete.
 std::string unescaped(std::string_view text);
 
 } // namespace tarvolt::testing

@@ -17,7 +17,7 @@ inline MPCProject projectWithoutDataFolderIn(const std::filesystem::path& folder
     return {name, folder / (name + ".xpj"), std::nullopt, 0, 0};
 }
 
-/// The message of the error that the rename throws; empty when it throws none.
+/// The message of the error that the rename throws; empty if it succeeds.
 inline std::string errorOfRename(MPCScanner& scanner, const MPCProject& project, const std::string& newName) {
     try {
         scanner.rename(project, newName);

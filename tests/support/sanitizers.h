@@ -1,7 +1,7 @@
 #pragma once
 
-// TARVOLT_UNDER_SANITIZER is 1 where the tests run under a sanitizer that looks after memory or threads, else 0. An
-// allocation that no memory can hold ends the process there instead of throwing.
+// TARVOLT_UNDER_SANITIZER is 1 when the tests run under a memory or thread sanitizer, else 0. An
+// impossible allocation ends the process there instead of throwing.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define TARVOLT_UNDER_SANITIZER 1
 #elif defined(__has_feature)

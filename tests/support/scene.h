@@ -15,7 +15,7 @@
 
 namespace tarvolt::testing {
 
-/// A folder panel that answers what the test tells it to and keeps what it was asked to be.
+/// A folder panel that returns what the test sets and keeps the settings it was called with.
 class FakeFolderPanel final : public FolderPanel {
 public:
     std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) override {
@@ -32,12 +32,12 @@ public:
     int withdrawn = 0;
 };
 
-/// Everything a scanner stands on, all of it in the test's hands: both queues, the clock, the panel and the disk.
+/// Everything a scanner depends on, controlled by the test: both queues, the clock, the panel and the disk.
 struct Scene {
     Scene() = default;
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
-    /// A task that never ran holds its scanner, and that the queue.
+    /// A task that has not run holds its scanner, which holds the queue.
     ~Scene() {
         mainQueue->clear();
         background->clear();
@@ -48,7 +48,7 @@ struct Scene {
     std::shared_ptr<ManualQueue> background = std::make_shared<ManualQueue>();
     std::shared_ptr<FakeFolderPanel> panel = std::make_shared<FakeFolderPanel>();
 
-    /// `files` takes the place of the fake disk.
+    /// `files` replaces the fake disk.
     Services services(std::shared_ptr<FileManager> files = nullptr) const {
         Services made;
         made.fileManager = files ? std::move(files) : disk;

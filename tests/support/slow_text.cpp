@@ -19,7 +19,7 @@ UChar32 icuCharacter(char32_t character) {
     return static_cast<UChar32>(character);
 }
 
-/// The first character of `bytes` by its bits alone; `length` 0 when the bits make none.
+/// The first character of `bytes`, decoded bit by bit; `length` is 0 if there is none.
 char32_t decodeByBits(std::string_view bytes, std::size_t& length) {
     const auto byte = [&](std::size_t index) { return static_cast<std::uint8_t>(bytes[index]); };
     const std::uint8_t lead = byte(0);
@@ -62,7 +62,7 @@ bool isTrailing(char32_t c) {
     return isIn(c, 0x11A8, 0x11FF) || isIn(c, 0xD7CB, 0xD7FB);
 }
 
-/// Whether two neighbours in a decomposed text are parts of one syllable.
+/// Whether two adjacent characters of a decomposed text belong to one syllable.
 bool isOneSyllable(char32_t before, char32_t after) {
     return (isLeading(before) && isVowel(after)) || (isVowel(before) && isTrailing(after));
 }
@@ -166,7 +166,7 @@ bool isWholeInText(const Characters& text, std::size_t start, std::size_t end) {
     return isWholeMatch(around, first, around.size());
 }
 
-/// The end of the match of `wanted`, which is decomposed, at `start`, or 0 where there is none.
+/// The end of the match of `wanted`, which is decomposed, at `start`, or 0 if there is none.
 std::size_t matchEnd(const Characters& text, std::size_t start, const Characters& wanted) {
     Characters match;
     for (std::size_t end = start; end < text.size() && match.size() < wanted.size();) {

@@ -6,8 +6,8 @@
 
 namespace tarvolt::testing {
 
-// The text services once more, in the most obvious way and without any regard to time. What they need of Unicode they
-// take from single characters' properties; order and boundaries are worked out here.
+// The text services again, in the simplest way and regardless of speed. What they need of Unicode they
+// take from the properties of single characters; order and boundaries are computed here.
 
 bool slowIsValidUtf8(std::string_view bytes);
 

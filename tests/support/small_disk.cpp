@@ -44,7 +44,7 @@ void withLimitedFileSize(std::size_t bytes, const std::function<void()>& body) {
     if (::getrlimit(RLIMIT_FSIZE, &before) != 0) {
         throw std::system_error(errno, std::system_category(), "getrlimit");
     }
-    // Without this the signal of the limit would end the process before the call fails.
+    // Without this, the limit's signal would end the process before the call fails.
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit limited{bytes, before.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &limited);

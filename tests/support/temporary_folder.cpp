@@ -25,7 +25,7 @@ TemporaryFolder::TemporaryFolder() {
 
 TemporaryFolder::~TemporaryFolder() {
     std::error_code ignored;
-    // Folders a test closed are opened again first, for what is in them is to go too.
+    // Make folders that a test has closed accessible first, so that their contents can be removed.
     fs::permissions(path_, fs::perms::owner_all, fs::perm_options::add, ignored);
     for (fs::recursive_directory_iterator at(path_, fs::directory_options::skip_permission_denied, ignored), end;
          at != end; at.increment(ignored)) {

@@ -8,7 +8,7 @@
 
 namespace tarvolt::testing {
 
-/// An empty folder on the real disk, gone with its object. What is in it may have any mode.
+/// An empty folder on the real disk, removed with its object, whatever the modes of its contents.
 class TemporaryFolder {
 public:
     TemporaryFolder();
@@ -19,7 +19,7 @@ public:
     const std::filesystem::path& path() const { return path_; }
     std::filesystem::path operator/(std::string_view name) const;
 
-    /// Makes a file, and the folders on the way to it.
+    /// Creates a file and its parent folders.
     std::filesystem::path write(std::string_view name, std::string_view contents) const;
     std::filesystem::path makeFolder(std::string_view name) const;
 
@@ -36,7 +36,7 @@ std::vector<std::string> treeOf(const std::filesystem::path& folder);
 
 std::string readFile(const std::filesystem::path& path);
 
-/// Puts a socket at `path`. Returns why that cannot be done here, or nothing.
+/// Creates a socket at `path`. Returns why that cannot be done here, or nothing.
 std::optional<std::string> makeSocket(const std::filesystem::path& path);
 
 } // namespace tarvolt::testing

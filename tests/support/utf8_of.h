@@ -4,7 +4,7 @@
 
 namespace tarvolt::testing {
 
-/// A code point as UTF-8; a surrogate becomes its three bytes all the same.
+/// A code point as UTF-8; even a surrogate is encoded, in three bytes.
 std::string utf8Of(char32_t character);
 
 } // namespace tarvolt::testing
