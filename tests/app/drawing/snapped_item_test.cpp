@@ -7,10 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <map>
-#include <ranges>
 
 namespace tarvolt {
 namespace {
@@ -39,13 +37,15 @@ protected:
         return window_.grabWindow().convertToFormat(QImage::Format_RGB32);
     }
 
+    /// The last column that has a pixel of the colour; -1 for none.
     static int rightmost(const QImage& image, const QColor& colour) {
-        int column = image.width() - 1;
-        const auto isOfColour = [&](int row) { return image.pixel(column, row) == colour.rgb(); };
-        while (column >= 0 && std::ranges::none_of(std::views::iota(0, image.height()), isOfColour)) {
-            --column;
+        int last = -1;
+        for (int row = 0; row < image.height(); ++row) {
+            for (int column = last + 1; column < image.width(); ++column) {
+                last = image.pixel(column, row) == colour.rgb() ? column : last;
+            }
         }
-        return column;
+        return last;
     }
 
     /// How many pixels have which colour when the ancestor is so far away from whole ones.
@@ -96,6 +96,7 @@ TEST_F(SnappedItemTest, EndsWhereOthersEnd) {
         other.setX(13 - 0.1 * tenth);
         other.setSize(QSizeF(50 - other.x(), 13));
         const QImage image = picture(0.1 * tenth, 0);
+        EXPECT_GE(rightmost(image, Qt::black), 0) << tenth;
         EXPECT_EQ(rightmost(image, Qt::black), rightmost(image, Qt::red)) << tenth;
     }
 }
