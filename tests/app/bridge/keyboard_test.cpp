@@ -394,7 +394,7 @@ TEST_F(KeyboardTest, NoRingStandsAroundTheListWhileItIsEmptyForAScan) {
     w.press(Qt::Key_Return);
     w.settle();
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
-    QTest::qWait(50);
+    w.rest();
     ASSERT_TRUE(w.bridge->scanning());
     EXPECT_TRUE(w.findAll("listFocus").empty());
     w.settle();
@@ -406,17 +406,19 @@ TEST_F(KeyboardTest, TheRescanMayComeWhileTheSheetStillFades) {
     w.bridge->projects()->setSearchText("Song 3");
     w.settle();
     QString name = "Song 3";
-    for (int wait = 0; wait <= 150; wait += 10) {
+    for (int left = 10; left >= 0; --left) {
         w.click("rowButton");
         w.settle();
         name += 'x';
         w.find("newNameField")->setProperty("text", name);
         w.press(Qt::Key_Return);
-        QTest::qWait(wait);
+        const auto sheet = w.findAll("renameForm");
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return w.findAll("renameForm").empty() || sheet.front()->parentItem()->opacity() * 10 <= left; }));
         w.scene.mainQueue->advance(std::chrono::milliseconds(500));
-        QTest::qWait(wait); // the list is empty
+        QCoreApplication::processEvents(); // the list is empty
         w.settle();
-        EXPECT_EQ(focusedName(), "Rename " + name) << wait;
+        EXPECT_EQ(focusedName(), "Rename " + name) << left << " tenths of the sheet left";
     }
 }
 
@@ -533,7 +535,7 @@ TEST_F(KeyboardTest, TheFocusReturnsToTheSearchFieldThatIsHiddenForAScan) {
     renameRow(0, "Zebra");
     w.find("searchField")->forceActiveFocus();
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
-    QTest::qWait(50);
+    w.rest();
     ASSERT_TRUE(w.findAll("searchField").empty());
     w.settle();
     EXPECT_EQ(w.focused(), "searchField");
@@ -571,12 +573,12 @@ TEST_F(KeyboardTest, OfTwoRenamesAroundASlowScanTheSecondNameHasTheFocus) {
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
     w.find("newNameField")->setProperty("text", "Zebra");
     w.press(Qt::Key_Return);
-    QTest::qWait(SceneWindow::movement);
+    w.rest();
     w.scene.mainQueue->advance(std::chrono::milliseconds(500));
     ASSERT_EQ(w.scene.background->pending(), 2U);
     w.scene.background->runOne();
     w.scene.mainQueue->drain();
-    QTest::qWait(SceneWindow::movement);
+    w.rest();
     EXPECT_EQ(w.focused(), "projectList") << "its own scan has not ended";
     w.settle();
     EXPECT_EQ(focusedName(), "Rename Zebra");
@@ -592,7 +594,7 @@ TEST_F(KeyboardTest, TheFirstRowHasTheFocusOnceTheFirstFolderHasBeenChosenByKeys
         if (scanEndsFirst) {
             window.scene.settle();
         } else {
-            QTest::qWait(SceneWindow::movement);
+            window.rest();
         }
         window.settle();
         const QQuickItem* item = window.window->activeFocusItem();

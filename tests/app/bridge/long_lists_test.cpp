@@ -97,8 +97,10 @@ TEST_F(LongListsTest, KeepWhatTheReaderLooksAtWhenALineComes) {
     list->setProperty("contentY", list->property("originY").toDouble() + 600);
     w.settle();
     const auto lookedAt = [&] {
-        const auto rows = w.findAll("logMessage");
-        return std::pair(rows[3]->property("text").toString(), SceneWindow::boxOf(rows[3]).top());
+        const auto rows = w.findAll("logMessage"); // some of them out of sight
+        const auto inSight = [&](QQuickItem* row) { return w.box("logList").contains(SceneWindow::boxOf(row)); };
+        QQuickItem* const row = *std::ranges::find_if(rows, inSight);
+        return std::pair(row->property("text").toString(), SceneWindow::boxOf(row).top());
     };
     const auto before = lookedAt();
     log(3);

@@ -48,13 +48,13 @@ protected:
         const QPoint inside = w.box(button).center().toPoint();
         expectColour(face(button), usual);
         QTest::mouseMove(w.window, inside);
-        QTest::qWait(SceneWindow::movement);
+        w.rest();
         expectColour(face(button), hovered);
         QTest::mousePress(w.window, Qt::LeftButton, {}, inside);
         expectColour(face(button), pressed);
         QTest::mouseMove(w.window, QPoint(2, 2));
         QTest::mouseRelease(w.window, Qt::LeftButton, {}, QPoint(2, 2));
-        QTest::qWait(SceneWindow::movement);
+        w.rest();
         expectColour(face(button), usual);
     }
 
@@ -113,7 +113,7 @@ TEST_F(MeasureControlsTest, BorderedButtonsHaveTheirSizesAndColours) {
 TEST_F(MeasureControlsTest, ADisabledBorderedButtonIsPale) {
     w.choose();
     w.bridge->rescan();
-    QTest::qWait(SceneWindow::movement);
+    w.rest();
     expectColour(face("rescanButton"), "#FFFFFF", 0.45);
     expectColour(part("rescanButton", "face")->property("borderColor").value<QColor>(), "#000000", 0.08);
     EXPECT_NEAR(part("rescanButton", "buttonSymbol")->opacity(), 0.36, 0.01);

@@ -68,15 +68,22 @@ public:
         settle();
     }
 
-    /// Runs what is due, lets the toolkit catch up and the movements end.
+    /// Runs what is due and lets the window come to rest.
     void settle() {
         scene.settle();
+        rest();
+        scene.settle();
+        rest();
+    }
+
+    /// Lets the toolkit catch up and every movement end, without running what is due.
+    void rest() const {
         for (int round = 0; round < 3; ++round) {
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            window->grabWindow(); // Layouts and movements follow with the next frame.
         }
-        QTest::qWait(movement);
-        scene.settle();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !isMoving(window); })) << "a movement does not end";
         QCoreApplication::processEvents();
     }
 
@@ -129,8 +136,6 @@ public:
         return item == nullptr ? QString() : item->objectName();
     }
 
-    static constexpr int movement = 250; ///< milliseconds that the longest movement that matters takes
-
     Scene scene;
     std::shared_ptr<ContentView> view;
     std::unique_ptr<WindowBridge> bridge;
@@ -141,6 +146,18 @@ private:
     /// The toolkit complains of nothing.
     static void fail(QtMsgType, const QMessageLogContext&, const QString& message) {
         ADD_FAILURE() << "the toolkit says: " << message.toStdString();
+    }
+
+    /// Whether an animation that ends by itself runs in `object`.
+    static bool isMoving(const QObject* object) {
+        const bool ends = object->inherits("QQuickTransition") ||
+                          (object->inherits("QQuickAbstractAnimation") && object->property("loops").toInt() > 0);
+        if (ends && object->property("running").toBool()) {
+            return true;
+        }
+        const auto* item = qobject_cast<const QQuickItem*>(object);
+        return std::ranges::any_of(object->children(), isMoving) ||
+               (item != nullptr && std::ranges::any_of(item->childItems(), isMoving));
     }
 
     static void collect(QQuickItem* item, const QString& name, std::vector<QQuickItem*>& found) {
