@@ -11,26 +11,37 @@
 #include <QUuid>
 #include <QWindow>
 
+#include <system_error>
 #include <utility>
 
 namespace tarvolt {
 
 namespace {
 
-constexpr uint leastVersion = 3;   // the first that can ask for a folder
-constexpr int answerLimit = 5000;  // milliseconds; a portal that has yet to be started takes one or two seconds
-constexpr uint choseSomething = 0; // what a response may begin with
-constexpr uint cancelledByPerson = 1;
+constexpr uint leastVersion = 3;  // the first that can ask for a folder
+constexpr int answerLimit = 5000; // milliseconds; starting a portal takes one or two seconds
+
+// The codes that a response begins with; any other means that the panel ended in some other way.
+constexpr uint choseSomething = 0;
+constexpr uint cancelled = 1;
 
 const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto request = QStringLiteral("org.freedesktop.portal.Request");
 
+/// Whether there is nothing at `path`, or something else than a folder. A path that cannot be examined passes for a
+/// folder: the scan will log why it cannot be read.
+bool isNoFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto type = std::filesystem::status(path, error).type();
+    return type != std::filesystem::file_type::directory && type != std::filesystem::file_type::none;
+}
+
 } // namespace
 
 std::optional<std::filesystem::path> localPath(const QString& uri) {
-    // Some portals leave blanks as they are.
+    // Some portals do not escape blanks.
     const QUrl url(uri, QUrl::TolerantMode);
     QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
     while (path.size() > 1 && path.endsWith('/')) {
@@ -58,7 +69,6 @@ void PortalPanel::open(const FolderPanelSettings& settings, QWindow* window) {
         if (version.toUInt() < leastVersion) {
             end(true);
         } else {
-            // Whoever has the portal's name now.
             openFile(bus_.interface()->serviceOwner(portalService), settings, window);
         }
     });
@@ -84,7 +94,7 @@ void PortalPanel::ask(const QDBusMessage& question, const Answer& answer) {
 void PortalPanel::openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window) {
     portal_ = portal;
     const QString token = QStringLiteral("tarvolt") + QUuid::createUuid().toString(QUuid::Id128);
-    // The path that the portal makes of the token. An answer may come before the call returns, so it is awaited first.
+    // The portal derives this path from the token. The answer may arrive before the call returns, so listen first.
     request_ = QStringLiteral("%1/request/%2/%3")
                    .arg(portalPath, bus_.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_')), token);
     bus_.connect(portal_, request_, request, QStringLiteral("Response"), this, SLOT(takeResponse(QDBusMessage)));
@@ -108,7 +118,7 @@ void PortalPanel::openFile(const QString& portal, const FolderPanelSettings& set
     });
 }
 
-/// What the portal calls the window that its panel belongs to.
+/// The name by which the portal finds the window that its panel belongs to.
 QString PortalPanel::portalName(QWindow* window) {
     if (window != nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
         return QStringLiteral("x11:") + QString::number(window->winId(), 16);
@@ -127,10 +137,10 @@ void PortalPanel::takeResponse(const QDBusMessage& response) {
     if (code == choseSomething) {
         const auto results = qdbus_cast<QVariantMap>(response.arguments().at(1));
         folder_ = localPath(results.value(QStringLiteral("uris")).toStringList().value(0));
-        end(!folder_);
+        end(!folder_ || isNoFolder(*folder_));
     } else {
-        // A panel closed by its frame and one that never came up both count as ended in some other way.
-        end(code != cancelledByPerson && !wasShown_);
+        // A panel that was closed by its frame and one that never appeared have the same code.
+        end(code != cancelled && !wasShown_);
     }
 }
 

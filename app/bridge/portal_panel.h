@@ -17,8 +17,8 @@ class QWindow;
 
 namespace tarvolt {
 
-/// The folder panel that the desktop's portal shows from a process of its own. Each object asks once; an open panel is
-/// withdrawn when its object goes. Main thread.
+/// The folder panel of the desktop's portal, which runs in another process. An object asks once and closes its panel
+/// when it is destroyed. Main thread.
 class PortalPanel final : public QObject {
     Q_OBJECT
 
@@ -26,13 +26,13 @@ public:
     PortalPanel() = default;
     ~PortalPanel() override;
 
-    /// Returns at once; `ended` follows from the event loop, as soon as there is an answer or none can come any more.
+    /// Returns at once. `ended` is emitted later, from the event loop: when there is an answer, or when none can come.
     void open(const FolderPanelSettings& settings, QWindow* window);
 
-    /// What `ended` found: the portal is missing, too old or broken, and the person was not asked.
+    /// After `ended`: the portal is missing, too old or broken, so no answer is the person's.
     bool hasFailed() const { return failed_; }
 
-    /// What `ended` found: the folder chosen, none where the person chose none.
+    /// After `ended` without a failure: the folder chosen, or none if the person cancelled.
     const std::optional<std::filesystem::path>& folder() const { return folder_; }
 
 signals:
@@ -51,8 +51,8 @@ private:
 
     QDBusConnection bus_ = QDBusConnection::sessionBus();
     QDBusServiceWatcher watcher_;
-    QString portal_;  ///< the name on the bus that no other process can take
-    QString request_; ///< the open panel's object path; empty while there is none
+    QString portal_;  ///< the portal's unique name on the bus
+    QString request_; ///< the object path of the open panel; empty while none is open
     std::optional<WaylandExport> export_;
     bool wasShown_ = false;
     bool hasEnded_ = false;
@@ -60,7 +60,7 @@ private:
     std::optional<std::filesystem::path> folder_;
 };
 
-/// The path in a portal's "file:" URI, byte for byte; none for what is no place on this machine.
+/// The path in a portal's "file:" URI, byte for byte; none if the URI names no place on this machine.
 std::optional<std::filesystem::path> localPath(const QString& uri);
 
 } // namespace tarvolt

@@ -8,15 +8,15 @@
 
 namespace tarvolt {
 
-/// The desktop portal's folder panel; the toolkit's own where there is no portal or it does not work. Neither stores
-/// anything from this process. The window goes on taking input, so whoever asks has to cover it meanwhile.
+/// The folder panel of the desktop's portal, or the toolkit's own if there is no working portal. With neither does this
+/// process store anything. The window still takes input while a panel is open, so the caller has to cover it.
 class QtFolderPanel final : public FolderPanel {
 public:
-    /// Keeps the toolkit's panel from writing to the user's settings, and the desktop's theme from bringing panels and
-    /// messages of its own into this process. Before the application object is made.
+    /// Keeps the toolkit's panel from writing to the user's settings, and the desktop's theme from opening panels and
+    /// messages of its own in this process. Call it before the application object is created.
     static void keepNothing();
 
-    /// The window that the panel stands over.
+    /// The window that the panel belongs to.
     void setWindow(QWindow* window) { window_ = window; }
 
     std::optional<std::filesystem::path> runModal(const FolderPanelSettings& settings) override;

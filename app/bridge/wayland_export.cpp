@@ -42,7 +42,7 @@ WaylandExport::WaylandExport(QWindow* window) {
     if (display == nullptr || surface == nullptr) {
         return;
     }
-    // A queue of its own: the toolkit reads the display's default one.
+    // A separate queue, because the toolkit reads the display's default one.
     queue_ = wl_display_create_queue(display);
     auto* wrapper = static_cast<wl_display*>(wl_proxy_create_wrapper(display));
     wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(wrapper), queue_);

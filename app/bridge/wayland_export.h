@@ -9,17 +9,16 @@ struct zxdg_exporter_v2;
 
 namespace tarvolt {
 
-/// Lets other programs on Wayland put a window of theirs over one of this program, for as long as it lives. Main
-/// thread.
+/// Lets another Wayland client stack its window over one of ours, for as long as this object lives. Main thread.
 class WaylandExport final {
 public:
-    /// On another platform, and where the compositor cannot do that, there is no handle.
+    /// Exports nothing on other platforms and where the compositor does not support it.
     explicit WaylandExport(QWindow* window);
     WaylandExport(const WaylandExport&) = delete;
     WaylandExport& operator=(const WaylandExport&) = delete;
     ~WaylandExport();
 
-    /// What the other program has to know the window by; empty where there is none.
+    /// Identifies the window to the other client; empty if nothing is exported.
     const QString& handle() const { return handle_; }
 
 private:

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// Takes all input from the window while the folder panel, a window of its own, is open.
+// Keeps all input from the window while the folder panel, which is a separate window, is open.
 T.Popup {
     id: root
 
@@ -12,7 +12,7 @@ T.Popup {
     dim: true
     focus: true
     closePolicy: T.Popup.NoAutoClose
-    // Assistive technology is told of the panel alone.
+    // Assistive technology sees the panel only.
     Component.onCompleted: contentItem.parent.Accessible.ignored = true
 
     T.Overlay.modal: Rectangle {

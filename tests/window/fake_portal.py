@@ -1,8 +1,8 @@
 """A desktop portal that does one thing, in place of the real one:
 
-    fake_portal.py DEED RECORD      keeps what it was asked, a line of JSON each, in the file RECORD
+    fake_portal.py DEED RECORD [URI]      writes what it was asked to the file RECORD, a line of JSON each
 
-It says "ready" once it can be asked. Its deeds are named below.
+It prints "ready" once it can be asked. Its deeds are named below; "chooses" answers with the URI.
 """
 
 import json
@@ -32,9 +32,7 @@ def answered(*uris):
 
 # What it responds with, at once.
 responses = {
-    "chooses-bytes": answered("file:///tmp/No%20such%20Caf%E9%25"),
-    "chooses-elsewhere": answered("smb://server/share"),
-    "chooses-nothing": answered(),
+    "chooses": answered(*sys.argv[3:]),
     "talks-nonsense": GLib.Variant("(s)", ("nonsense",)),
     "cancels": GLib.Variant("(ua{sv})", (1, {})),
     "gives-up": GLib.Variant("(ua{sv})", (2, {})),
@@ -86,4 +84,4 @@ class Portal:
             record.write(json.dumps(words) + "\n")
 
 
-Portal(*sys.argv[1:]).loop.run()
+Portal(*sys.argv[1:3]).loop.run()

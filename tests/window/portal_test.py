@@ -1,6 +1,8 @@
 """The desktop's portal, good, bad and missing: whatever it does, a folder can be chosen or the window says why not."""
 
 import json
+import os
+import re
 import signal
 import subprocess
 import sys
@@ -10,9 +12,9 @@ import case
 
 
 class PortalTest(case.WindowTest):
-    def usePortal(self, deed):
+    def usePortal(self, deed, *uris):
         self.record = self.desktop.folder / "asked"
-        command = [sys.executable, str(Path(__file__).with_name("fake_portal.py")), deed, str(self.record)]
+        command = [sys.executable, str(Path(__file__).with_name("fake_portal.py")), deed, str(self.record), *uris]
         self.portal = self.desktop.start(command, stdout=subprocess.PIPE, text=True)
         self.assertEqual(self.portal.stdout.readline(), "ready\n")
 
@@ -57,10 +59,12 @@ class Portal(PortalTest):
             },
         )
 
-    def testGivesAFolderWhoseNameIsNoTextAsItsBytes(self):
-        self.usePortal("chooses-bytes")
+    def testKeepsTheBytesOfAFolderWhoseNameIsNotUtf8(self):
+        home = str(self.desktop.home)
+        os.mkdir(home.encode() + b"/My Caf\xe9%")
+        self.usePortal("chooses", f"file://{home}/My%20Caf%E9%25")
         self.openPanel()
-        self.program.find("label", "/tmp/No such Caf\ufffd%")
+        self.program.find("label", f"{home}/My Caf\ufffd%")
         self.program.find("label", "No MPC Projects Found")
 
     def testIsCancelledAsAnyPanel(self):
@@ -71,9 +75,28 @@ class Portal(PortalTest):
         self.assertEqual(self.program.elements("dialog"), [])
 
 
+class PortalWithALockedFolder(PortalTest):
+    # Root may look anywhere unless it gives up these two capabilities.
+    before = () if os.geteuid() else ("setpriv", "--bounding-set=-dac_override,-dac_read_search")
+
+    def testShowsInTheLogWhyTheFolderCannotBeScanned(self):
+        locked = self.folder / "Locked"
+        chosen = locked / "Projects"
+        chosen.mkdir(parents=True)
+        (chosen / "Song.xpj").write_text("<Project/>")
+        locked.chmod(0)
+        self.addCleanup(locked.chmod, 0o700)
+        self.usePortal("chooses", chosen.as_uri())
+        self.openPanel()
+        self.program.find("label", "No MPC Projects Found")
+        locked.chmod(0o700)
+        self.program.find("button", "Rescan").click()
+        self.program.find("list item", re.compile("^Scan error: .*: Permission denied, "))
+
+
 class BadPortal(PortalTest):
-    def assertOwnPanelFor(self, deed):
-        self.usePortal(deed)
+    def assertOwnPanelFor(self, deed, *uris):
+        self.usePortal(deed, *uris)
         self.openPanel()
         self.cancelOwnPanel()
 
@@ -104,10 +127,16 @@ class BadPortal(PortalTest):
         self.assertOwnPanelFor("talks-nonsense")
 
     def testThatChoosesNothingGivesWayToTheToolkitsPanel(self):
-        self.assertOwnPanelFor("chooses-nothing")
+        self.assertOwnPanelFor("chooses")
 
     def testThatChoosesAPlaceOnAnotherMachineGivesWayToTheToolkitsPanel(self):
-        self.assertOwnPanelFor("chooses-elsewhere")
+        self.assertOwnPanelFor("chooses", "smb://server/share")
+
+    def testThatChoosesAFileGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("chooses", next(self.folder.glob("*.xpj")).as_uri())
+
+    def testThatChoosesAFolderThatHasVanishedGivesWayToTheToolkitsPanel(self):
+        self.assertOwnPanelFor("chooses", (self.folder / "Vanished").as_uri())
 
     def testThatGivesUpWithoutAPanelGivesWayToTheToolkitsPanel(self):
         self.assertOwnPanelFor("gives-up")
