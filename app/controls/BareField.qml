@@ -40,11 +40,12 @@ T.TextField {
 
     function showMenu(x: real, y: real): void {
         root.forceActiveFocus(Qt.MouseFocusReason);
-        menu.popup(x, y);
+        menu.popupByMouse(x, y);
     }
 
     function showMenuAtCaret(): void {
-        menu.popup(root.cursorRectangle.x, root.height);
+        // Clear of the frame, which stands around the search field at some distance.
+        menu.popupByKey(root.cursorRectangle.x, root.height + 12);
     }
 
     FieldMenu {

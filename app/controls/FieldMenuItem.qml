@@ -13,7 +13,6 @@ T.MenuItem {
     leftPadding: Theme.buttonPadding
     rightPadding: Theme.buttonPadding
     font: Theme.body
-    hoverEnabled: true
     Accessible.name: text
     // Qt 6.4 tells assistive technology nothing of a disabled state.
     Accessible.description: enabled ? "" : qsTr("Not available now")

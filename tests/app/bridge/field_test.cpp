@@ -124,6 +124,31 @@ TEST_F(FieldTest, ItsMenuOffersOnlyWhatCanBeDone) {
     EXPECT_TRUE(enabled("Paste") && enabled("Select All"));
 }
 
+TEST_F(FieldTest, ItsMenuBeginsByKeyAtTheFirstEntryThatCanBeChosen) {
+    openSheet();
+    showMenu();
+    EXPECT_EQ(w.window->activeFocusItem()->property("text"), "Cut");
+    EXPECT_TRUE(w.window->activeFocusItem()->property("highlighted").toBool());
+    w.press(Qt::Key_Escape);
+    w.settle();
+    w.press(Qt::Key_End);
+    showMenu();
+    EXPECT_EQ(w.window->activeFocusItem()->property("text"), "Select All") << "nothing is selected or copied";
+    w.press(Qt::Key_Escape);
+    w.settle();
+    EXPECT_EQ(w.focused(), "newNameField");
+}
+
+TEST_F(FieldTest, ItsMenuStandsClearOfTheFieldsFrame) {
+    w.find("searchField")->forceActiveFocus();
+    showMenu();
+    EXPECT_GE(w.box("menuFace").top(), w.box("searchFill").bottom() + 2);
+    w.press(Qt::Key_Escape);
+    openSheet();
+    showMenu();
+    EXPECT_GE(w.box("menuFace").top(), w.box("newNameField").bottom() + 2);
+}
+
 TEST_F(FieldTest, ItsFrameStaysWhileItsMenuIsOpen) {
     w.addProjects(1);
     w.choose();
