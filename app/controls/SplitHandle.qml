@@ -9,16 +9,22 @@ Item {
 
     signal moved(distance: real)
 
+    required property real logWidth
+    // What assistive technology reads of a slider, the only kind of item for which Qt Quick tells a value.
+    readonly property real value: logWidth
+    required property real minimumValue
+    required property real maximumValue
+    readonly property real stepSize: 10
     readonly property bool strong: mouse.pressed || activeFocus
 
     objectName: "splitHandle"
     implicitWidth: Theme.hairline
     activeFocusOnTab: true
-    Accessible.role: Accessible.Splitter
+    Accessible.role: Accessible.Slider
     Accessible.name: qsTr("Width of the log")
     Accessible.focusable: true
-    Keys.onLeftPressed: root.moved(-10)
-    Keys.onRightPressed: root.moved(10)
+    Keys.onLeftPressed: root.moved(-root.stepSize)
+    Keys.onRightPressed: root.moved(root.stepSize)
 
     BoxItem {
         objectName: "splitLine"

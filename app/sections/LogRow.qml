@@ -17,6 +17,16 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: sentence
 
+    FocusRing {
+        objectName: "logFocus"
+        anchors.leftMargin: 4
+        anchors.rightMargin: 10 // clear of the thumb
+        thickness: Theme.hairline
+        gap: -thickness
+        innerRadius: Theme.smallButtonRadius
+        visible: root.activeFocus
+    }
+
     BoxItem {
         id: dot
         objectName: "logDot"

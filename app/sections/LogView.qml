@@ -61,11 +61,31 @@ FocusScope {
         pixelAligned: true
         focus: true
         activeFocusOnTab: true
-        keyNavigationEnabled: false
         currentIndex: -1
+        highlightFollowsCurrentItem: false
         Accessible.role: Accessible.List
         Accessible.name: title.text
-        Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+        // A screen reader reads out the line that has the focus. The keys begin at the first line in sight.
+        onActiveFocusChanged: {
+            if (!activeFocus && currentItem)
+                currentItem.focus = false;
+            currentIndex = activeFocus ? firstInSight() : -1;
+        }
+        onCurrentIndexChanged: {
+            if (activeFocus)
+                positionViewAtIndex(currentIndex, ListView.Contain);
+        }
+        Keys.onPressed: event => {
+            event.accepted = scrollKeys.scroll(event.key);
+            if (event.accepted)
+                currentIndex = event.key === Qt.Key_End ? count - 1 : firstInSight();
+        }
+        Keys.onUpPressed: decrementCurrentIndex()
+        Keys.onDownPressed: incrementCurrentIndex()
+
+        function firstInSight(): int {
+            return indexAt(0, contentY + spacing);
+        }
 
         T.ScrollBar.vertical: ScrollThumb {
             // In the list itself it would get the list's height.
@@ -84,14 +104,5 @@ FocusScope {
     ScrollKeys {
         id: scrollKeys
         area: list
-    }
-
-    FocusRing {
-        objectName: "logFocus"
-        anchors.fill: list
-        thickness: Theme.hairline
-        gap: -thickness
-        innerRadius: Theme.smallButtonRadius
-        visible: list.activeFocus
     }
 }

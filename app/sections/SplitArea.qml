@@ -30,6 +30,9 @@ FocusScope {
         x: parent.width - root.logWidth - width
         height: parent.height
         z: 1
+        logWidth: root.logWidth
+        minimumValue: root.allowed(0)
+        maximumValue: root.allowed(Infinity)
         onMoved: distance => root.wantedLogWidth = root.allowed(root.logWidth - distance)
     }
 

@@ -104,8 +104,11 @@ class WindowTest(unittest.TestCase):
         return self.program.waitFor(focused, f"the field with {text!r} and the focus")
 
     def focusedName(self):
-        field = self.program.focused()
-        return field and (field.name or field.role)
+        """The name of what has the keyboard focus; of a list's line, that of the list."""
+        element = self.program.focused()
+        if element and element.role == "list item":
+            element = element.parent()
+        return element and (element.name or element.role)
 
     def waitForFocus(self, name):
         self.program.waitFor(lambda: self.focusedName() == name, f"the focus on {name!r}")

@@ -11,12 +11,12 @@ class Size(case.WindowTest):
     def panes(self):
         """The widths of the list's and the log's pane."""
         left, _, width, _ = self.program.find("frame").box
-        dividerLeft, _, dividerWidth, _ = self.program.find("split pane", "Width of the log").box
+        dividerLeft, _, dividerWidth, _ = self.program.find("slider", "Width of the log").box
         return dividerLeft - left, left + width - dividerLeft - dividerWidth
 
     def drag(self, distance, log):
         """Drags the divider, with a hand that is never quite still, until the log is so wide; leaves it there."""
-        left, top, width, height = self.program.find("split pane", "Width of the log").box
+        left, top, width, height = self.program.find("slider", "Width of the log").box
         x, y = left + width // 2, top + height // 2
         self.desktop.input("mousemove", x, y, "mousedown", "1")
         tremble = itertools.cycle((0, 1))

@@ -86,7 +86,7 @@ TEST_F(KeyboardTest, TabGoesThroughHeaderSearchRowsDividerAndLogAndBack) {
     choose(6);
     const QStringList order = {"Rescan",        "Change Folder", "searchField",   "Rename Song 0",
                                "Rename Song 1", "Rename Song 2", "Rename Song 3", "Rename Song 4",
-                               "Rename Song 5", "splitHandle",   "logList"};
+                               "Rename Song 5", "splitHandle",   "logRow"};
     for (const QString& name : order) {
         w.press(Qt::Key_Tab);
         EXPECT_EQ(focusedName(), name);
@@ -143,15 +143,52 @@ TEST_F(KeyboardTest, TheLogScrollsByKeys) {
     log->forceActiveFocus(Qt::TabFocusReason);
     const auto top = [&] { return log->property("contentY").toDouble() - log->property("originY").toDouble(); };
     EXPECT_EQ(top(), 0);
-    w.press(Qt::Key_Down);
-    EXPECT_GT(top(), 0);
+    w.press(Qt::Key_PageDown);
+    EXPECT_GT(top(), 100);
     w.press(Qt::Key_End);
+    w.settle();
     const double end = top();
     EXPECT_GT(end, 1000);
     w.press(Qt::Key_PageUp);
+    w.settle();
     EXPECT_LT(top(), end);
     w.press(Qt::Key_Home);
+    w.settle();
     EXPECT_EQ(top(), 0);
+}
+
+TEST_F(KeyboardTest, TheKeysGoFromLineToLineOfTheLog) {
+    choose(1);
+    for (int i = 0; i < 60; ++i) {
+        w.view->scanner->log("line " + std::to_string(i), false);
+    }
+    w.settle();
+    const auto line = [&] { return w.window->activeFocusItem()->property("message").toString(); };
+    const auto inSight = [&] { return w.box("logList").contains(SceneWindow::boxOf(w.window->activeFocusItem())); };
+    w.find("logList")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_EQ(line(), "line 59");
+    w.press(Qt::Key_Up);
+    EXPECT_EQ(line(), "line 59");
+    for (int i = 58; i >= 30; --i) {
+        w.press(Qt::Key_Down);
+        w.rest();
+        EXPECT_EQ(line(), QStringLiteral("line %1").arg(i));
+        EXPECT_TRUE(inSight()) << i;
+    }
+    w.press(Qt::Key_End);
+    w.rest();
+    EXPECT_EQ(line(), "Found 1 .xpj file(s) and 1 data folder(s)");
+    EXPECT_TRUE(inSight());
+    w.press(Qt::Key_Home);
+    w.rest();
+    EXPECT_EQ(line(), "line 59");
+    w.view->scanner->log("newest", false);
+    w.settle();
+    EXPECT_EQ(line(), "line 59") << "the reader's line";
+    w.press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focusedName(), "splitHandle");
+    w.press(Qt::Key_Tab);
+    EXPECT_EQ(line(), "newest");
 }
 
 TEST_F(KeyboardTest, TheDividerMovesByKeys) {
