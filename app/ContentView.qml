@@ -20,9 +20,10 @@ T.ApplicationWindow {
     minimumHeight: 500
     title: Qt.application.name
     color: Theme.window
-    // What the toolkit's folder panel selects in.
+    // What the toolkit's folder panel selects in and draws its edges in.
     palette.highlight: Theme.prominent
     palette.highlightedText: Theme.prominentLabel
+    palette.mid: Theme.fieldBorder
     visible: true
     // Whatever gives the focus: a sheet that closes, a button that is enabled again, another window left.
     onActiveFocusItemChanged: {

@@ -58,7 +58,8 @@ target_include_directories(tarvolt_window PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/b
 # The texts of the window. tarvolt_en.ts is the template for other languages: the target tarvolt_texts brings it up to
 # date, and a test tells when that has been forgotten. Each tarvolt_<language>.ts beside it is built in.
 file(GLOB text_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp"
-     "${CMAKE_CURRENT_SOURCE_DIR}/sections/*.cpp" "${PROJECT_SOURCE_DIR}/model/*.cpp")
+     "${CMAKE_CURRENT_SOURCE_DIR}/bridge/toolkit_panel.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/sections/*.cpp"
+     "${PROJECT_SOURCE_DIR}/model/*.cpp")
 list(TRANSFORM qml_files PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE text_qml)
 set(TARVOLT_LUPDATE
     Qt6::lupdate -silent -no-obsolete -locations none -source-language en -tr-function-alias translate+=localized

@@ -1,5 +1,7 @@
 #include "app/bridge/toolkit_panel.h"
 
+#include "foundation/localized.h"
+
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
@@ -7,15 +9,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QQmlProperty>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
+#include <QToolButton>
 #include <QTreeView>
 #include <QWindow>
 
@@ -31,11 +35,18 @@ constexpr int panelWidth = 40;
 constexpr int panelHeight = 28;
 constexpr int placesWidth = 10;
 
-// A second press of what opened the panel may come so late, in milliseconds.
+// A second press of the key that opened the panel comes within so many milliseconds.
 constexpr int impatience = 600;
 
-/// Where a mounted drive or card is, if this line of /proc/self/mounts tells of one. Network drives, whose servers may
-/// not answer, are left out, for the panel looks at each place when it opens.
+// The panel's empty row, under the field and beside the buttons.
+constexpr int refusalRow = 3;
+
+// In per cent: how much darker than the window Fusion draws an edge, and how much lighter that of a list.
+constexpr int edgeShade = 140;
+constexpr int listShade = 108;
+
+/// Where a drive or card is mounted, if this line of /proc/self/mounts is about one. Network drives are left out: the
+/// panel looks at each place when it opens, and their servers may not answer.
 QString mountedDrive(const QByteArray& line) {
     const QList<QByteArray> words = line.split(' ');
     QByteArray place = words.value(1);
@@ -66,23 +77,24 @@ QList<QUrl> places() {
 
 } // namespace
 
-ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window) {
-    setFileMode(settings.canChooseFiles ? ExistingFile : Directory);
-    setOption(ShowDirsOnly, settings.canChooseDirectories && !settings.canChooseFiles);
+ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
+    : field_(findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))), refusal_(new QLabel(this)) {
+    setFileMode(Directory);
+    setOption(ShowDirsOnly);
     setOption(ReadOnly);
-    // Of the toolkit's two lists, the only one whose folders assistive technology can tell apart.
+    // Assistive technology cannot tell the folders of the other view apart.
     setViewMode(Detail);
     setSidebarUrls(places());
     const QString prompt = QString::fromStdString(settings.prompt);
     setWindowTitle(prompt);
-    setLabelText(Accept, prompt);
     takeAwayWhatChanges();
-    layOut();
-    showLine(QString::fromStdString(settings.message));
+    replaceButtons(prompt);
+    layOut(QString::fromStdString(settings.message));
     colour(window);
+    connect(field_, &QLineEdit::textChanged, this, [this] { setRefusal({}); });
     winId();
     windowHandle()->setTransientParent(window);
-    // It comes to the front again as a modal panel would.
+    // Like a modal panel, it comes to the front whenever the window does.
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this, window](const QWindow* active) {
         if (window != nullptr && active == window) {
             raise();
@@ -93,26 +105,42 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
 }
 
 std::optional<std::filesystem::path> ToolkitPanel::folder() const {
-    if (result() != Accepted || selectedFiles().isEmpty()) {
+    if (result() != Accepted) {
         return std::nullopt;
     }
-    return std::filesystem::path(QFile::encodeName(selectedFiles().constFirst()).toStdString());
+    return std::filesystem::path(QFile::encodeName(namedFolder()).toStdString());
+}
+
+/// selectedFiles() would read a name with quotation marks as several names.
+QString ToolkitPanel::namedFolder() const {
+    QString name = field_->text();
+    if (name == QStringLiteral("~") || name.startsWith(QStringLiteral("~/"))) {
+        name.replace(0, 1, QDir::homePath());
+    }
+    return QDir::cleanPath(directory().absoluteFilePath(name));
 }
 
 void ToolkitPanel::accept() {
-    const auto* typed = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (typed != nullptr && typed->text().isEmpty() && opened_.elapsed() < impatience) {
+    if (field_->text().isEmpty() && opened_.elapsed() < impatience) {
         return;
     }
-    if (QFileInfo(selectedFiles().value(0)).isDir()) {
-        QFileDialog::accept();
-    } else if (auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
-        field->selectAll();
+    if (QFileInfo(namedFolder()).isDir()) {
+        QDialog::accept();
+        return;
     }
+    setRefusal(QString::fromStdString(localized("ToolkitPanel", "There is no folder of that name.")));
+    field_->setFocus();
+    field_->selectAll();
 }
 
-/// Read-only greys out what renames, deletes and creates. A dragged folder would still be moved by the file manager
-/// that it is dropped on.
+/// Screen readers speak it as the description of the focused field.
+void ToolkitPanel::setRefusal(const QString& text) {
+    refusal_->setText(text);
+    refusal_->setVisible(!text.isEmpty());
+    field_->setAccessibleDescription(text);
+}
+
+/// Read-only disables renaming, deleting and creating. A folder dragged to a file manager would still be moved there.
 void ToolkitPanel::takeAwayWhatChanges() {
     for (QAbstractItemView* view : findChildren<QAbstractItemView*>()) {
         view->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -127,48 +155,64 @@ void ToolkitPanel::takeAwayWhatChanges() {
     }
 }
 
-void ToolkitPanel::layOut() {
+/// The toolkit disables its own button for every name that selectedFiles() does not find.
+void ToolkitPanel::replaceButtons(const QString& prompt) {
+    auto* box = findChild<QDialogButtonBox*>();
+    box->setStandardButtons(QDialogButtonBox::NoButton);
+    box->addButton(prompt, QDialogButtonBox::AcceptRole);
+    box->addButton(QDialogButtonBox::Cancel)->setIcon({});
+    // Plain arrows take the colour of the text, so they suit light and dark; a style's pictograms do not.
+    const std::array<std::pair<const char*, Qt::ArrowType>, 3> arrows{
+        {{"backButton", Qt::LeftArrow}, {"forwardButton", Qt::RightArrow}, {"toParentButton", Qt::UpArrow}}};
+    for (const auto& [name, arrow] : arrows) {
+        findChild<QToolButton*>(QLatin1String(name))->setArrowType(arrow);
+    }
+}
+
+void ToolkitPanel::layOut(const QString& message) {
     const int line = fontMetrics().height();
     const QSize room = screen()->availableSize() - QSize(2 * line, 3 * line); // for the window's frame
     resize(QSize(panelWidth * line, panelHeight * line).boundedTo(room));
-    if (auto* splitter = findChild<QSplitter*>()) {
-        splitter->setSizes({placesWidth * line, (panelWidth - placesWidth) * line});
+    findChild<QSplitter*>()->setSizes({placesWidth * line, (panelWidth - placesWidth) * line});
+    auto* list = findChild<QTreeView*>();
+    list->setHeaderHidden(true);
+    list->header()->setSectionResizeMode(QHeaderView::Stretch);
+    for (int column = 1; column < list->model()->columnCount(); ++column) {
+        list->hideColumn(column);
     }
-    if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
-        list->setHeaderHidden(true);
-        list->header()->setSectionResizeMode(QHeaderView::Stretch);
-        for (int column = 1; column < list->model()->columnCount(); ++column) {
-            list->hideColumn(column);
-        }
-    }
-}
-
-void ToolkitPanel::showLine(const QString& message) {
-    auto* line = new QLabel(message, this);
-    const int margin = fontMetrics().height() * 3 / 4;
-    line->setContentsMargins(margin, margin, margin, 0);
-    line->setTextFormat(Qt::PlainText);
-    layout()->setMenuBar(line);
+    auto* heading = new QLabel(message, this);
+    const int margin = line * 3 / 4;
+    heading->setContentsMargins(margin, margin, margin, 0);
+    heading->setTextFormat(Qt::PlainText);
+    layout()->setMenuBar(heading);
+    refusal_->setObjectName(QStringLiteral("refusal"));
+    refusal_->hide();
+    static_cast<QGridLayout*>(layout())->addWidget(refusal_, refusalRow, 1);
 }
 
 void ToolkitPanel::colour(QWindow* window) {
+    if (window == nullptr) {
+        return;
+    }
+    const auto ofWindow = [window](const char* role) {
+        return QQmlProperty::read(window, QStringLiteral("palette.") + QLatin1String(role)).value<QColor>();
+    };
     QPalette colours = palette();
-    if (window != nullptr) {
-        colours.setColor(QPalette::Highlight, QQmlProperty::read(window, "palette.highlight").value<QColor>());
-        colours.setColor(QPalette::HighlightedText,
-                         QQmlProperty::read(window, "palette.highlightedText").value<QColor>());
-    }
+    colours.setColor(QPalette::Highlight, ofWindow("highlight"));
+    colours.setColor(QPalette::HighlightedText, ofWindow("highlightedText"));
     setPalette(colours);
-    for (const QLineEdit* field : findChildren<QLineEdit*>()) {
-        if (field->completer() != nullptr) {
-            field->completer()->popup()->setPalette(colours);
-        }
-    }
-    for (const QComboBox* box : findChildren<QComboBox*>()) {
-        box->view()->setPalette(colours);
-    }
-    for (QPushButton* button : findChildren<QPushButton*>()) {
-        button->setIcon({});
+    field_->completer()->popup()->setPalette(colours);
+    findChild<QComboBox*>(QStringLiteral("lookInCombo"))->view()->setPalette(colours);
+    // Fields and lists draw nothing but their edges in this role. The lists' scroll bars keep the window's palette.
+    const QColor edge = ofWindow("mid").lighter(edgeShade);
+    QPalette edged = colours;
+    edged.setColor(QPalette::Window, edge);
+    field_->setPalette(edged);
+    edged.setColor(QPalette::Window, edge.darker(listShade));
+    for (const char* name : {"sidebar", "treeView"}) {
+        auto* list = findChild<QAbstractItemView*>(QLatin1String(name));
+        list->setPalette(edged);
+        list->verticalScrollBar()->setPalette(colours);
     }
 }
 

@@ -5,28 +5,35 @@
 #include <QElapsedTimer>
 #include <QFileDialog>
 
+class QLabel;
+class QLineEdit;
 class QWindow;
 
 namespace tarvolt {
 
-/// The toolkit's own folder panel: it chooses and does nothing else. It is not modal, for a modal panel would keep the
-/// window's close box from working. It marks what is selected as the palette of `window`, a Quick window, does.
+/// The toolkit's own panel, which can choose one folder and do nothing else. It is not modal, because a modal panel
+/// would block the window's close box.
 class ToolkitPanel final : public QFileDialog {
 public:
     ToolkitPanel(const FolderPanelSettings& settings, QWindow* window);
 
-    /// The folder chosen; none before the panel is accepted.
+    /// The folder chosen; none unless the panel was accepted.
     std::optional<std::filesystem::path> folder() const;
 
-    /// Refuses what is no folder, without the toolkit's modal message, and a second press of what opened the panel.
+    /// Accepts the folder named in the field, or the one listed if the field is empty. If there is no such folder, the
+    /// panel says so and stays open.
     void accept() override;
 
 private:
+    QString namedFolder() const;
     void takeAwayWhatChanges();
-    void layOut();
-    void showLine(const QString& message);
+    void replaceButtons(const QString& prompt);
+    void layOut(const QString& message);
     void colour(QWindow* window);
+    void setRefusal(const QString& text);
 
+    QLineEdit* field_;
+    QLabel* refusal_;
     QElapsedTimer opened_;
 };
 

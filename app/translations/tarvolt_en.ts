@@ -62,6 +62,10 @@ directly contains your .xpj files.</source>
         <source>Select All</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>FieldMenuItem</name>
@@ -230,6 +234,13 @@ and their _[ProjectData] folders</source>
     <name>SplitHandle</name>
     <message>
         <source>Width of the log</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ToolkitPanel</name>
+    <message>
+        <source>There is no folder of that name.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -64,6 +64,37 @@ class Listener(case.WindowTest):
         self.logged('Renamed "Sketch 014" → "Sketch 015"')
         self.assertTrue((self.folder / "Sketch 015.xpj").is_file())
 
+    def testHearsThePlaceOfTheDividerAndTheLinesOfTheLog(self):
+        self.choose(self.folder)
+        self.scans(1)
+        focus, value = "object:state-changed:focused", "object:property-change:accessible-value"
+        events = self.hear(focus, value)
+        divider = self.program.find("slider", "Width of the log")
+        Atspi.Component.grab_focus(divider.accessible)
+        self.waitForFocus("Width of the log")
+        limits = Atspi.Value.get_minimum_value, Atspi.Value.get_maximum_value
+        self.assertEqual([limit(divider.accessible) for limit in limits], [220, 280])
+        self.program.key("Left")
+        self.told(lambda: value in [kind for kind, _, _ in events], "the new place of the divider")
+        self.assertEqual(Atspi.Value.get_current_value(divider.accessible), 250)
+
+        def heard(line):
+            return any(kind == focus and got and each.name.startswith(line) for kind, got, each in events)
+
+        self.program.key("Tab")
+        self.told(lambda: heard("Scan complete: 8 project(s), "), "the newest line")
+        self.program.key("Down")
+        self.told(lambda: heard("Found 8 .xpj file(s) and "), "the line below it")
+
+    def testHearsThatThereIsNoFolderOfTheTypedName(self):
+        description = "object:property-change:accessible-description"
+        events = self.hear(description)
+        self.program.find("button", "Select Folder").click()
+        self.typeFolder(self.folder / "Missing")
+        self.program.key("Return")
+        told = (description, 0, "There is no folder of that name.")
+        self.told(lambda: told in [(kind, detail, e.description) for kind, detail, e in events], "the refusal")
+
     def testTakesASecondReturnWhileItListens(self):
         self.hear("object:state-changed:focused")
         self.choose(self.folder)

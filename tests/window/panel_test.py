@@ -63,12 +63,23 @@ class OwnPanel(case.WindowTest):
         self.desktop.input("mousemove", 0, 0)
         self.assertEqual(self.desktop.stillPicture(0.3).pixel(x + 1, y + height // 2), "#c94e00")
 
-    def testRefusesAFolderThatIsNotThereAndStaysOpen(self):
+    def testSaysThatThereIsNoFolderOfTheTypedNameAndStaysOpen(self):
         self.typeFolder(self.folder / "Missing")
         self.program.key("Return")
-        self.desktop.stillPicture(0.5)
+        refusal = "There is no folder of that name."
+        self.program.find("label", refusal)
+        self.assertEqual(self.program.focused().description, refusal)
         self.assertEqual(self.program.elements("alert"), [])
+        self.program.type("/")
+        self.program.waitUntilGone("label", refusal)
         self.program.find("dialog", "Select Folder")
+
+    def testTakesAFolderWithQuotationMarksInItsName(self):
+        named = self.desktop.home / 'My "Live" Set'
+        self.folder.rename(named)
+        self.typeFolder(named)
+        self.program.key("Return")
+        self.program.find("label", str(named))
 
 
 def canMount():

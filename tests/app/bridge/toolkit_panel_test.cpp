@@ -1,7 +1,14 @@
 #include "app/bridge/toolkit_panel.h"
 
+#include "app/drawing/ink.h"
+#include "tests/app/bridge/scene_window.h"
+
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,42 +19,137 @@
 namespace tarvolt {
 namespace {
 
-TEST(ToolkitPanelTest, TakesASecondPressOfWhatOpenedItForNone) {
-    ToolkitPanel panel({.canChooseDirectories = true, .canChooseFiles = false, .message = {}, .prompt = {}}, nullptr);
-    panel.show();
-    panel.accept();
-    EXPECT_TRUE(panel.isVisible());
-    QTest::qWait(700);
-    panel.accept();
-    EXPECT_FALSE(panel.isVisible());
-}
-
-TEST(ToolkitPanelTest, FitsOnTheScreenWhateverTheFont) {
-    const QFont usual = QApplication::font();
-    QFont large = usual;
-    large.setPointSize(60);
-    QApplication::setFont(large);
-    const ToolkitPanel panel({.canChooseDirectories = true, .canChooseFiles = false, .message = {}, .prompt = {}},
-                             nullptr);
-    QApplication::setFont(usual);
-    EXPECT_LE(panel.height(), panel.screen()->availableSize().height());
-}
-
-TEST(ToolkitPanelTest, ListsFoldersBelowEachOther) {
-    constexpr int many = 40;
-    const QTemporaryDir folder;
-    for (int i = 0; i < many; ++i) {
-        QDir(folder.path()).mkdir(QStringLiteral("Folder %1").arg(i));
+class ToolkitPanelTest : public ::testing::Test {
+protected:
+    ToolkitPanelTest() {
+        panel.setDirectory(folder.path());
+        panel.show();
+        panel.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&panel));
+        field = panel.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     }
-    ToolkitPanel panel({.canChooseDirectories = true, .canChooseFiles = false, .message = {}, .prompt = {}}, nullptr);
-    panel.setDirectory(folder.path());
-    panel.show();
+
+    QString makeFolder(const QString& name) {
+        QDir(folder.path()).mkdir(name);
+        return folder.filePath(name);
+    }
+
+    /// What the panel says about the folder that was typed; nothing while there is nothing to say.
+    QString refusal() const {
+        const auto* label = panel.findChild<QLabel*>(QStringLiteral("refusal"));
+        return label == nullptr ? QStringLiteral("no label") : label->text();
+    }
+
+    const QTemporaryDir folder;
+    ToolkitPanel panel{{.message = {}, .prompt = "Select Folder"}, nullptr};
+    QLineEdit* field = nullptr;
+};
+
+TEST_F(ToolkitPanelTest, IgnoresASecondPressOfTheKeyThatOpenedIt) {
+    QElapsedTimer open;
+    open.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        panel.accept();
+        return !panel.isVisible();
+    }));
+    EXPECT_GE(open.elapsed(), 500);
+}
+
+TEST_F(ToolkitPanelTest, AcceptsATypedFolderAtOnce) {
+    const QString typed = makeFolder("Projects");
+    field->setText(typed + "//");
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(panel.folder(), std::filesystem::path(typed.toStdString()));
+}
+
+TEST_F(ToolkitPanelTest, TakesARelativePathFromTheFolderThatItLists) {
+    makeFolder("Projects");
+    field->setText("Projects/..//Projects");
+    panel.accept();
+    EXPECT_EQ(panel.folder(), std::filesystem::path(folder.filePath("Projects").toStdString()));
+}
+
+TEST_F(ToolkitPanelTest, TakesATildeForHome) {
+    field->setText("~");
+    panel.accept();
+    EXPECT_EQ(panel.folder(), std::filesystem::path(QDir::homePath().toStdString()));
+}
+
+TEST_F(ToolkitPanelTest, TakesQuotationMarksAsPartOfTheName) {
+    const QString typed = makeFolder("My \"Live\" Set");
+    field->setText("My \"Live\" Set");
+    for (const QPushButton* button : panel.findChildren<QPushButton*>()) {
+        EXPECT_TRUE(button->isEnabled()) << button->text().toStdString();
+    }
+    panel.accept();
+    EXPECT_EQ(panel.folder(), std::filesystem::path(typed.toStdString()));
+}
+
+TEST_F(ToolkitPanelTest, SaysThatThereIsNoFolderOfTheTypedNameUntilItIsEdited) {
+    QFile(folder.filePath("Song.xpj")).open(QFile::WriteOnly);
+    EXPECT_EQ(refusal(), "");
+    for (const char* text : {"Missing", "Song.xpj", "\"Missing\""}) {
+        field->setText(text);
+        QTest::keyClick(field, Qt::Key_Return);
+        EXPECT_TRUE(panel.isVisible()) << text;
+        EXPECT_EQ(refusal(), "There is no folder of that name.") << text;
+        EXPECT_EQ(field->accessibleDescription(), refusal()) << text;
+        EXPECT_EQ(field->selectedText(), text);
+        EXPECT_TRUE(field->hasFocus());
+        QTest::keyClick(field, Qt::Key_X);
+        EXPECT_EQ(refusal(), "") << text;
+        EXPECT_EQ(field->accessibleDescription(), "") << text;
+    }
+    EXPECT_FALSE(panel.folder());
+}
+
+TEST_F(ToolkitPanelTest, ListsFoldersBelowEachOther) {
+    constexpr int many = 40;
+    for (int i = 0; i < many; ++i) {
+        makeFolder(QStringLiteral("Folder %1").arg(i));
+    }
     const auto* list = panel.findChild<QTreeView*>(QStringLiteral("treeView"));
     ASSERT_NE(list, nullptr);
     const auto row = [&](int index) { return list->model()->index(index, 0, list->rootIndex()); };
     ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == many; }));
     EXPECT_EQ(list->visualRect(row(0)).left(), list->visualRect(row(many - 1)).left());
     EXPECT_LT(list->visualRect(row(0)).top(), list->visualRect(row(many - 1)).top());
+}
+
+TEST(ToolkitPanelLookTest, FitsOnTheScreenWhateverTheFont) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(60);
+    QApplication::setFont(large);
+    const ToolkitPanel panel({.message = {}, .prompt = {}}, nullptr);
+    QApplication::setFont(usual);
+    EXPECT_LE(panel.height(), panel.screen()->availableSize().height());
+}
+
+TEST(ToolkitPanelLookTest, ShowsTheEdgesOfItsFieldsAndLists) {
+    const QPalette usual = QApplication::palette();
+    for (const QColor& base : {QColor(Qt::white), QColor(0x1E, 0x1E, 0x1E)}) {
+        const bool dark = base != Qt::white;
+        QPalette palette;
+        palette.setColor(QPalette::Window, dark ? QColor(0x24, 0x24, 0x24) : QColor(0xEF, 0xEF, 0xEF));
+        palette.setColor(QPalette::Base, base);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(role, dark ? Qt::white : Qt::black);
+        }
+        QApplication::setPalette(palette);
+        const testing::SceneWindow w;
+        qInstallMessageHandler(nullptr); // The offscreen platform complains of the panel.
+        ToolkitPanel panel({.message = {}, .prompt = {}}, w.window);
+        for (const char* name : {"fileNameEdit", "treeView", "sidebar"}) {
+            auto* part = panel.findChild<QWidget*>(QLatin1String(name));
+            part->clearFocus();
+            const QImage picture = part->grab().toImage();
+            const QColor edge = picture.pixelColor(0, picture.height() / 2);
+            EXPECT_GE(Ink::contrastRatio(edge, base), 3) << name << (dark ? ", dark" : ", light");
+        }
+    }
+    QApplication::setPalette(usual);
 }
 
 } // namespace
