@@ -25,19 +25,26 @@ std::size_t skipAscii(std::string_view bytes, std::size_t at) {
     return at;
 }
 
-} // namespace
-
 // ICU's macros do not compile under this project's warnings.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
 #pragma GCC diagnostic ignored "-Wsign-conversion"
 
+/// The character at `at`, which is moved behind it; negative if there is no well-formed one.
+UChar32 nextCharacter(std::string_view bytes, std::size_t& at) {
+    UChar32 character = 0;
+    U8_NEXT(bytes, at, bytes.size(), character);
+    return character;
+}
+
+#pragma GCC diagnostic pop
+
+} // namespace
+
 bool isValidUtf8(std::string_view bytes) {
     std::size_t at = 0;
     while ((at = skipAscii(bytes, at)) < bytes.size()) {
-        UChar32 character = 0;
-        U8_NEXT(bytes, at, bytes.size(), character);
-        if (character < 0) {
+        if (nextCharacter(bytes, at) < 0) {
             return false;
         }
     }
@@ -46,18 +53,17 @@ bool isValidUtf8(std::string_view bytes) {
 
 DecodedCharacter firstCharacter(std::string_view text) {
     DecodedCharacter first{0, 0};
-    U8_NEXT_UNSAFE(text, first.length, first.character);
+    first.character = nextCharacter(text, first.length);
     return first;
 }
 
 DecodedCharacter lastCharacter(std::string_view text) {
-    UChar32 character = 0;
-    std::size_t start = text.size();
-    U8_PREV_UNSAFE(text, start, character);
-    return {character, text.size() - start};
+    std::size_t start = text.size() - 1;
+    while (U8_IS_TRAIL(text[start])) {
+        --start;
+    }
+    return firstCharacter(text.substr(start));
 }
-
-#pragma GCC diagnostic pop
 
 std::string displayText(std::string_view bytes) {
     std::string text;
