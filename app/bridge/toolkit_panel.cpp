@@ -1,5 +1,6 @@
 #include "app/bridge/toolkit_panel.h"
 
+#include "app/bridge/panel_places.h"
 #include "foundation/localized.h"
 
 #include <QAbstractItemView>
@@ -23,7 +24,6 @@
 #include <QTreeView>
 #include <QWindow>
 
-#include <algorithm>
 #include <array>
 
 namespace tarvolt {
@@ -45,36 +45,6 @@ constexpr int refusalRow = 3;
 constexpr int edgeShade = 140;
 constexpr int listShade = 108;
 
-/// Where a drive or card is mounted, if this line of /proc/self/mounts is about one. Network drives are left out: the
-/// panel looks at each place when it opens, and their servers may not answer.
-QString mountedDrive(const QByteArray& line) {
-    const QList<QByteArray> words = line.split(' ');
-    QByteArray place = words.value(1);
-    const std::array folders{"/media/", "/run/media/", "/mnt"};
-    if (!words.front().startsWith("/dev/") ||
-        std::ranges::none_of(folders, [&](const char* folder) { return place.startsWith(folder); })) {
-        return {};
-    }
-    place.replace("\\040", " ").replace("\\011", "\t").replace("\\012", "\n").replace("\\134", "\\");
-    return QFile::decodeName(place);
-}
-
-/// Home, and every mounted drive and card.
-QList<QUrl> places() {
-    QList<QUrl> found{QUrl::fromLocalFile(QDir::homePath())};
-    QFile mounts(QStringLiteral("/proc/self/mounts"));
-    if (mounts.open(QFile::ReadOnly)) {
-        for (const QByteArray& line : mounts.readAll().split('\n')) {
-            const QString place = mountedDrive(line);
-            const QUrl url = QUrl::fromLocalFile(place);
-            if (!place.isEmpty() && !found.contains(url)) {
-                found.append(url);
-            }
-        }
-    }
-    return found;
-}
-
 } // namespace
 
 ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
@@ -84,7 +54,7 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
     setOption(ReadOnly);
     // Assistive technology cannot tell the folders of the other view apart.
     setViewMode(Detail);
-    setSidebarUrls(places());
+    setSidebarUrls(panelPlaces());
     const QString prompt = QString::fromStdString(settings.prompt);
     setWindowTitle(prompt);
     takeAwayWhatChanges();
