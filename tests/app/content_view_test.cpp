@@ -61,7 +61,7 @@ TEST_F(ContentViewTest, StartsWithNothingChosenTypedOrShown) {
 
 // The content area
 
-TEST_F(ContentViewTest, ShowsTheListWhileAScanRunsAndTheEmptyStateAfterOneThatFoundNothing) {
+TEST_F(ContentViewTest, ShowsTheListDuringAScanAndTheEmptyStateIfItFoundNothing) {
     scene.panel->answer = "/p";
     view->scanner->selectFolder();
     EXPECT_EQ(view->contentArea(), ContentArea::projectList);
@@ -109,7 +109,7 @@ TEST_F(ContentViewTest, FindsNamesWithoutRegardToCase) {
     EXPECT_EQ(names(view->filteredProjects()), (Lines{"My song 2", "SONGBOOK"}));
 }
 
-TEST_F(ContentViewTest, TakesTheSearchTextAsItStands) {
+TEST_F(ContentViewTest, UsesTheSearchTextAsTyped) {
     disk.addFile("/p/My song.xpj");
     disk.addFile("/p/Song.xpj");
     choose("/p");
@@ -132,7 +132,7 @@ TEST_F(ContentViewTest, SearchesTheNameAlone) {
     EXPECT_TRUE(view->filteredProjects().empty());
 }
 
-TEST_F(ContentViewTest, ListsNothingForASearchTextThatMatchesNothingAndStillCountsAllProjects) {
+TEST_F(ContentViewTest, ListsNothingIfTheSearchMatchesNothingButCountsAllProjects) {
     addProjects(3);
     choose("/p");
     view->searchText.set("matches nothing");
@@ -141,7 +141,7 @@ TEST_F(ContentViewTest, ListsNothingForASearchTextThatMatchesNothingAndStillCoun
     EXPECT_EQ(view->contentArea(), ContentArea::projectList);
 }
 
-TEST_F(ContentViewTest, TellsAccentsApartButNotTheirForms) {
+TEST_F(ContentViewTest, DistinguishesAccentsButNotTheirUnicodeForms) {
     disk.addFile("/p/Caf\u00e9.xpj");
     disk.addFile("/p/Cafe\u0301 2.xpj");
     disk.addFile("/p/Cafe.xpj");
@@ -178,7 +178,7 @@ TEST_F(ContentViewTest, ShowsTheSearchBarFromSixProjectsOn) {
     EXPECT_TRUE(view->showsSearchBar());
 }
 
-TEST_F(ContentViewTest, GoesOnFilteringByAHiddenSearchText) {
+TEST_F(ContentViewTest, KeepsFilteringByAHiddenSearchText) {
     addProjects(8);
     disk.addFolder("/q");
     disk.addFile("/q/Song.xpj");
@@ -249,7 +249,7 @@ TEST_F(RenameFlow, SetsTheNameBeforeItOpensTheSheet) {
     EXPECT_EQ(nameWhenOpened, "Song");
 }
 
-TEST_F(RenameFlow, OffersARenameForAnotherNameThatIsNotEmptyOnly) {
+TEST_F(RenameFlow, OffersARenameOnlyForADifferentNameThatIsNotEmpty) {
     view->beginRename(song);
     EXPECT_FALSE(view->offersRename(song));
     view->newName.set("");
@@ -284,7 +284,7 @@ TEST_F(RenameFlow, MarksTheRowBeforeItClosesTheSheet) {
     EXPECT_EQ(changes, (Lines{"successProject", "renamingProject"}));
 }
 
-TEST_F(RenameFlow, TrimsTheNameOfBlanksButNotOfLineBreaks) {
+TEST_F(RenameFlow, TrimsSpacesButNotLineBreaksFromTheName) {
     renameTo(" \t\u00a0Beat\n ");
     EXPECT_TRUE(disk.fileExists("/p/Beat\n.xpj"));
 }
@@ -318,7 +318,7 @@ TEST_F(RenameFlow, LosesTheHighlightedRowWithTheRescanBecauseIdentitiesAreNew) {
     EXPECT_NE(project("Beat").id(), song.id());
 }
 
-TEST_F(RenameFlow, EndsTheHighlightOfASecondRenameEarlyWithTheFirst) {
+TEST_F(RenameFlow, EndsASecondRenamesHighlightEarlyWithTheFirst) {
     renameTo("Beat");
     scene.mainQueue->advance(1500ms);
     scene.settle();
@@ -355,7 +355,7 @@ TEST_F(RenameFlow, WaitsForTheScanOfTheLastOfTwoRenames) {
     EXPECT_EQ(view->listedName.get(), "Loop");
 }
 
-TEST_F(RenameFlow, ForgetsTheNameThatNobodyWasLedToWithTheNextRename) {
+TEST_F(RenameFlow, ForgetsANameThatWasNeverShownWithTheNextRename) {
     renameTo("Beat");
     scene.mainQueue->advance(500ms);
     scene.settle();
@@ -372,7 +372,7 @@ TEST_F(RenameFlow, GivesNoNameOnFailure) {
     EXPECT_FALSE(view->listedName.get().has_value());
 }
 
-TEST_F(RenameFlow, TellsWhetherTheSearchHidesAName) {
+TEST_F(RenameFlow, SaysWhetherTheSearchHidesAName) {
     view->searchText.set("song");
     EXPECT_TRUE(view->searchHides("Other"));
     EXPECT_FALSE(view->searchHides("Song"));
@@ -403,7 +403,7 @@ TEST_F(RenameFlow, ShowsTheReasonAndKeepsSheetAndNameOnFailure) {
     EXPECT_FALSE(view->showError.get());
 }
 
-TEST_F(RenameFlow, FailsForTheCurrentNameAlsoWithABlankAfterIt) {
+TEST_F(RenameFlow, FailsForTheCurrentNameEvenWithATrailingSpace) {
     renameTo("Song");
     EXPECT_EQ(view->alertMessage(), "A project named \"Song\" already exists.");
     view->dismissAlert();
@@ -412,7 +412,7 @@ TEST_F(RenameFlow, FailsForTheCurrentNameAlsoWithABlankAfterIt) {
     EXPECT_EQ(view->alertMessage(), "A project named \"Song\" already exists.");
 }
 
-TEST_F(RenameFlow, FailsForANameOfBlanks) {
+TEST_F(RenameFlow, FailsForANameOfSpaces) {
     renameTo("  ");
     EXPECT_EQ(view->alertMessage(), "Invalid name: Name cannot be empty");
 }
@@ -428,7 +428,7 @@ TEST_F(RenameFlow, CallsAnErrorWithoutATextUnknown) {
     EXPECT_EQ(view->alertMessage(), "Unknown error");
 }
 
-TEST_F(ContentViewTest, TakesARenameWithoutAFolderForASuccess) {
+TEST_F(ContentViewTest, TreatsARenameWithoutAFolderAsASuccess) {
     const MPCProject song("Song", "/p/Song.xpj", std::nullopt, 0, 0);
     view->beginRename(song);
     view->newName.set("Beat");
@@ -442,7 +442,7 @@ TEST_F(ContentViewTest, TakesARenameWithoutAFolderForASuccess) {
     EXPECT_TRUE(messages(*view->scanner).empty());
 }
 
-TEST_F(RenameFlow, ActsOnTheSameStateWhenTheViewIsLetGoBeforeTheDelaysEnd) {
+TEST_F(RenameFlow, KeepsTheStateAliveUntilTheDelaysEnd) {
     renameTo("Beat");
     const std::weak_ptr<ContentView> weak = view;
     const auto scanner = view->scanner;

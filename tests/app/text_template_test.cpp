@@ -26,7 +26,7 @@ bool isInTemplate(const std::string& context, const std::string& key) {
     return begin != std::string::npos && found < text.find("</context>", begin);
 }
 
-TEST(TextTemplate, HoldsEveryKeyThatTheStateAndTheSectionsAskFor) {
+TEST(TextTemplate, ContainsEveryKeyThatTheCodeUses) {
     std::set<std::pair<std::string, std::string>> asked;
     setTranslator([&](const char* context, const char* key) {
         asked.emplace(context, key);

@@ -105,7 +105,7 @@ class Ends(case.WindowTest):
 class StartedToOutliveItsTerminal(case.WindowTest):
     before = ("env", "--ignore-signal=HUP", "--ignore-signal=INT")
 
-    def testIsNotEndedByIt(self):
+    def testKeepsRunningWhenTheTerminalCloses(self):
         self.program.process.send_signal(signal.SIGINT)
         self.program.process.send_signal(signal.SIGHUP)
         self.choose(self.folder)

@@ -49,7 +49,7 @@ class Flow(case.WindowTest):
         self.assertRegex(lines[1], r"^Scan complete: 0 project\(s\), ")
         self.picture("scan-error")
 
-    def testKeepsASheetThatIsOpenWhileTheFolderIsScannedAgain(self):
+    def testKeepsTheSheetOpenDuringARescan(self):
         self.choose(self.folder)
         self.scans(1)
         next = self.program.find("button", "Rename Cold Storage")
@@ -75,7 +75,7 @@ class Flow(case.WindowTest):
         self.program.waitFor(lambda: self.rows() == expected, "both new names")
         self.assertEqual(sorted(path.stem for path in self.folder.glob("*.xpj")), expected)
 
-    def testClosesOnlyTheTopmostLayerAndNoneByAPressBesideIt(self):
+    def testClosesOnlyTheTopmostLayerAndNothingOnAClickOutside(self):
         before = self.disk()
         self.choose(self.folder)
         header = self.program.find("button", "Change Folder").box
@@ -97,7 +97,7 @@ class Flow(case.WindowTest):
         self.program.waitUntilGone("button", "Cancel")
         self.assertDisk(before)
 
-    def testCancelsByReturnWhereCancelHasTheFocus(self):
+    def testCancelsWhenReturnIsPressedOnCancel(self):
         before = self.disk()
         self.choose(self.folder)
         self.openSheet("Sketch 014")
@@ -115,7 +115,7 @@ class Flow(case.WindowTest):
 class Scanning(case.WindowTest):
     before = hold.before
 
-    def testLetsTheFolderBeChangedDuringAScanButNotRescanned(self):
+    def testAllowsChangingTheFolderButNotRescanningDuringAScan(self):
         held = hold.Hold(self.folder, "listing")
         other = makeProjects(self.desktop.home / "Other", "Third")
         self.choose(self.folder)

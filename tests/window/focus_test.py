@@ -23,13 +23,13 @@ class Focus(case.WindowTest):
         self.program.key("Return")
         self.program.waitUntilGone("dialog")
 
-    def testGoesToTheFirstRowOnceAFolderHasBeenChosenByKeys(self):
+    def testGoesToTheFirstRowAfterAFolderIsChosenByKeyboard(self):
         self.chooseByKeys()
         self.waitForFocus(f"Rename {case.names[0]}")
         self.scans(1)
         self.waitForFocus(f"Rename {case.names[0]}")
 
-    def testGoesToTheSearchFieldWhereTheSearchHidesTheNewName(self):
+    def testGoesToTheSearchFieldIfTheSearchHidesTheNewName(self):
         self.choose(self.folder)
         self.program.find("text", "Search projects...").click()
         self.program.type("LOOP")
@@ -75,7 +75,7 @@ class Focus(case.WindowTest):
         self.hold("space")
         self.sheetField("Sketch 014")
 
-    def testAHeldSpaceInAFieldTypesOnAndOn(self):
+    def testAHeldSpaceInAFieldRepeats(self):
         self.choose(self.folder)
         field = self.openSheet("Sketch 014")
         self.hold("space")

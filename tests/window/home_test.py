@@ -60,7 +60,7 @@ class HomeTest(case.WindowTest):
 class NoDesktop(HomeTest):
     environment = {"XDG_CURRENT_DESKTOP": "", "KDE_SESSION_VERSION": ""}
 
-    def testIsLeftAsItWas(self):
+    def testIsLeftUntouched(self):
         before = self.home()
         self.assertEqual(self.session(), set())
         self.assertEqual(self.home(), before)
@@ -69,7 +69,7 @@ class NoDesktop(HomeTest):
 class GtkDesktop(HomeTest):
     environment = {"XDG_CURRENT_DESKTOP": "GNOME"}
 
-    def testIsLeftAsItWas(self):
+    def testIsLeftUntouched(self):
         self.assertLoaded("libqgtk3.so")
         before = self.home()
         self.assertEqual(self.session(), set())
@@ -126,17 +126,17 @@ class PortalDesktop(HomeTest):
 
         self.program.waitFor(confirmed, "the chosen folder", timeout=30)
 
-    def testIsWrittenToByThePortalAlone(self):
+    def testIsWrittenToOnlyByThePortal(self):
         self.assertEqual(self.session(), set())
 
-    def testTakesAPanelClosedByItsFrameForACancelledOne(self):
+    def testTreatsAPanelClosedByItsFrameAsCancelled(self):
         self.openPanel()
         self.program.key("alt+F4")
         self.waitForTitle("Tarvolt")
         self.program.waitUntilGone("dialog")
         self.openPanel()
 
-    def testTakesItsPanelAwayWithTheWindow(self):
+    def testClosesThePanelWithTheWindow(self):
         self.openPanel()
         self.program.process.terminate()
         self.assertEqual(self.program.process.wait(5), 0)

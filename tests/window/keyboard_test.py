@@ -51,7 +51,7 @@ class Keyboard(case.WindowTest):
         self.program.waitUntilGone("button", "Cancel")
         self.waitForFocus("Rename Zero Storage")
 
-    def testGoesRoundByTabInTheOrderOfTheWindow(self):
+    def testFollowsTheOrderOfTheWindowByTab(self):
         self.choose(self.folder)
         self.scans(1)
         names = [f"Rename {name}" for name in case.names]
@@ -65,7 +65,7 @@ class Keyboard(case.WindowTest):
         way = ["ACTIVITY LOG", *self.tabTo("Rescan", "shift+Tab")]
         self.assertEqual(way, [*reversed(order[:-1]), "Rescan"])
 
-    def testKeepsTheFocusOnRescanOverTheScan(self):
+    def testKeepsTheFocusOnRescanDuringTheScan(self):
         self.choose(self.folder)
         self.scans(1)
         self.tabTo("Rescan")

@@ -64,7 +64,7 @@ class Listener(case.WindowTest):
         self.logged('Renamed "Sketch 014" → "Sketch 015"')
         self.assertTrue((self.folder / "Sketch 015.xpj").is_file())
 
-    def testHearsThePlaceOfTheDividerAndTheLinesOfTheLog(self):
+    def testHearsTheDividersPositionAndTheLinesOfTheLog(self):
         self.choose(self.folder)
         self.scans(1)
         focus, value = "object:state-changed:focused", "object:property-change:accessible-value"

@@ -43,13 +43,13 @@ class OwnPanel(case.WindowTest):
         self.program.waitUntilGone("dialog")
         self.assertDisk(before)
 
-    def testShowsNothingThatHasNoUseAndSpeaksTheWindowsLanguage(self):
+    def testShowsNothingUselessAndSpeaksTheWindowsLanguage(self):
         self.assertEqual(self.words("button"), ["Back", "Forward", "Parent Directory", "Select Folder", "Cancel"])
         labels = ["Look in:", "Directory:", "Select the folder containing your MPC projects"]
         self.assertEqual(self.words("label"), labels)
         self.assertEqual(self.words("table column header"), [])
 
-    def testSpeaksOfEveryFolderOnce(self):
+    def testExposesEveryFolderOnce(self):
         names = [f"Folder {index}" for index in range(5)]
         for name in names:
             (self.desktop.home / name).mkdir()
@@ -94,7 +94,7 @@ class OwnPanelWithACard(case.WindowTest):
     commands = [f"mkdir -p '{place}' && mount -t tmpfs {device} '{place}' && " for device, place in mounts]
     before = ("unshare", "--mount", "sh", "-c", "".join(commands) + 'exec "$0"')
 
-    def testOffersHomeAndTheCardAndNothingElse(self):
+    def testOffersOnlyHomeAndTheCard(self):
         self.program.find("button", "Select Folder").click()
         places = self.program.find("list", "Sidebar")
         self.assertEqual([place.name for place in places.children()], ["mara", "SD CARD"])

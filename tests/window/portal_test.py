@@ -41,7 +41,7 @@ class PortalTest(case.WindowTest):
 
 
 class Portal(PortalTest):
-    def testIsAskedForOneFolderInTheNameOfTheWindow(self):
+    def testIsAskedForOneFolderOnBehalfOfTheWindow(self):
         self.usePortal("waits")
         window = self.program.activeWindow()
         self.openPanel()
@@ -67,7 +67,7 @@ class Portal(PortalTest):
         self.program.find("label", f"{home}/My Caf\ufffd%")
         self.program.find("label", "No MPC Projects Found")
 
-    def testIsCancelledAsAnyPanel(self):
+    def testCanBeCancelled(self):
         self.usePortal("cancels")
         self.openPanel()
         self.program.waitFor(self.asked, "a question")
@@ -143,7 +143,7 @@ class BadPortal(PortalTest):
 
 
 class WaitingWindow(PortalTest):
-    def testSaysWhatItWaitsForAndCanWithdrawTheQuestion(self):
+    def testSaysWhatItWaitsForAndCanCancel(self):
         self.usePortal("waits")
         self.openPanel()
         self.notice()
@@ -154,7 +154,7 @@ class WaitingWindow(PortalTest):
         question, closed = self.program.waitFor(lambda: len(self.asked()) > 1 and self.asked(), "the withdrawal")
         self.assertEqual(closed, {"closed": question["handle_token"]})
 
-    def testIsItselfAgainAfterEscape(self):
+    def testIsUsableAgainAfterEscape(self):
         self.usePortal("waits")
         self.openPanel()
         self.notice()
@@ -162,7 +162,7 @@ class WaitingWindow(PortalTest):
         self.program.waitUntilGone("dialog")
         self.assertIsUsable()
 
-    def testLetsNothingThroughToWhatItCovers(self):
+    def testBlocksInputToWhatItCovers(self):
         self.choose(self.folder)
         self.scans(1)
         self.usePortal("waits")
@@ -204,17 +204,17 @@ class WaitingWindow(PortalTest):
     def terminate(self):
         self.program.process.send_signal(signal.SIGTERM)
 
-    def testEndsWhenClosedWithThePortalsPanelOpenAndTakesThatWithIt(self):
+    def testEndsAndTakesThePortalsPanelWithItWhenClosed(self):
         self.endsWhile("waits", self.close)
         self.assertIn("closed", self.asked()[-1])
 
     def testEndsWhenTerminatedWithThePortalsPanelOpen(self):
         self.endsWhile("waits", self.terminate)
 
-    def testEndsWhenClosedBeforeAPortalThatHangsIsGivenUp(self):
+    def testEndsWhenClosedWhileThePortalHangs(self):
         self.endsWhile("hangs", self.close)
 
-    def testEndsWhenTerminatedBeforeAPortalThatHangsIsGivenUp(self):
+    def testEndsWhenTerminatedWhileThePortalHangs(self):
         self.endsWhile("hangs", self.terminate)
 
     def testEndsWhenClosedWithTheToolkitsPanelOpen(self):

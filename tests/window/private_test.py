@@ -10,7 +10,7 @@ class Private(case.WindowTest):
     # The desktop's folder is above the one that its programs start in.
     before = ("strace", "-D", "-f", "--seccomp-bpf", "-qq", "-e", f"trace={calls}", "-o", "../network")
 
-    def testTalksToTheDisplayAndTheTwoBusesAlone(self):
+    def testConnectsOnlyToTheDisplayAndTheTwoBuses(self):
         self.choose(self.folder)
         self.openSheet("Blue Hour")
         self.program.type("Azure Hour")

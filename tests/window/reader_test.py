@@ -43,7 +43,7 @@ class Reader(case.WindowTest):
 
     header = [("frame", "Tarvolt"), ("label", "Tarvolt")]
 
-    def testSpeaksOfEverythingButDecoration(self):
+    def testExposesEverythingExceptDecoration(self):
         self.assertEqual(
             self.shown(),
             self.header
@@ -120,7 +120,7 @@ class Reader(case.WindowTest):
         paste.click()
         self.sheetField("Blue Hour")
 
-    def testCancelsAndRefusesPressesOfWhatIsBehindOrHasNothingToDo(self):
+    def testCancelsAndIgnoresPressesBehindTheSheetOrOnDisabledButtons(self):
         before = self.disk()
         self.chooseByPresses(self.folder)
         self.scans(1)

@@ -62,7 +62,7 @@ class Rename(case.WindowTest):
         self.program.find("button", "Rename Fast Glass")
         self.assertTrue((self.folder / "Fast Glass.xpj").is_file())
 
-    def testTellsWhyARenameFailedAndLetsTheNameBeCorrected(self):
+    def testSaysWhyARenameFailedAndAllowsCorrectingTheName(self):
         before = self.disk()
         self.choose(self.folder)
         self.openSheet("Sketch 014")

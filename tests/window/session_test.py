@@ -11,7 +11,7 @@ class Session(case.WindowTest):
         self.assertEqual(self.program.elements("label", "ACTIVITY LOG"), [])
         self.assertEqual(frame.box[2:], (800, 600))
 
-    def testCannotBeMadeSmallerThanItsLeast(self):
+    def testCannotBeMadeSmallerThanItsMinimum(self):
         window = self.program.activeWindow()
         self.desktop.input("windowsize", window, "300", "200")
         frame = self.program.find("frame")
@@ -23,7 +23,7 @@ class Session(case.WindowTest):
         self.program.waitUntilGone("dialog")
         self.program.find("label", "Select Your MPC Projects Folder")
 
-    def testAsksForAFolderAndTakesNoFile(self):
+    def testAsksForAFolderAndAcceptsNoFile(self):
         self.program.find("button", "Select Folder").click()
         panel = self.program.find("dialog", "Select Folder")
         words = [(each.role, each.name) for each in panel.descendants() if each.showing]
@@ -48,7 +48,7 @@ class Session(case.WindowTest):
         self.program.waitFor(lambda: self.rows() == case.names, "all projects")
         self.logged("Scan complete: 0 project(s)")
 
-    def testFindsProjectsByNameAndKeepsTheSearchOverARescan(self):
+    def testFindsProjectsByNameAndKeepsTheSearchThroughARescan(self):
         self.choose(self.folder)
         self.program.find("text", "Search projects...").click()
         self.program.type("LOOP")

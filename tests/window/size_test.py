@@ -28,7 +28,7 @@ class Size(case.WindowTest):
         self.program.waitFor(there, f"a log {log} wide")
         self.desktop.input("mouseup", "1")
 
-    def testKeepsThePanesInTheirLimits(self):
+    def testKeepsThePanesWithinTheirLimits(self):
         self.choose(self.folder)
         window = self.program.activeWindow()
         frame = self.program.find("frame")
@@ -43,7 +43,7 @@ class Size(case.WindowTest):
                 self.assertGreaterEqual(self.panes()[0], 400)
         self.picture("wide-window")
 
-    def testHasTheProgramsNameForATitleAndNoMenus(self):
+    def testHasTheProgramsNameAsItsTitleAndNoMenus(self):
         self.assertEqual(self.desktop.input("getwindowname", self.program.activeWindow()).strip(), "Tarvolt")
         self.choose(self.folder)
         self.assertEqual([element.role for element in self.program.elements() if "menu" in element.role], [])

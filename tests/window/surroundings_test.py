@@ -26,7 +26,7 @@ class DarkDesktop(case.WindowTest):
 
 
 class UsualDesktop(case.WindowTest):
-    def testScrollsNoPreviewThatIsInSight(self):
+    def testDoesNotScrollAPreviewThatFits(self):
         self.choose(self.folder)
         self.scans(1)
         self.openSheet("Basement Loops Vol. 2")
@@ -60,7 +60,7 @@ class LargeFontDesktop(case.WindowTest):
 class HugeFontDesktop(case.WindowTest):
     fontSize = 20
 
-    def testScrollsTheSheetAsOne(self):
+    def testScrollsTheWholeSheet(self):
         self.choose(self.folder)
         self.scans(1)
         self.openSheet("Blue Hour")
@@ -102,7 +102,7 @@ class RescaledDesktop(case.WindowTest):
         self.assertEqual(size, (1000, 750), "the content fills the window")
         return self.picture("rescaled-list").cut(0, 100, 660, 500)
 
-    def testLooksAfterAChangeOfTheResolutionAsItWouldFromTheStart(self):
+    def testLooksTheSameAfterAChangeOfResolutionAsFromTheStart(self):
         self.choose(self.folder)
         self.scans(1)
         self.scaleTo(120)
@@ -122,7 +122,7 @@ class ForeignDesktop(case.WindowTest):
     # It misses these locales where they are not installed; numbers and times do not come from there.
     toolkitsWords = case.WindowTest.toolkitsWords + '|Detected locale "C"(?:.*\\n){4}'
 
-    def testWritesNumbersAndTimesInTheUsersOwnWay(self):
+    def testFormatsNumbersAndTimesForTheUsersLocale(self):
         many = self.folder / "Sketch 014_[ProjectData]"
         many.mkdir()
         for index in range(1234):

@@ -62,7 +62,7 @@ TEST_F(AccessibilityTest, TheFolderPickerIsReadWithoutItsDecoration) {
                                     "StaticText: Everything runs locally. No files are uploaded anywhere."}));
 }
 
-TEST_F(AccessibilityTest, RowsAreOneSentenceEachWithAButtonOfTheProjectsName) {
+TEST_F(AccessibilityTest, EachRowIsOneSentenceWithAButtonNamedAfterItsProject) {
     choose();
     const QStringList lines = heard();
     for (const char* line : {"StaticText: /p", "StaticText: 2 projects", "Button: Rescan", "Button: Change Folder",
@@ -86,7 +86,7 @@ TEST_F(AccessibilityTest, ARowsButtonSaysWhatTheRowShows) {
     EXPECT_EQ(said(buttons[1]), "0 files, 1 byte, No data folder");
 }
 
-TEST_F(AccessibilityTest, TheHighlightIsSaidInWords) {
+TEST_F(AccessibilityTest, TheHighlightIsAnnouncedInWords) {
     choose();
     w->view->successProject.set(w->view->scanner->projects.get()[0].id());
     w->settle();
@@ -94,7 +94,7 @@ TEST_F(AccessibilityTest, TheHighlightIsSaidInWords) {
     EXPECT_EQ(description("rowButton"), "0 files, 1 byte, Renamed");
 }
 
-TEST_F(AccessibilityTest, TheButtonThatAsksForAFolderSaysForWhich) {
+TEST_F(AccessibilityTest, TheSelectFolderButtonSaysWhichFolder) {
     EXPECT_EQ(description("selectFolderButton"),
               "Choose the folder that contains your .xpj files\nand their _[ProjectData] folders");
     w->choose();
@@ -102,7 +102,7 @@ TEST_F(AccessibilityTest, TheButtonThatAsksForAFolderSaysForWhich) {
               "Make sure you selected the folder that\ndirectly contains your .xpj files.");
 }
 
-TEST_F(AccessibilityTest, AFieldSaysItsTextWhereTheFocusComes) {
+TEST_F(AccessibilityTest, AFieldSaysItsTextWhenItGetsTheFocus) {
     w->addProjects(6);
     w->choose();
     w->find("searchField")->forceActiveFocus();
@@ -119,7 +119,7 @@ TEST_F(AccessibilityTest, AFieldSaysItsTextWhereTheFocusComes) {
     EXPECT_EQ(description("searchField"), "song");
 }
 
-TEST_F(AccessibilityTest, ANotificationTellsHowManyASearchFindsAndHowAScanOrARenameEnds) {
+TEST_F(AccessibilityTest, NotificationsTellWhatASearchFindsAndHowAScanOrARenameEnds) {
     w->addProjects(6);
     w->choose();
     const auto notifications = [&] { return heard().filter(QRegularExpression("^Notification: ")); };
@@ -196,7 +196,7 @@ TEST_F(AccessibilityTest, TheSheetAndItsFieldHaveNames) {
     EXPECT_EQ(thing("cancelButton")->text(QAccessible::Description), "");
 }
 
-TEST_F(AccessibilityTest, APreviewThatTakesTheFocusHasAName) {
+TEST_F(AccessibilityTest, AFocusablePreviewHasAName) {
     choose();
     w->bridge->projects()->beginRename(0);
     w->bridge->sheet()->setNewName("Red Hour");
@@ -211,7 +211,7 @@ TEST_F(AccessibilityTest, APreviewThatTakesTheFocusHasAName) {
     EXPECT_TRUE(heard().contains("StaticText: " + QString(240, u'x') + ".xpj"));
 }
 
-TEST_F(AccessibilityTest, TheAlertIsADialogWhoseTextStandsInItOnce) {
+TEST_F(AccessibilityTest, TheAlertIsADialogThatSaysItsTextOnce) {
     choose();
     w->bridge->projects()->beginRename(0);
     w->bridge->sheet()->setNewName("Sketch");

@@ -54,7 +54,7 @@ protected:
     SceneWindow w;
 };
 
-TEST_F(FieldTest, ANameShowsItsLineBreakAsABlankAndKeepsIt) {
+TEST_F(FieldTest, ALineBreakInANameShowsAsASpaceAndIsKept) {
     openSheet();
     EXPECT_EQ(shown(), "two lines");
     EXPECT_EQ(name(), "two\nlines");
@@ -70,7 +70,7 @@ TEST_F(FieldTest, ANameShowsItsLineBreakAsABlankAndKeepsIt) {
     EXPECT_EQ(name(), "lines!");
 }
 
-TEST_F(FieldTest, APastedLineBreakShowsAsABlank) {
+TEST_F(FieldTest, APastedLineBreakShowsAsASpace) {
     QGuiApplication::clipboard()->setText("a\nb");
     openSheet();
     w.press(Qt::Key_V, Qt::ControlModifier);
@@ -124,7 +124,7 @@ TEST_F(FieldTest, ItsMenuOffersOnlyWhatCanBeDone) {
     EXPECT_TRUE(enabled("Paste") && enabled("Select All"));
 }
 
-TEST_F(FieldTest, ItsMenuBeginsByKeyAtTheFirstEntryThatCanBeChosen) {
+TEST_F(FieldTest, ItsMenuStartsAtTheFirstEnabledEntryWhenOpenedByAKey) {
     openSheet();
     showMenu();
     EXPECT_EQ(w.window->activeFocusItem()->property("text"), "Cut");
@@ -163,7 +163,7 @@ TEST_F(FieldTest, ItsFrameStaysWhileItsMenuIsOpen) {
     EXPECT_EQ(frame->property("borderWidth").toDouble(), 2);
 }
 
-TEST_F(FieldTest, ItsMenuComesWithTheRightMouseButtonAndLeavesTheSelection) {
+TEST_F(FieldTest, ItsMenuOpensByTheRightMouseButtonAndKeepsTheSelection) {
     openSheet();
     QTest::mouseClick(w.window, Qt::RightButton, {}, w.box("newNameField").center().toPoint());
     w.settle();

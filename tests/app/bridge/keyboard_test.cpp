@@ -157,7 +157,7 @@ TEST_F(KeyboardTest, TheLogScrollsByKeys) {
     EXPECT_EQ(top(), 0);
 }
 
-TEST_F(KeyboardTest, TheKeysGoFromLineToLineOfTheLog) {
+TEST_F(KeyboardTest, TheArrowKeysMoveFromLineToLineOfTheLog) {
     choose(1);
     for (int i = 0; i < 60; ++i) {
         w.view->scanner->log("line " + std::to_string(i), false);
@@ -230,7 +230,7 @@ TEST_F(KeyboardTest, TabStaysInTheSheet) {
     }
 }
 
-TEST_F(KeyboardTest, ALongPreviewScrollsByKeysAndMayBecomeShortOrGoWhileItHasTheFocus) {
+TEST_F(KeyboardTest, ALongPreviewScrollsByKeysAndMayShrinkOrVanishWhileFocused) {
     choose(2);
     openSheet(0);
     for (const QString& name : {QStringLiteral("short"), QStringLiteral("Song 0"), QString()}) {
@@ -251,7 +251,7 @@ TEST_F(KeyboardTest, ALongPreviewScrollsByKeysAndMayBecomeShortOrGoWhileItHasThe
     EXPECT_FALSE(w.bridge->sheet()->open());
 }
 
-TEST_F(KeyboardTest, APreviewBeginsAtItsTopWhereverTheLastOneWasLeft) {
+TEST_F(KeyboardTest, EachPreviewStartsAtItsTop) {
     w.addProject(std::string(200, 'x'));
     w.addProject(std::string(200, 'y'));
     w.choose();
@@ -380,7 +380,7 @@ TEST_F(KeyboardTest, AHeldEscapeClosesOnlyTheTopmostLayer) {
     EXPECT_TRUE(w.bridge->sheet()->open());
 }
 
-TEST_F(KeyboardTest, APressOutsideClosesNeither) {
+TEST_F(KeyboardTest, AClickOutsideClosesNeither) {
     choose(2);
     openSheet(0);
     QTest::mouseClick(w.window, Qt::LeftButton, {}, QPoint(20, 560));
@@ -423,7 +423,7 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnTheRenamedRowJustInSight) {
     EXPECT_TRUE(w.box("projectList").contains(SceneWindow::boxOf(w.window->activeFocusItem())));
 }
 
-TEST_F(KeyboardTest, NoRingStandsAroundTheListWhileItIsEmptyForAScan) {
+TEST_F(KeyboardTest, NoRingSurroundsTheListWhileAScanEmptiesIt) {
     choose(3);
     w.click("rowButton");
     w.settle();
@@ -497,7 +497,7 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereTheProjectHasGone) {
     EXPECT_FALSE(w.findAll("listFocus").empty());
 }
 
-TEST_F(KeyboardTest, AReturnAfterARenameDoesNothingUntilTheListIsThere) {
+TEST_F(KeyboardTest, ReturnAfterARenameDoesNothingUntilTheListIsUpdated) {
     choose(3);
     renameRow(0, "Zebra");
     for (const auto wait : {0, 160, 300}) {
@@ -514,7 +514,7 @@ TEST_F(KeyboardTest, AReturnAfterARenameDoesNothingUntilTheListIsThere) {
     EXPECT_TRUE(w.bridge->sheet()->open());
 }
 
-TEST_F(KeyboardTest, AReturnAfterARenameOpensTheSheetOfARowThatThePersonHasGoneTo) {
+TEST_F(KeyboardTest, ReturnAfterARenameOpensTheSheetOfARowTheUserHasMovedTo) {
     choose(3);
     renameRow(0, "Zebra");
     w.press(Qt::Key_End);
@@ -523,7 +523,7 @@ TEST_F(KeyboardTest, AReturnAfterARenameOpensTheSheetOfARowThatThePersonHasGoneT
     EXPECT_EQ(w.bridge->sheet()->newName(), "Song 2");
 }
 
-TEST_F(KeyboardTest, AfterARenameTheKeysGoOnFromTheRenamedRow) {
+TEST_F(KeyboardTest, AfterARenameTheKeysContinueFromTheRenamedRow) {
     choose(4);
     renameRow(1, "Zebra");
     w.press(Qt::Key_Down);
@@ -535,7 +535,7 @@ TEST_F(KeyboardTest, AfterARenameTheKeysGoOnFromTheRenamedRow) {
     EXPECT_EQ(focusedName(), "Change Folder");
 }
 
-TEST_F(KeyboardTest, WhoeverGoesByKeysSeesTheFocusThatIsGivenBack) {
+TEST_F(KeyboardTest, KeyboardUsersSeeTheRestoredFocus) {
     choose(2);
     const auto rings = [&] { return w.window->activeFocusItem()->property("visualFocus").toBool(); };
     w.press(Qt::Key_Tab);
@@ -559,7 +559,7 @@ TEST_F(KeyboardTest, WhoeverGoesByKeysSeesTheFocusThatIsGivenBack) {
     EXPECT_TRUE(rings()) << "after the sheet";
 }
 
-TEST_F(KeyboardTest, TheFocusStaysWhereThePersonHasGoneToAfterARename) {
+TEST_F(KeyboardTest, TheFocusStaysWhereTheUserMovedItAfterARename) {
     choose(3);
     renameRow(0, "Zebra");
     w.find("changeFolderButton")->forceActiveFocus(Qt::TabFocusReason);
@@ -567,7 +567,7 @@ TEST_F(KeyboardTest, TheFocusStaysWhereThePersonHasGoneToAfterARename) {
     EXPECT_EQ(focusedName(), "Change Folder");
 }
 
-TEST_F(KeyboardTest, TheFocusReturnsToTheSearchFieldThatIsHiddenForAScan) {
+TEST_F(KeyboardTest, TheFocusReturnsToASearchFieldThatAScanHid) {
     choose(8);
     renameRow(0, "Zebra");
     w.find("searchField")->forceActiveFocus();
@@ -589,7 +589,7 @@ TEST_F(KeyboardTest, TheFocusLeavesASearchFieldThatDoesNotComeBack) {
     EXPECT_EQ(focusedName(), "Rename Song 1");
 }
 
-TEST_F(KeyboardTest, ARenameByTheMouseAloneEndsWithoutARing) {
+TEST_F(KeyboardTest, ARenameByMouseEndsWithoutARing) {
     choose(3);
     w.click("rowButton");
     w.settle();
@@ -603,7 +603,7 @@ TEST_F(KeyboardTest, ARenameByTheMouseAloneEndsWithoutARing) {
     EXPECT_TRUE(w.findAll("listFocus").empty());
 }
 
-TEST_F(KeyboardTest, OfTwoRenamesAroundASlowScanTheSecondNameHasTheFocus) {
+TEST_F(KeyboardTest, AfterTwoRenamesAroundASlowScanTheSecondNameHasTheFocus) {
     choose(3);
     renameRow(0, "Yak");
     openSheet(1);
@@ -621,7 +621,7 @@ TEST_F(KeyboardTest, OfTwoRenamesAroundASlowScanTheSecondNameHasTheFocus) {
     EXPECT_EQ(focusedName(), "Rename Zebra");
 }
 
-TEST_F(KeyboardTest, TheFirstRowHasTheFocusOnceTheFirstFolderHasBeenChosenByKeys) {
+TEST_F(KeyboardTest, TheFirstRowHasTheFocusAfterTheFirstFolderIsChosenByKeyboard) {
     for (const bool scanEndsFirst : {true, false}) {
         SceneWindow window;
         window.addProjects(3);

@@ -171,7 +171,7 @@ TEST_P(LargeFontTest, NoTextIsCutBeforeAFolderIsChosen) {
     expectWhole("folder picker");
 }
 
-TEST_P(LargeFontTest, NoTextIsCutWhereNothingWasFound) {
+TEST_P(LargeFontTest, NoTextIsCutInTheEmptyState) {
     w->choose();
     expectWhole("empty state");
 }
@@ -188,7 +188,7 @@ TEST_P(LargeFontTest, NoTextIsCutInTheListAndTheLog) {
     expectWhole("renamed");
 }
 
-TEST_P(LargeFontTest, NoTextIsCutWhileAScanRuns) {
+TEST_P(LargeFontTest, NoTextIsCutDuringAScan) {
     w->view->scanner->folderURL.set("/p");
     w->view->scanner->isScanning.set(true);
     w->settle();

@@ -90,7 +90,7 @@ TEST_F(LongListsTest, ShowTheNewestLineAtTheTopAndBuildOneRowForIt) {
     EXPECT_EQ(built, 1);
 }
 
-TEST_F(LongListsTest, KeepWhatTheReaderLooksAtWhenALineComes) {
+TEST_F(LongListsTest, KeepTheReadersPlaceWhenALineArrives) {
     showProjects(1);
     log(100);
     QQuickItem* list = w.find("logList");

@@ -83,7 +83,7 @@ TEST_F(MeasureControlsTest, TheCornersOfTheCardLieOnWholePixels) {
     EXPECT_NE(picture.pixel(corner), picture.pixel(corner + QPoint(side, side)));
 }
 
-TEST_F(MeasureControlsTest, WhateverShowsAnEdgeIsDrawnOnWholePixels) {
+TEST_F(MeasureControlsTest, EveryEdgeIsDrawnOnWholePixels) {
     openSheet();
     w.press(Qt::Key_End);
     for (const char* name : {"listCard", "logFill", "panelFace", "caret"}) {
@@ -171,7 +171,7 @@ TEST_F(MeasureControlsTest, TheFieldHasItsSizesAndColours) {
     expectColour(placeholder->property("color").value<QColor>(), "#606060");
 }
 
-TEST_F(MeasureControlsTest, TheFocusGoesAroundInOrange) {
+TEST_F(MeasureControlsTest, TheFocusRingIsOrange) {
     w.choose();
     w.press(Qt::Key_Tab);
     const QQuickItem* ring = part("rescanButton", "focusRing");
@@ -203,7 +203,7 @@ TEST_F(MeasureControlsTest, TheRingOfAListIsThinRoundedAndInside) {
     }
 }
 
-TEST_F(MeasureControlsTest, AThumbIsThereOnlyWhileSomethingIsOutOfSight) {
+TEST_F(MeasureControlsTest, AScrollThumbShowsOnlyIfThereIsSomethingToScroll) {
     w.choose();
     EXPECT_TRUE(w.findAll("scrollThumb").empty());
     w.addProjects(60);
@@ -228,7 +228,7 @@ TEST_F(MeasureControlsTest, AThumbIsThereOnlyWhileSomethingIsOutOfSight) {
     }
 }
 
-TEST_F(MeasureControlsTest, TheDividerStandsOutWhileItIsPointedAtAndWhileItHasTheFocus) {
+TEST_F(MeasureControlsTest, TheDividerIsHighlightedWhileHoveredOrFocused) {
     w.choose();
     expectColour(m.colour("splitLine"), "#000000", 0.13);
     EXPECT_EQ(w.box("splitLine").width(), 1);
@@ -241,7 +241,7 @@ TEST_F(MeasureControlsTest, TheDividerStandsOutWhileItIsPointedAtAndWhileItHasTh
     EXPECT_EQ(w.box("splitLine").width(), 3);
 }
 
-TEST_F(MeasureControlsTest, TheCaretIsOrangeAndGivesWayToASelection) {
+TEST_F(MeasureControlsTest, TheCaretIsOrangeAndHiddenByASelection) {
     openSheet();
     EXPECT_TRUE(w.findAll("caret").empty()) << "the name is selected";
     w.press(Qt::Key_End);

@@ -98,7 +98,7 @@ TEST_F(MeasureHeaderTest, TheBadgeIsPaddedRoundedAndTinted) {
     EXPECT_EQ(m.opacity("badgeText"), 1);
 }
 
-TEST_F(MeasureHeaderTest, RescanWaitsForTheScanAndChangeFolderDoesNot) {
+TEST_F(MeasureHeaderTest, RescanIsDisabledDuringAScanAndChangeFolderIsNot) {
     w.choose();
     EXPECT_TRUE(m.property("rescanButton", "enabled").toBool());
     w.bridge->rescan();

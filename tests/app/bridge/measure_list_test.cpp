@@ -138,7 +138,7 @@ TEST_F(MeasureListTest, TheRenamedRowTurnsGreenAndBack) {
     EXPECT_EQ(inRow(1, "rowSymbol")->property("colour").value<QColor>(), QColor("#D75600"));
 }
 
-TEST_F(MeasureListTest, ALongListScrollsInItsCardAndAShortOneIsHugged) {
+TEST_F(MeasureListTest, TheCardFitsAShortListAndScrollsALongOne) {
     w.addProjects(3);
     w.choose();
     const double row = w.box("projectRow").height();

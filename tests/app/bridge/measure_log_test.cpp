@@ -35,7 +35,7 @@ TEST_F(MeasureLogTest, TheTitleHasItsPaddingAndTheLineFollows) {
     EXPECT_EQ(m.colour("logTitle"), QColor("#606060"));
 }
 
-TEST_F(MeasureLogTest, AnEmptyLogSaysSoInTheMiddleOfTheSpaceUnderTheLine) {
+TEST_F(MeasureLogTest, AnEmptyLogSaysSoInTheCentreBelowTheLine) {
     w.view->scanner->folderURL.set("/p");
     w.view->scanner->isScanning.set(true);
     w.settle();

@@ -10,7 +10,7 @@ protected:
     SceneWindow w;
 };
 
-TEST_F(MeasurePanesTest, ThePanesKeepTheirWidthsHoweverWindowAndDividerAreMoved) {
+TEST_F(MeasurePanesTest, ThePanesStayWithinTheirLimitsHoweverTheyAreResized) {
     w.addProjects(2);
     w.choose();
     for (const int width : {700, 701, 800, 1024, 1600, 3000}) {
@@ -29,7 +29,7 @@ TEST_F(MeasurePanesTest, ThePanesKeepTheirWidthsHoweverWindowAndDividerAreMoved)
     }
 }
 
-TEST_F(MeasurePanesTest, TheDividerIsDraggedWithinItsLimits) {
+TEST_F(MeasurePanesTest, TheDividerStopsAtItsLimits) {
     w.addProjects(2);
     w.choose();
     EXPECT_EQ(w.box("logView").width(), 240);

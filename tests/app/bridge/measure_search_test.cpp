@@ -46,7 +46,7 @@ TEST_F(MeasureSearchTest, TheSearchBarHasItsMarginsPaddingAndFill) {
     expectColour(m.colour("searchFocus", "borderColor"), "#D75600");
 }
 
-TEST_F(MeasureSearchTest, TheSearchBarComesWithTheSixthProject) {
+TEST_F(MeasureSearchTest, TheSearchBarAppearsWithTheSixthProject) {
     w.addProjects(5);
     w.choose();
     EXPECT_TRUE(w.findAll("searchBar").empty());
@@ -96,7 +96,7 @@ TEST_F(MeasureSearchTest, TheScanIndicatorStandsAboveAnEmptyList) {
     EXPECT_EQ(w.findAll("projectRow").size(), 6U);
 }
 
-TEST_F(MeasureSearchTest, FieldsBeginAtTheLeftInEveryScript) {
+TEST_F(MeasureSearchTest, FieldsStartAtTheLeftInEveryScript) {
     w.addProjects(6);
     w.choose();
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);

@@ -119,7 +119,7 @@ TEST_F(MeasureSheetTest, AnOldNameTakesItsOwnWidthOrHalfOrWhatTheNewNameLeaves) 
     EXPECT_EQ(m.lines("previewOldName"), 1);
 }
 
-TEST_F(MeasureSheetTest, ALineGoesThroughEachLineOfAnOldNameAndLeavesItsLettersLegible) {
+TEST_F(MeasureSheetTest, EachLineOfAnOldNameIsStruckThroughAndStaysLegible) {
     w.addProject("The Long Way Home From The Late Show (instrumental take 3)");
     w.bridge->rescan();
     w.settle();
@@ -140,7 +140,7 @@ TEST_F(MeasureSheetTest, ALineGoesThroughEachLineOfAnOldNameAndLeavesItsLettersL
     EXPECT_EQ(strikes[0]->opacity(), 0.5) << "fainter than the letters";
 }
 
-TEST_F(MeasureSheetTest, ThePreviewScrollsExactlyWhereSomethingIsOutOfSight) {
+TEST_F(MeasureSheetTest, ThePreviewScrollsOnlyIfItDoesNotFit) {
     w.bridge->projects()->beginRename(0);
     bool hidden = false;
     for (int length = 10; !hidden; length += 10) {
@@ -174,7 +174,7 @@ TEST_F(MeasureSheetTest, TheTitlesFieldAndButtonsHaveTheirFontsColoursAndTexts) 
     EXPECT_EQ(m.text("renameButton"), "Rename");
 }
 
-TEST_F(MeasureSheetTest, RenameIsEnabledAndThePreviewThereForAnotherNameOnly) {
+TEST_F(MeasureSheetTest, RenameIsEnabledAndThePreviewShownOnlyForADifferentName) {
     const auto offered = [&] { return m.property("renameButton", "enabled").toBool(); };
     const auto previewed = [&] { return !w.findAll("previewBlock").empty(); };
     for (const char* same : {"Blue Hour", ""}) {
@@ -233,7 +233,7 @@ TEST_F(MeasureSheetTest, TheAlertHasItsSizesAndTexts) {
     EXPECT_EQ(m.text("alertButton"), "OK");
 }
 
-TEST_F(MeasureSheetTest, ALongMessageScrollsInTheAlertAndLeavesTheButtonInSight) {
+TEST_F(MeasureSheetTest, ALongMessageScrollsInTheAlertAndKeepsTheButtonVisible) {
     w.window->resize(700, 500);
     w.view->errorMessage.set("Failed to write file: " + std::string(5000, 'x') + ".xpj");
     w.view->showError.set(true);
@@ -254,7 +254,7 @@ TEST_F(MeasureSheetTest, ALongMessageScrollsInTheAlertAndLeavesTheButtonInSight)
     EXPECT_EQ(w.box("alertMessage").top(), w.box("alertArea").top()) << "shown from its beginning again";
 }
 
-TEST_F(MeasureSheetTest, TheAlertSaysUnknownErrorWhereThereIsNoMessage) {
+TEST_F(MeasureSheetTest, TheAlertSaysUnknownErrorWithoutAMessage) {
     w.view->showError.set(true);
     w.settle();
     EXPECT_EQ(m.text("alertTitle"), "Rename Failed");

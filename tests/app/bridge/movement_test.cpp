@@ -34,7 +34,7 @@ TEST(MovementTest, TakesItsTime) {
     EXPECT_EQ(timeOf(w, "viewFade"), 140);
 }
 
-TEST(MovementTest, TheSpinnerTurnsWhileItIsSeen) {
+TEST(MovementTest, TheSpinnerTurnsWhileVisible) {
     SceneWindow w;
     w.addProjects(1);
     w.choose();
@@ -57,7 +57,7 @@ public:
     }
 };
 
-TEST(MovementTest, IsNoneWhereTheSystemAsksForNone) {
+TEST(MovementTest, IsOffIfTheSystemAsksForReducedMotion) {
     const QString usual = QApplication::style()->name();
     QApplication::setStyle(new StillStyle(usual));
     {

@@ -19,16 +19,16 @@ TEST(LocalPathTest, KeepsTheBytesOfTheName) {
     EXPECT_EQ(pathIn("file:///"), "/");
 }
 
-TEST(LocalPathTest, TakesBlanksAndPercentSignsThatWereLeftAsTheyAre) {
+TEST(LocalPathTest, AcceptsUnescapedSpacesAndPercentSigns) {
     EXPECT_EQ(pathIn("file:///home/mara/My Projects"), "/home/mara/My Projects");
     EXPECT_EQ(pathIn("file:///home/mara/100% mine"), "/home/mara/100% mine");
 }
 
-TEST(LocalPathTest, EndsInNoSlash) {
+TEST(LocalPathTest, HasNoTrailingSlash) {
     EXPECT_EQ(pathIn("file:///home/mara/Projects//"), "/home/mara/Projects");
 }
 
-TEST(LocalPathTest, IsNoneForWhatIsNoPlaceOnThisMachine) {
+TEST(LocalPathTest, IsAbsentForPlacesThatAreNotOnThisMachine) {
     for (const char* uri : {"", "/home", "file:", "file:home", "smb://server/share", "file://server/share",
                             "file:///a%00b", "file://[/a", "trash:///a"}) {
         EXPECT_EQ(pathIn(uri), "none") << uri;

@@ -34,7 +34,7 @@ protected:
     Counter counter;
 };
 
-TEST_F(PressFilterTest, DropsAPressThatComesWithTheReleaseOfTheSameKey) {
+TEST_F(PressFilterTest, DropsAPressRightAfterTheReleaseOfTheSameKey) {
     for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape}) {
         counter.presses = 0;
         send(QEvent::KeyPress, key, 1000);
@@ -46,14 +46,14 @@ TEST_F(PressFilterTest, DropsAPressThatComesWithTheReleaseOfTheSameKey) {
     }
 }
 
-TEST_F(PressFilterTest, LetsAPersonsNextPressThrough) {
+TEST_F(PressFilterTest, PassesTheNextDeliberatePress) {
     send(QEvent::KeyPress, Qt::Key_Return, 1000);
     send(QEvent::KeyRelease, Qt::Key_Return, 1050);
     send(QEvent::KeyPress, Qt::Key_Return, 1080);
     EXPECT_EQ(counter.presses, 2);
 }
 
-TEST_F(PressFilterTest, LetsTheFirstPressAndAnotherKeyThrough) {
+TEST_F(PressFilterTest, PassesTheFirstPressAndOtherKeys) {
     send(QEvent::KeyPress, Qt::Key_Return, 5);
     send(QEvent::KeyRelease, Qt::Key_Return, 6);
     send(QEvent::KeyPress, Qt::Key_Enter, 7);
@@ -62,7 +62,7 @@ TEST_F(PressFilterTest, LetsTheFirstPressAndAnotherKeyThrough) {
     EXPECT_EQ(counter.presses, 3);
 }
 
-TEST_F(PressFilterTest, DropsWhatIsKnownToBeARepetition) {
+TEST_F(PressFilterTest, DropsKnownRepetitions) {
     for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape}) {
         counter.presses = 0;
         send(QEvent::KeyPress, key, 1000);
@@ -72,7 +72,7 @@ TEST_F(PressFilterTest, DropsWhatIsKnownToBeARepetition) {
     }
 }
 
-TEST_F(PressFilterTest, TellsKeysThatHaveLostTheirTimesByWhenTheyArrive) {
+TEST_F(PressFilterTest, JudgesKeysWithoutATimeByTheirArrival) {
     send(QEvent::KeyPress, Qt::Key_Return, 0);
     send(QEvent::KeyRelease, Qt::Key_Return, 0);
     send(QEvent::KeyPress, Qt::Key_Return, 0);
@@ -83,7 +83,7 @@ TEST_F(PressFilterTest, TellsKeysThatHaveLostTheirTimesByWhenTheyArrive) {
     EXPECT_EQ(counter.presses, 2);
 }
 
-TEST_F(PressFilterTest, LetsEveryBlankOfATextTypedByAMachineThrough) {
+TEST_F(PressFilterTest, PassesEverySpaceOfTextTypedByAMachine) {
     for (quint64 time = 0; time < 50; time += 10) {
         send(QEvent::KeyPress, Qt::Key_Space, 1000 + time);
         send(QEvent::KeyRelease, Qt::Key_Space, 1001 + time);
@@ -99,7 +99,7 @@ TEST_F(PressFilterTest, LetsOtherKeysRepeat) {
     EXPECT_EQ(counter.presses, 2);
 }
 
-TEST_F(PressFilterTest, TellsWhetherAKeyOrTheMouseWasPressedLastInAWindow) {
+TEST_F(PressFilterTest, KnowsWhetherAKeyOrTheMouseWasPressedLastInAWindow) {
     QQuickWindow window;
     const auto pressKey = [&](QObject* receiver) {
         QKeyEvent event(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);

@@ -24,7 +24,7 @@ void turnUntil(const std::function<bool()>& done) {
     EXPECT_TRUE(QTest::qWaitFor(done, 5000));
 }
 
-TEST(QtMainQueueTest, RunsTasksInTheOrderOfTheCallsAndNeverAtOnce) {
+TEST(QtMainQueueTest, RunsTasksInOrderAndNeverImmediately) {
     QtMainQueue queue;
     std::vector<int> ran;
     for (int i = 0; i < 100; ++i) {
@@ -35,7 +35,7 @@ TEST(QtMainQueueTest, RunsTasksInTheOrderOfTheCallsAndNeverAtOnce) {
     EXPECT_TRUE(std::is_sorted(ran.begin(), ran.end()));
 }
 
-TEST(QtMainQueueTest, RunsOnTheMainThreadWhatOtherThreadsPost) {
+TEST(QtMainQueueTest, RunsTasksFromOtherThreadsOnTheMainThread) {
     QtMainQueue queue;
     std::thread::id ranOn;
     std::thread([&] { queue.async([&] { ranOn = std::this_thread::get_id(); }); }).join();
@@ -56,7 +56,7 @@ TEST(QtMainQueueTest, NeverRunsADelayedTaskEarlyAndNotMuchLate) {
     }
 }
 
-TEST(QtMainQueueTest, CountsADelayFromTheCallAlsoWhenTheMainThreadIsBusy) {
+TEST(QtMainQueueTest, CountsADelayFromTheCallEvenIfTheMainThreadIsBusy) {
     QtMainQueue queue;
     const auto posted = Clock::now();
     std::optional<Clock::time_point> ran;
@@ -67,7 +67,7 @@ TEST(QtMainQueueTest, CountsADelayFromTheCallAlsoWhenTheMainThreadIsBusy) {
     EXPECT_LT(*ran - posted, 160ms);
 }
 
-TEST(QtMainQueueTest, DropsWhatWaitsAndWhatComesLateOnceStopped) {
+TEST(QtMainQueueTest, DropsWaitingAndLateTasksOnceStopped) {
     QtMainQueue queue;
     auto token = std::make_shared<int>(0);
     queue.async([token] { ++*token; });
@@ -80,7 +80,7 @@ TEST(QtMainQueueTest, DropsWhatWaitsAndWhatComesLateOnceStopped) {
     EXPECT_EQ(token.use_count(), 1) << "a dropped task is gone";
 }
 
-TEST(QtMainQueueTest, DropsATaskWhoseTimerRunsWhenItIsStopped) {
+TEST(QtMainQueueTest, DropsADelayedTaskWhenStopped) {
     QtMainQueue queue;
     bool ran = false;
     queue.asyncAfter(20ms, [&] { ran = true; });
@@ -90,7 +90,7 @@ TEST(QtMainQueueTest, DropsATaskWhoseTimerRunsWhenItIsStopped) {
     EXPECT_FALSE(ran);
 }
 
-TEST(QtMainQueueTest, TakesPostsFromManyThreadsWhileItIsStopped) {
+TEST(QtMainQueueTest, AcceptsTasksFromManyThreadsWhileStopping) {
     QtMainQueue queue;
     const auto held = std::make_shared<int>();
     std::atomic<bool> end = false;

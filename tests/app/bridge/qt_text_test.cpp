@@ -11,12 +11,12 @@
 namespace tarvolt {
 namespace {
 
-TEST(QtTextTest, ShowsWhatIsNotUtf8AsReplacementCharacters) {
+TEST(QtTextTest, ShowsInvalidUtf8AsReplacementCharacters) {
     EXPECT_EQ(displayString("a\xFFz"), QStringLiteral("a\uFFFDz"));
     EXPECT_EQ(displayString("Žluťoučký 🎹"), QStringLiteral("Žluťoučký 🎹"));
 }
 
-TEST(QtTextTest, DrawsControlsAndLineBreaksAsBlanksInATextOfOneLine) {
+TEST(QtTextTest, ShowsControlsAndLineBreaksAsSpacesOnOneLine) {
     EXPECT_EQ(singleLineString("a\nb\tc\r\x01\x7F"
                                "d"),
               QStringLiteral("a b c   d"));
@@ -24,7 +24,7 @@ TEST(QtTextTest, DrawsControlsAndLineBreaksAsBlanksInATextOfOneLine) {
     EXPECT_EQ(singleLineString("<b>שלום</b>"), QStringLiteral("<b>שלום</b>"));
 }
 
-TEST(QtTextTest, GivesOrdinaryTextAsUtf8AndBack) {
+TEST(QtTextTest, ConvertsOrdinaryTextToUtf8AndBack) {
     for (const char* text : {"", "Slow Glass", "Žluťoučký 🎹", "日本語", "e\u0301"}) {
         EXPECT_EQ(editedBytes("", QString::fromUtf8(text)), text);
         EXPECT_EQ(fieldString(text), QString::fromUtf8(text));
@@ -37,7 +37,7 @@ TEST(QtTextTest, KeepsAByteOrderMarkAtTheStart) {
     EXPECT_EQ(fieldString(editedBytes("", marked)), marked);
 }
 
-TEST(QtTextTest, KeepsALoneSurrogateInvalidAllTheWay) {
+TEST(QtTextTest, KeepsALoneSurrogateInvalid) {
     const QChar high(u'\xD83C');
     const QChar low(u'\xDFB9');
     const QString texts[] = {QString(high),
@@ -56,7 +56,7 @@ TEST(QtTextTest, KeepsALoneSurrogateInvalidAllTheWay) {
     EXPECT_EQ(editedBytes("", QString(low)), "\xED\xBE\xB9");
 }
 
-TEST(QtTextTest, ShowsControlsAsBlanksInAFieldAndKeepsThemUntilTheyAreEdited) {
+TEST(QtTextTest, ShowsControlsAsSpacesInAFieldAndKeepsThemUntilEdited) {
     EXPECT_EQ(fieldString("two\nlines\t"), "two lines ");
     for (const auto& [typed, name] :
          {std::pair("two lines ", "two\nlines\t"), std::pair("two new lines ", "two\nnew lines\t"),

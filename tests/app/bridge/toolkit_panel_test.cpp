@@ -63,20 +63,20 @@ TEST_F(ToolkitPanelTest, AcceptsATypedFolderAtOnce) {
     EXPECT_EQ(panel.folder(), std::filesystem::path(typed.toStdString()));
 }
 
-TEST_F(ToolkitPanelTest, TakesARelativePathFromTheFolderThatItLists) {
+TEST_F(ToolkitPanelTest, ResolvesARelativePathAgainstTheListedFolder) {
     makeFolder("Projects");
     field->setText("Projects/..//Projects");
     panel.accept();
     EXPECT_EQ(panel.folder(), std::filesystem::path(folder.filePath("Projects").toStdString()));
 }
 
-TEST_F(ToolkitPanelTest, TakesATildeForHome) {
+TEST_F(ToolkitPanelTest, ExpandsATildeToHome) {
     field->setText("~");
     panel.accept();
     EXPECT_EQ(panel.folder(), std::filesystem::path(QDir::homePath().toStdString()));
 }
 
-TEST_F(ToolkitPanelTest, TakesQuotationMarksAsPartOfTheName) {
+TEST_F(ToolkitPanelTest, TreatsQuotationMarksAsPartOfTheName) {
     const QString typed = makeFolder("My \"Live\" Set");
     field->setText("My \"Live\" Set");
     for (const QPushButton* button : panel.findChildren<QPushButton*>()) {
@@ -104,7 +104,7 @@ TEST_F(ToolkitPanelTest, SaysThatThereIsNoFolderOfTheTypedNameUntilItIsEdited) {
     EXPECT_FALSE(panel.folder());
 }
 
-TEST_F(ToolkitPanelTest, ListsFoldersBelowEachOther) {
+TEST_F(ToolkitPanelTest, ListsFoldersInOneColumn) {
     constexpr int many = 40;
     for (int i = 0; i < many; ++i) {
         makeFolder(QStringLiteral("Folder %1").arg(i));

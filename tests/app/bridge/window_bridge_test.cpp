@@ -73,7 +73,7 @@ TEST_F(WindowBridgeTest, StartsWithTheFolderPicker) {
     EXPECT_EQ(bridge.sheet()->alertMessage(), "Unknown error");
 }
 
-TEST_F(WindowBridgeTest, FollowsAScanAtOnceWhereItBeginsAndInTheNextTurnWhereItEnds) {
+TEST_F(WindowBridgeTest, ShowsTheStartOfAScanAtOnceAndItsEndInTheNextTurn) {
     std::vector<WindowBridge::Area> areas;
     QObject::connect(&bridge, &WindowBridge::changed, &bridge, [&] { areas.push_back(bridge.area()); });
     selectFolder();
@@ -133,7 +133,7 @@ TEST_F(WindowBridgeTest, ShowsThePreviewOfTheTypedName) {
     EXPECT_EQ(bridge.sheet()->newFolderName(), "");
 }
 
-TEST_F(WindowBridgeTest, ShowsALineBreakAsABlankInThePreview) {
+TEST_F(WindowBridgeTest, ShowsALineBreakAsASpaceInThePreview) {
     choose();
     bridge.projects()->beginRename(0);
     bridge.sheet()->setNewName("two\nlines");
@@ -171,7 +171,7 @@ TEST_F(WindowBridgeTest, IgnoresPressesInTheSheetWhileTheAlertIsOpen) {
     EXPECT_TRUE(bridge.sheet()->open());
 }
 
-TEST_F(WindowBridgeTest, SubmitsWithoutTheButtonsTestButPressesOnlyAnEnabledOne) {
+TEST_F(WindowBridgeTest, SubmitsWhateverTheButtonsStateButPressesOnlyAnEnabledOne) {
     choose();
     bridge.projects()->beginRename(0);
     bridge.sheet()->pressRename();
@@ -245,7 +245,7 @@ TEST_F(WindowBridgeTest, IgnoresTypingOnceTheSheetIsClosed) {
     EXPECT_EQ(view->newName.get(), "Blue Hour");
 }
 
-TEST_F(WindowBridgeTest, EndsALoneSurrogateAsANameThatCannotBeEncoded) {
+TEST_F(WindowBridgeTest, RejectsALoneSurrogateAsANameThatCannotBeEncoded) {
     choose();
     bridge.projects()->beginRename(0);
     bridge.sheet()->setNewName(QStringLiteral("a") + QChar(u'\xD800'));

@@ -86,7 +86,7 @@ TEST_F(SnappedItemTest, HasABorderOfWholePixels) {
     }
 }
 
-TEST_F(SnappedItemTest, EndsWhereOthersEnd) {
+TEST_F(SnappedItemTest, EndsOnTheSamePixelAsOthers) {
     BoxItem other;
     other.setParentItem(box_.parentItem());
     other.setProperty("color", QColor(Qt::red));

@@ -55,7 +55,7 @@ TEST(SymbolItemTest, DrawsEverySymbolInsideItsBox) {
     }
 }
 
-TEST(SymbolItemTest, DrawsInOneColourAlone) {
+TEST(SymbolItemTest, DrawsInASingleColour) {
     const QImage image = DrawnSymbol("internaldrive").picture(pixels).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -66,7 +66,7 @@ TEST(SymbolItemTest, DrawsInOneColourAlone) {
     }
 }
 
-TEST(SymbolItemTest, DrawsThinnerLinesWhereItIsLarge) {
+TEST(SymbolItemTest, DrawsThinnerLinesWhenLarge) {
     const auto weight = [](double side) { return ink(DrawnSymbol("arrow.right", side).picture(pixels)).height(); };
     EXPECT_NEAR(weight(31) - weight(32), 0.25, 0.06);
 }
@@ -82,7 +82,7 @@ TEST(SymbolItemTest, TurnsClockwiseAroundItsMiddle) {
     EXPECT_NEAR(after.right(), before.right(), 0.1);
 }
 
-TEST(SymbolItemTest, DrawsNothingWhereThereIsNoSuchSymbol) {
+TEST(SymbolItemTest, DrawsNothingForAnUnknownSymbol) {
     EXPECT_TRUE(ink(DrawnSymbol("no such symbol").picture(pixels)).isEmpty());
 }
 

@@ -67,7 +67,7 @@ struct RoleRow {
     const char* dark;
 };
 
-TEST(ThemeTest, AreTheOnesOfTheTableForTheUsualPalettes) {
+TEST(ThemeTest, HasTheColoursOfTheTableForTheUsualPalettes) {
     const RoleRow rows[] = {
         {"primary", "#161616", "#F2F2F2"},
         {"secondary", "#606060", "#B0B0B0"},
@@ -152,7 +152,7 @@ void expectReadable(const Platform& platform, const char* name) {
     }
 }
 
-TEST(ThemeTest, CanBeReadInLightDarkSoftAndMidGreyPalettes) {
+TEST(ThemeTest, IsLegibleInLightDarkSoftAndMidGreyPalettes) {
     expectReadable(lightPlatform, "light");
     expectReadable(darkPlatform, "dark");
     expectReadable({0xF6F5F4, 0xFFFFFF, 0x2E3436}, "soft text");
@@ -161,7 +161,7 @@ TEST(ThemeTest, CanBeReadInLightDarkSoftAndMidGreyPalettes) {
     expectReadable({0x2A2E32, 0x1B1E20, 0xFCFCFC}, "bluish dark");
 }
 
-TEST(ThemeTest, LetAButtonStandOutWhileItIsPointedAt) {
+TEST(ThemeTest, MakesAHoveredButtonStandOut) {
     for (const auto& platform : {lightPlatform, darkPlatform}) {
         const ThemeOf theme(platform);
         for (const QColor& other : {theme["face"], theme["window"], theme["card"]}) {
@@ -172,14 +172,14 @@ TEST(ThemeTest, LetAButtonStandOutWhileItIsPointedAt) {
     }
 }
 
-TEST(ThemeTest, EndTheirSearchForAnInkWhereNoneCanBeRead) {
+TEST(ThemeTest, StopsSearchingIfNoInkIsLegible) {
     // A dark palette, whose ink is moved towards white, with fields so bright that white cannot be told from them.
     const ThemeOf theme({0x000000, 0xA0A0A0, 0xFFFFFF});
     EXPECT_TRUE(theme.dark());
     EXPECT_LT(Ink::contrastRatio(theme["fieldBorder"], theme["base"]), 3);
 }
 
-TEST(ThemeTest, MeasureContrastAsUsual) {
+TEST(ThemeTest, MeasuresContrastAsWcagDoes) {
     EXPECT_DOUBLE_EQ(Ink::contrastRatio(Qt::black, Qt::white), 21);
     EXPECT_DOUBLE_EQ(Ink::contrastRatio(Qt::white, Qt::black), 21);
     EXPECT_DOUBLE_EQ(Ink::contrastRatio(QColor(77, 77, 77), QColor(77, 77, 77)), 1);

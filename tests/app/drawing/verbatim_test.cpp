@@ -38,7 +38,7 @@ TEST(VerbatimTest, DrawsEachCharacterAsItStandsAlone) {
     }
 }
 
-TEST(VerbatimTest, LeavesTextsAloneWhoseCharactersDependOnTheirNeighbours) {
+TEST(VerbatimTest, LeavesTextAloneIfItsCharactersDependOnTheirNeighbours) {
     const QFont font("Inter", 11);
     for (const char* text : {"\u0645\u0634\u0631\u0648\u0639", "e\u0301", "\u0939\u093F\u0928", "\u1112\u1161\u11AB",
                              "\U0001F468\u200D\U0001F469", "1\uFE0F\u20E3", "\u304B\u3099"}) {
