@@ -6,7 +6,6 @@ import subprocess
 from pathlib import Path
 
 import case
-from desktop import waitFor
 
 
 class HomeTest(case.WindowTest):
@@ -135,12 +134,6 @@ class PortalDesktop(HomeTest):
         self.waitForTitle("Tarvolt")
         self.program.waitUntilGone("dialog")
         self.openPanel()
-
-    def testClosesThePanelWithTheWindow(self):
-        self.openPanel()
-        self.program.process.terminate()
-        self.assertEqual(self.program.process.wait(5), 0)
-        waitFor(lambda: self.title() is None, "the end of the panel")
 
 
 if __name__ == "__main__":

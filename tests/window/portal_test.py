@@ -166,16 +166,20 @@ class WaitingWindow(PortalTest):
         self.choose(self.folder)
         self.scans(1)
         self.usePortal("waits")
-        rename = self.program.find("button", "Rename Blue Hour").box
+        search = self.program.find("text", "Search projects...")
+        rename = self.program.find("button", "Rename Blue Hour")
         self.program.find("button", "Change Folder").click()
         self.program.waitFor(self.asked, "a question")
-        self.desktop.input("mousemove", rename[0] + 5, rename[1] + 5, "click", "1")
+        rename.click()
+        search.click()
+        self.program.type("sketch")
         self.program.key("Tab", "Return", "space", "Tab", "Return")
         self.notice()
         self.program.key("Escape")
         self.program.waitUntilGone("dialog")
         self.assertEqual(self.program.elements("button", "Cancel"), [])
         self.assertEqual(len([each for each in self.asked() if "title" in each]), 1)
+        self.assertEqual(search.text, "")
         self.scans(1)
 
     def testSaysNothingWhileThePanelHasTheFocus(self):

@@ -159,13 +159,16 @@ TEST_F(KeyboardTest, TheLogScrollsByKeys) {
 
 TEST_F(KeyboardTest, TheArrowKeysMoveFromLineToLineOfTheLog) {
     choose(1);
+    const auto line = [&] { return w.window->activeFocusItem()->property("message").toString(); };
+    const auto inSight = [&] { return w.box("logList").contains(SceneWindow::boxOf(w.window->activeFocusItem())); };
+    w.find("logList")->forceActiveFocus(Qt::TabFocusReason);
+    w.press(Qt::Key_Down);
+    EXPECT_EQ(line(), "Found 1 .xpj file(s) and 1 data folder(s)") << "where nothing has to scroll";
     for (int i = 0; i < 60; ++i) {
         w.view->scanner->log("line " + std::to_string(i), false);
     }
     w.settle();
-    const auto line = [&] { return w.window->activeFocusItem()->property("message").toString(); };
-    const auto inSight = [&] { return w.box("logList").contains(SceneWindow::boxOf(w.window->activeFocusItem())); };
-    w.find("logList")->forceActiveFocus(Qt::TabFocusReason);
+    w.press(Qt::Key_Home);
     EXPECT_EQ(line(), "line 59");
     w.press(Qt::Key_Up);
     EXPECT_EQ(line(), "line 59");
