@@ -71,7 +71,8 @@ QString editableString(std::string_view bytes) {
     std::size_t copied = 0;
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         if (beginsWithSurrogate(bytes.substr(at))) {
-            const auto unit = 0xD000U | (bytes[at + 1] & 0x3FU) << 6U | (bytes[at + 2] & 0x3FU);
+            const auto lowBits = [&](std::size_t index) { return static_cast<unsigned char>(bytes[index]) & 0x3FU; };
+            const auto unit = 0xD000U | lowBits(at + 1) << 6U | lowBits(at + 2);
             text += displayString(bytes.substr(copied, at - copied));
             text += QChar(static_cast<char16_t>(unit));
             copied = at + surrogateLength;
