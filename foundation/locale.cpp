@@ -1,6 +1,6 @@
 #include "foundation/locale.h"
 
-#include <array>
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
