@@ -18,7 +18,7 @@ public:
         const char* path = ".";
         int way = O_TMPFILE;
         if (kind == Kind::hidden) {
-            constexpr std::size_t leastLongNumber = 1'000'000'000'000'000'000; // all names have the same length
+            constexpr std::uint64_t leastLongNumber = 1'000'000'000'000'000'000; // all names have the same length
             const auto number = leastLongNumber + std::hash<UUID>{}(UUID::random()) % leastLongNumber;
             hiddenName_ = ".tarvolt-" + std::to_string(number);
             path = hiddenName_.c_str();
