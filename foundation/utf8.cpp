@@ -22,6 +22,9 @@ std::size_t skipAscii(std::string_view bytes, std::size_t at) {
         }
         at += sizeof word;
     }
+    while (at < bytes.size() && static_cast<std::uint8_t>(bytes[at]) < 0x80) {
+        ++at;
+    }
     return at;
 }
 
