@@ -27,11 +27,16 @@ ProjectListModel::ProjectListModel(std::shared_ptr<ContentView> view, SheetBridg
       subscriptions_(tellOnce(
           this, [this] { refresh(); }, view_->scanner->projects, view_->scanner->isScanning, view_->searchText,
           view_->successProject, view_->listedName, view_->renamingProject, view_->showError, view_->choosesFolder)) {
+    const auto outdated = [this] { rowsOutdated_ = true; };
+    subscriptions_.push_back(view_->scanner->projects.observe(outdated));
+    subscriptions_.push_back(view_->searchText.observe(outdated));
     connect(&sheet_, &SheetBridge::renamed, this, &ProjectListModel::renamed);
 }
 
 void ProjectListModel::refresh() {
-    showProjects(view_->filteredProjects());
+    if (std::exchange(rowsOutdated_, false)) {
+        showProjects(view_->filteredProjects());
+    }
     highlight(view_->successProject.get());
     emit changed();
     if (std::exchange(searched_, false)) {

@@ -78,6 +78,7 @@ private:
     SheetBridge& sheet_;
     const std::string locale_; ///< of counts and sizes
     std::vector<MPCProject> projects_;
+    bool rowsOutdated_ = false; ///< filtering a long list again takes longer than opening a sheet
     std::optional<UUID> renamed_;
     bool searched_ = false;
     std::vector<Subscription> subscriptions_;
