@@ -30,8 +30,9 @@ FocusScope {
     Connections {
         target: list.model
 
+        // The log tells of the rename two turns of the event loop later; a screen reader should announce that first.
         function onRenamed(): void {
-            list.rest(false);
+            Qt.callLater(() => Qt.callLater(list.rest, false)); // qmllint disable
         }
 
         // Whoever has gone elsewhere meanwhile stays there.

@@ -39,8 +39,8 @@ class Listener(case.WindowTest):
         self.scans(1)
         self.program.find("text", "Search projects...").setText("sketch")
         self.program.waitFor(lambda: self.rows() == ["Sketch 014"], "one row")
-        focus = "object:state-changed:focused"
-        events = self.hear(focus)
+        focus, showing = "object:state-changed:focused", "object:state-changed:showing"
+        events = self.hear(focus, showing)
         self.program.find("button", "Rename Sketch 014").press()
         field = self.sheetField("Sketch 014")
         self.told(lambda: (focus, 1, "New name") in self.named(events), "the focus on the field")
@@ -60,6 +60,9 @@ class Listener(case.WindowTest):
         field.setText("Sketch 015")
         self.program.waitFor(lambda: field.text == "Sketch 015", "the new name")
         self.program.find("button", "Rename").press()
+        renamed = (showing, 1, 'Renamed "Sketch 014" → "Sketch 015"')
+        told = self.told(lambda: renamed in self.named(events) and self.named(events), "the rename")
+        self.assertNotIn((focus, 1, "Projects"), told[: told.index(renamed)], "before the news")
         self.told(lambda: (focus, 1, "Rename Sketch 015") in self.named(events), "the focus on the renamed row")
         self.logged('Renamed "Sketch 014" → "Sketch 015"')
         self.assertTrue((self.folder / "Sketch 015.xpj").is_file())
