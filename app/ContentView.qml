@@ -53,8 +53,8 @@ T.ApplicationWindow {
         view: root.view
     }
 
-    // Assistive technology reads a notification out when it appears. Each is a new one, so that what has been overtaken
-    // before it was read is gone.
+    // Assistive technology reads a notification out when it appears. Each one is a new item, so that one which is
+    // replaced before it was read disappears.
     Repeater {
         id: news
         delegate: Item {
@@ -98,7 +98,7 @@ T.ApplicationWindow {
         onClosed: root.contentItem.focus = true
     }
 
-    // Said only to someone who stays in this window: the panel has not come up, or has got lost behind others.
+    // Shown only to someone who stays in this window: the panel has not opened, or is hidden behind other windows.
     AlertPanel {
         objectName: "panelNotice"
         visible: lostPanel.late

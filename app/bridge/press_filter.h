@@ -6,12 +6,12 @@
 
 namespace tarvolt {
 
-/// Takes a held Return, keypad Enter, Space or Escape for one press, and knows whether the person goes by keys or by
-/// the mouse. An event filter of the application for as long as it lives; QML has one, which is made with the window.
+/// Counts a held Return, keypad Enter, Space or Escape as one press, and knows whether the keyboard or the mouse was
+/// used last. Filters the events of the whole application for as long as it lives. QML has one, made with the window.
 ///
-/// An X11 desktop can deliver a repeated key as a release and a press that the toolkit does not know to be one
-/// repetition. Nobody is that quick, so a press that follows a release of the same key within hundredths of a second
-/// is taken for a repetition too. A Space that was first pressed in a text field goes on typing there.
+/// An X11 desktop can deliver a repeated key as a release and a press that the toolkit does not recognise as a
+/// repetition. Nobody is that quick, so a press within hundredths of a second of a release of the same key counts as a
+/// repetition too. A Space that was first pressed in a text field goes on typing there.
 class PressFilter final : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// Something is going on, nobody knows for how long: a ring, and a quarter of it that goes round.
+// Something is going on for an unknown time: a ring, with a quarter of it going round.
 Symbol {
     id: root
 

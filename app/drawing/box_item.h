@@ -7,9 +7,9 @@
 
 namespace tarvolt {
 
-/// A filled rectangle, rounded and bordered if it is to be, whose edges are equally sharp everywhere. The border goes
-/// around the fill, inside the item, and is a whole number of device pixels wide, at least one. The base is named in
-/// full because the type registrar of Qt 6.4 looks it up by exactly these words.
+/// A filled rectangle with equally sharp edges on all sides, optionally with rounded corners and a border. The border
+/// lies inside the item, around the fill, and is a whole number of device pixels wide, at least one. The base is named
+/// in full because the type registrar of Qt 6.4 looks it up by exactly these words.
 class BoxItem : public tarvolt::SnappedItem {
     Q_OBJECT
     QML_ELEMENT

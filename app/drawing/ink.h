@@ -7,7 +7,7 @@
 
 namespace tarvolt {
 
-/// What the rules of the colours are written in. Every colour given and returned is opaque unless it says otherwise.
+/// The calculations behind the colour rules. Colours given and returned are opaque unless stated otherwise.
 class Ink : public QObject {
     Q_OBJECT
     QML_ELEMENT

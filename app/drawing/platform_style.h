@@ -6,8 +6,8 @@
 
 namespace tarvolt {
 
-/// What the platform says of fonts, lines and movement, kept up with it. `settingsChanged` also tells that the display
-/// has got another resolution or scale.
+/// The platform's settings for fonts, lines and animations, kept up to date. `settingsChanged` is also emitted when the
+/// resolution or scale of the display changes.
 class PlatformStyle : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -16,9 +16,9 @@ class PlatformStyle : public QObject {
     Q_PROPERTY(double pixelsPerPoint READ pixelsPerPoint NOTIFY settingsChanged)
     /// How thick a thin line is: as many whole device pixels as one takes, at least one.
     Q_PROPERTY(double hairline READ hairline NOTIFY settingsChanged)
-    /// How long the caret's blinking takes, on and off, in milliseconds; 0 where it is not to blink.
+    /// The period of the caret's blinking, on and off together, in milliseconds; 0 if it should not blink.
     Q_PROPERTY(int caretFlash READ caretFlash CONSTANT)
-    /// Whether the system asks for as little movement as can be; it is asked anew whenever it has changed its font.
+    /// Whether the system asks for as little movement as possible. Read again whenever the system font changes.
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY settingsChanged)
 
 public:
