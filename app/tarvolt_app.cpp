@@ -1,6 +1,7 @@
 #include "app/tarvolt_app.h"
 
 #include "app/content_view.h"
+#include "app/drawing/platform_style.h"
 #include "app/drawing/symbol_item.h"
 #include "foundation/file_manager.h"
 #include "foundation/localized.h"
@@ -59,7 +60,8 @@ std::shared_ptr<QtMainQueue> prepare() {
 } // namespace
 
 TarvoltApp::TarvoltApp(int& argc, char** argv)
-    : mainQueue_(prepare()), application_(argc, argv), panel_(std::make_shared<QtFolderPanel>()),
+    : mainQueue_(prepare()), application_(argc, argv),
+      panel_(std::make_shared<QtFolderPanel>(&PlatformStyle::verbatim)),
       view_(ContentView::create({.fileManager = makePosixFileManager(),
                                  .mainQueue = mainQueue_,
                                  .backgroundQueue = makeBackgroundQueue(),

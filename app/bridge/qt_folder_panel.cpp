@@ -25,7 +25,7 @@ std::optional<std::filesystem::path> QtFolderPanel::runModal(const FolderPanelSe
             return portal.folder();
         }
     }
-    ToolkitPanel panel(settings, window_);
+    ToolkitPanel panel(settings, window_, fontForText_);
     QObject::connect(&panel, &QDialog::finished, &loop, &QEventLoop::quit);
     panel.show();
     loop.exec();

@@ -47,7 +47,7 @@ constexpr int listShade = 108;
 
 } // namespace
 
-ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
+ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window, FontForText fontForText)
     : field_(findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))), refusal_(new QLabel(this)) {
     setFileMode(Directory);
     setOption(ShowDirsOnly);
@@ -61,6 +61,7 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window)
     replaceButtons(prompt);
     layOut(QString::fromStdString(settings.message));
     colour(window);
+    drawNames(fontForText);
     connect(field_, &QLineEdit::textChanged, this, [this] { setRefusal({}); });
     winId();
     windowHandle()->setTransientParent(window);
@@ -119,9 +120,7 @@ void ToolkitPanel::takeAwayWhatChanges() {
     }
     for (const char* name :
          {"newFolderButton", "listModeButton", "detailModeButton", "fileTypeLabel", "fileTypeCombo"}) {
-        if (auto* control = findChild<QWidget*>(QLatin1String(name))) {
-            control->hide();
-        }
+        findChild<QWidget*>(QLatin1String(name))->hide();
     }
 }
 
@@ -158,6 +157,17 @@ void ToolkitPanel::layOut(const QString& message) {
     refusal_->setObjectName(QStringLiteral("refusal"));
     refusal_->hide();
     static_cast<QGridLayout*>(layout())->addWidget(refusal_, refusalRow, 1);
+}
+
+void ToolkitPanel::drawNames(FontForText fontForText) {
+    findChild<QTreeView*>()->setItemDelegate(new NameDelegate(fontForText, this));
+    const auto draw = [this, fontForText](QWidget* widget) {
+        return [=, this](const QString& text) { widget->setFont(fontForText(font(), text)); };
+    };
+    auto* lookIn = findChild<QComboBox*>(QStringLiteral("lookInCombo"));
+    draw(lookIn)(lookIn->currentText());
+    connect(lookIn, &QComboBox::currentTextChanged, lookIn, draw(lookIn));
+    connect(field_, &QLineEdit::textChanged, field_, draw(field_));
 }
 
 void ToolkitPanel::colour(QWindow* window) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/bridge/name_delegate.h"
 #include "model/folder_panel.h"
 
 #include <QElapsedTimer>
@@ -15,7 +16,8 @@ namespace tarvolt {
 /// would block the window's close box.
 class ToolkitPanel final : public QFileDialog {
 public:
-    ToolkitPanel(const FolderPanelSettings& settings, QWindow* window);
+    /// Draws names in the fonts that `fontForText` gives for them.
+    ToolkitPanel(const FolderPanelSettings& settings, QWindow* window, FontForText fontForText);
 
     /// The folder chosen; none unless the panel was accepted.
     std::optional<std::filesystem::path> folder() const;
@@ -30,6 +32,7 @@ private:
     void replaceButtons(const QString& prompt);
     void layOut(const QString& message);
     void colour(QWindow* window);
+    void drawNames(FontForText fontForText);
     void setRefusal(const QString& text);
 
     QLineEdit* field_;

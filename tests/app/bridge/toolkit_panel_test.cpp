@@ -1,9 +1,11 @@
 #include "app/bridge/toolkit_panel.h"
 
 #include "app/drawing/ink.h"
+#include "app/drawing/platform_style.h"
 #include "tests/app/bridge/scene_window.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -41,7 +43,7 @@ protected:
     }
 
     const QTemporaryDir folder;
-    ToolkitPanel panel{{.message = {}, .prompt = "Select Folder"}, nullptr};
+    ToolkitPanel panel{{.message = {}, .prompt = "Select Folder"}, nullptr, &PlatformStyle::verbatim};
     QLineEdit* field = nullptr;
 };
 
@@ -117,12 +119,31 @@ TEST_F(ToolkitPanelTest, ListsFoldersInOneColumn) {
     EXPECT_LT(list->visualRect(row(0)).top(), list->visualRect(row(many - 1)).top());
 }
 
+TEST_F(ToolkitPanelTest, DrawsNamesCharacterByCharacter) {
+    QFont font("Inter", 11);
+    panel.setFont(font);
+    panel.setDirectory(makeFolder("0x12"));
+    makeFolder("0x12/3x4");
+    field->setText("0x12");
+    auto* list = panel.findChild<QTreeView*>(QStringLiteral("treeView"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+    font.setStyleStrategy(QFont::PreferNoShaping);
+    for (const char* name : {"fileNameEdit", "treeView", "lookInCombo"}) {
+        auto* part = panel.findChild<QWidget*>(QLatin1String(name));
+        const QImage drawn = part->grab().toImage();
+        part->setFont(font);
+        EXPECT_EQ(part->grab().toImage(), drawn) << name;
+    }
+    field->setText(QStringLiteral("\u0645\u0634\u0631\u0648\u0639"));
+    EXPECT_FALSE(field->font().styleStrategy() & QFont::PreferNoShaping) << "letters that join";
+}
+
 TEST(ToolkitPanelLookTest, FitsOnTheScreenWhateverTheFont) {
     const QFont usual = QApplication::font();
     QFont large = usual;
     large.setPointSize(60);
     QApplication::setFont(large);
-    const ToolkitPanel panel({.message = {}, .prompt = {}}, nullptr);
+    const ToolkitPanel panel({.message = {}, .prompt = {}}, nullptr, &PlatformStyle::verbatim);
     QApplication::setFont(usual);
     EXPECT_LE(panel.height(), panel.screen()->availableSize().height());
 }
@@ -140,7 +161,7 @@ TEST(ToolkitPanelLookTest, ShowsTheEdgesOfItsFieldsAndLists) {
         QApplication::setPalette(palette);
         const testing::SceneWindow w;
         qInstallMessageHandler(nullptr); // The offscreen platform complains of the panel.
-        ToolkitPanel panel({.message = {}, .prompt = {}}, w.window);
+        ToolkitPanel panel({.message = {}, .prompt = {}}, w.window, &PlatformStyle::verbatim);
         for (const char* name : {"fileNameEdit", "treeView", "sidebar"}) {
             auto* part = panel.findChild<QWidget*>(QLatin1String(name));
             part->clearFocus();
