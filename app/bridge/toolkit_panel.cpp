@@ -96,7 +96,7 @@ void ToolkitPanel::accept() {
         return;
     }
     if (QFileInfo(namedFolder()).isDir()) {
-        QDialog::accept();
+        done(Accepted);
         return;
     }
     setRefusal(QString::fromStdString(localized("ToolkitPanel", "There is no folder of that name.")));

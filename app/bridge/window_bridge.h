@@ -32,12 +32,13 @@ class WindowBridge final : public QObject {
     Q_PROPERTY(tarvolt::LogModel* log READ log CONSTANT)
 
 public:
-    /// QML requires these names to begin with a capital.
-    enum Area { // NOLINT(readability-identifier-naming)
+    // NOLINTBEGIN(readability-identifier-naming): QML requires these names to begin with a capital.
+    enum Area {
         FolderPicker = int(ContentArea::folderPicker),
         EmptyState = int(ContentArea::emptyState),
         ProjectList = int(ContentArea::projectList)
     };
+    // NOLINTEND(readability-identifier-naming)
     Q_ENUM(Area)
 
     explicit WindowBridge(std::shared_ptr<ContentView> view);

@@ -54,8 +54,9 @@ FocusScope {
                 colour: root.renamed ? Theme.green : Theme.orange
 
                 Behavior on colour {
+                    id: highlight
                     ColorAnimation {
-                        duration: root.renamed ? Theme.highlightIn : Theme.highlightOut
+                        duration: highlight.targetValue === Theme.green ? Theme.highlightIn : Theme.highlightOut
                     }
                 }
             }

@@ -1,49 +1,141 @@
 #include "tests/app/bridge/measures.h"
 
+#include <QAbstractAnimation>
 #include <QApplication>
 #include <QProxyStyle>
 #include <QQmlExpression>
 
-#include <utility>
+#include <optional>
 
 namespace tarvolt {
 namespace {
 
 using testing::SceneWindow;
 
-/// How long a movement takes, asked as a view asks it.
-int timeOf(const SceneWindow& w, const QString& movement) {
-    QQuickItem* view = w.find("headerView");
-    QQmlExpression expression(qmlContext(view), view, "Theme." + movement);
-    return expression.evaluate().toInt();
-}
+/// A clock for the toolkit's animations that only the test moves, in milliseconds.
+class HandMovedClock final : public QAnimationDriver {
+public:
+    HandMovedClock() { install(); }
 
-/// How long a panel takes to come and to go.
-std::pair<int, int> timesOf(const SceneWindow& w, const QString& panel) {
-    const auto* found = w.window->findChild<QObject*>(panel);
-    return {found->property("timeIn").toInt(), found->property("timeOut").toInt()};
-}
+    qint64 elapsed() const override { return now_; }
 
-TEST(MovementTest, TakesItsTime) {
+    /// Begins the movements that are due. While nothing moves, the toolkit's time stands at 0.
+    void begin() {
+        now_ = 0;
+        QCoreApplication::processEvents();
+        move(0);
+    }
+
+    void move(int milliseconds) {
+        now_ += milliseconds;
+        advance();
+        QCoreApplication::processEvents();
+    }
+
+private:
+    qint64 now_ = 0;
+};
+
+/// The window with one project in it, at rest, and the clock->
+class MovementTest : public ::testing::Test {
+protected:
+    MovementTest() {
+        w.addProjects(1);
+        w.choose();
+        clock.emplace();
+    }
+
+    void openSheet() {
+        w.bridge->projects()->beginRename(0);
+        w.bridge->sheet()->setNewName(QStringLiteral("Other"));
+    }
+
+    /// How long it takes until `ended`, in steps of 10 ms.
+    template<class Ended> int timeUntil(const Ended& ended) {
+        constexpr int step = 10;
+        int time = 0;
+        for (clock->begin(); !ended() && time < 1000; time += step) {
+            clock->move(step);
+        }
+        return time;
+    }
+
+    void failRename() {
+        w.scene.disk->addFile("/p/Other.xpj", "x");
+        openSheet();
+        end();
+        w.bridge->sheet()->submitNewName();
+    }
+
+    /// Lets every movement end.
+    void end() {
+        clock->begin();
+        clock->move(1000);
+    }
+
+    QColor colour(const QString& role) const {
+        QQmlExpression expression(qmlContext(w.find("headerView")), w.find("headerView"), "Theme." + role);
+        return expression.evaluate().value<QColor>();
+    }
+
+    bool isOpaque(const QString& content) const { return w.find(content)->parentItem()->opacity() == 1; }
+
     SceneWindow w;
-    EXPECT_EQ(timesOf(w, "renameSheet"), std::pair(180, 120));
-    EXPECT_EQ(timesOf(w, "failureAlert"), std::pair(140, 100));
-    EXPECT_EQ(timeOf(w, "hoverFade"), 90);
-    EXPECT_EQ(timeOf(w, "highlightIn"), 160);
-    EXPECT_EQ(timeOf(w, "highlightOut"), 400);
-    EXPECT_EQ(timeOf(w, "viewFade"), 140);
+    std::optional<HandMovedClock> clock;
+};
+
+TEST_F(MovementTest, TheSheetFadesIn) {
+    openSheet();
+    EXPECT_EQ(timeUntil([this] { return isOpaque("renameForm"); }), 180);
 }
 
-TEST(MovementTest, TheSpinnerTurnsWhileVisible) {
-    SceneWindow w;
-    w.addProjects(1);
-    w.choose();
+TEST_F(MovementTest, TheSheetFadesOut) {
+    openSheet();
+    end();
+    w.bridge->sheet()->cancelRename();
+    EXPECT_EQ(timeUntil([this] { return w.findAll("renameForm").empty(); }), 120);
+}
+
+TEST_F(MovementTest, TheAlertFadesIn) {
+    failRename();
+    EXPECT_EQ(timeUntil([this] { return isOpaque("alertForm"); }), 140);
+}
+
+TEST_F(MovementTest, TheAlertFadesOut) {
+    failRename();
+    end();
+    w.bridge->sheet()->dismissAlert();
+    EXPECT_EQ(timeUntil([this] { return w.findAll("alertForm").empty(); }), 100);
+}
+
+TEST_F(MovementTest, AButtonFadesIntoItsHoveredColour) {
+    QTest::mouseMove(w.window, w.box("rowButton").center().toPoint());
+    const QQuickItem* face = SceneWindow::part(w.find("rowButton"), "face");
+    EXPECT_EQ(timeUntil([&] { return face->property("color") == colour("faceHover"); }), 90);
+}
+
+TEST_F(MovementTest, ARowFadesIntoItsHighlightAndOut) {
+    const QQuickItem* symbol = w.find("rowSymbol");
+    w.view->successProject.set(w.view->filteredProjects().front().id());
+    EXPECT_EQ(timeUntil([&] { return symbol->property("colour") == colour("green"); }), 160);
+    w.view->successProject.set(std::nullopt);
+    EXPECT_EQ(timeUntil([&] { return symbol->property("colour") == colour("orange"); }), 400);
+}
+
+TEST_F(MovementTest, AnotherAreaFadesIn) {
+    w.view->scanner->projects.set({});
+    EXPECT_EQ(timeUntil([this] { return w.find("contentArea")->opacity() == 1; }), 140);
+}
+
+TEST_F(MovementTest, TheSpinnerTurnsWhileVisible) {
     w.bridge->rescan();
-    QCoreApplication::processEvents();
+    clock->begin();
     const QQuickItem* spinner = w.find("spinnerQuarter");
     const double before = spinner->property("angle").toDouble();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return spinner->property("angle").toDouble() != before; }));
-    w.settle();
+    clock->move(100);
+    EXPECT_NE(spinner->property("angle").toDouble(), before);
+    w.scene.settle();
+    clock->begin();
     EXPECT_FALSE(spinner->isVisible());
 }
 
@@ -57,23 +149,26 @@ public:
     }
 };
 
-TEST(MovementTest, IsOffIfTheSystemAsksForReducedMotion) {
+TEST_F(MovementTest, IsOffIfTheSystemAsksForReducedMotion) {
     const QString usual = QApplication::style()->name();
     QApplication::setStyle(new StillStyle(usual));
-    {
-        SceneWindow w;
-        EXPECT_EQ(timesOf(w, "renameSheet"), std::pair(0, 0));
-        EXPECT_EQ(timesOf(w, "failureAlert"), std::pair(0, 0));
-        for (const char* movement : {"hoverFade", "highlightIn", "highlightOut", "viewFade"}) {
-            EXPECT_EQ(timeOf(w, movement), 0) << movement;
-        }
-        w.addProjects(1);
-        w.choose();
-        w.bridge->rescan();
-        QCoreApplication::processEvents();
-        const QQuickItem* spinner = w.find("spinnerQuarter");
-        EXPECT_FALSE(QTest::qWaitFor([&] { return spinner->property("angle").toDouble() != 0; }, 250));
-    }
+    QEvent fontChange(QEvent::ApplicationFontChange); // The window then asks the system again.
+    QCoreApplication::sendEvent(qApp, &fontChange);
+    failRename();
+    clock->begin();
+    EXPECT_TRUE(isOpaque("alertForm"));
+    EXPECT_TRUE(isOpaque("renameForm"));
+    w.bridge->sheet()->dismissAlert();
+    w.bridge->sheet()->cancelRename();
+    clock->begin();
+    EXPECT_TRUE(w.findAll("renameForm").empty());
+    w.view->successProject.set(w.view->filteredProjects().front().id());
+    clock->begin();
+    EXPECT_EQ(w.find("rowSymbol")->property("colour"), colour("green"));
+    w.bridge->rescan();
+    clock->begin();
+    clock->move(100);
+    EXPECT_EQ(w.find("spinnerQuarter")->property("angle").toDouble(), 0);
     QApplication::setStyle(usual);
 }
 
