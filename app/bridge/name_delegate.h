@@ -3,8 +3,6 @@
 #include <QFont>
 #include <QStyledItemDelegate>
 
-#include <utility>
-
 namespace tarvolt {
 
 /// `font` with the strategy in which `text` is to be drawn.
@@ -18,7 +16,7 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
-        option->font = fontForText_(std::move(option->font), option->text);
+        option->font = fontForText_(option->font, option->text);
     }
 
 private:
