@@ -20,15 +20,15 @@ protected:
         window_.setColor(Qt::white);
         window_.resize(80, 60);
         ancestor_.setParentItem(window_.contentItem());
-        box_.setParentItem(&ancestor_);
-        box_.setSize(QSizeF(21, 13));
-        box_.setProperty("color", QColor(Qt::black));
-        box_.setProperty("borderColor", QColor(Qt::red));
+        box.setParentItem(&ancestor_);
+        box.setSize(QSizeF(21, 13));
+        box.setProperty("color", QColor(Qt::black));
+        box.setProperty("borderColor", QColor(Qt::red));
         window_.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
     }
 
-    void borderIs(double width) { box_.setProperty("borderWidth", width); }
+    void borderIs(double width) { box.setProperty("borderWidth", width); }
     int pixels(double length) const { return static_cast<int>(std::lround(length * window_.devicePixelRatio())); }
 
     /// The window when the ancestor is so far away from whole pixels.
@@ -61,7 +61,7 @@ protected:
         return colours;
     }
 
-    BoxItem box_;
+    BoxItem box;
 
 private:
     QQuickWindow window_;
@@ -88,11 +88,11 @@ TEST_F(SnappedItemTest, HasABorderOfWholePixels) {
 
 TEST_F(SnappedItemTest, EndsOnTheSamePixelAsOthers) {
     BoxItem other;
-    other.setParentItem(box_.parentItem());
+    other.setParentItem(box.parentItem());
     other.setProperty("color", QColor(Qt::red));
     other.setY(20);
     for (int tenth = 0; tenth < 10; ++tenth) {
-        box_.setSize(QSizeF(50, 13));
+        box.setSize(QSizeF(50, 13));
         other.setX(13 - 0.1 * tenth);
         other.setSize(QSizeF(50 - other.x(), 13));
         const QImage image = picture(0.1 * tenth, 0);
