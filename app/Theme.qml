@@ -35,7 +35,7 @@ PlatformStyle {
     readonly property color drawnPreview: Ink.drawn(quaternary, halfOpacity, sheet)
     readonly property color drawnLog: Ink.drawn(quaternary, panelOpacity, window)
 
-    // What each kind of ink reaches at least on its toughest surface, once dimmed.
+    // The least contrast of each kind of ink on its most difficult surface, once dimmed.
     readonly property real captionContrast: dark ? 5 : 4.8
     readonly property real textContrast: 4.6
     readonly property real iconContrast: 3.02

@@ -60,7 +60,7 @@ void ProjectListModel::highlight(std::optional<UUID> renamed) {
 }
 
 void ProjectListModel::leadToRenamed() {
-    // What stands over the list keeps the focus until it closes.
+    // A sheet, alert or panel over the list keeps the focus until it closes.
     const auto name = view_->listedName.get();
     if (name && !view_->isCovered() && !view_->scanner->isScanning.get()) {
         view_->listedName.set(std::nullopt);

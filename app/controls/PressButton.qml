@@ -98,7 +98,7 @@ T.AbstractButton {
             borderColor: root.enabled ? Theme.faceBorder : Theme.faceBorderDisabled
 
             Behavior on color {
-                // Known before the colour changes: a press shows at once.
+                // `pressed` is set before the colour changes, so a press shows at once.
                 enabled: !root.pressed
                 ColorAnimation {
                     duration: Theme.hoverFade

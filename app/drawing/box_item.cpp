@@ -19,7 +19,7 @@ QPainterPath rounded(const QRectF& box, double radius) {
 
 void BoxItem::draw(QPainter& painter, const QRectF& box) const {
     const double ratio = pixelRatio();
-    // The thinner where two whole numbers of pixels are as near.
+    // Halves are rounded down.
     const double border = borderWidth_ > 0 ? std::max(1.0, std::ceil(borderWidth_ * ratio - 0.5)) : 0;
     const double radius = radius_ * ratio;
     const QPainterPath middle = rounded(box.adjusted(border, border, -border, -border), radius - border);

@@ -41,7 +41,7 @@ bool needsShaping(QChar unit) {
 
 PlatformStyle::PlatformStyle(QObject* parent) : QObject(parent) {
     qApp->installEventFilter(this);
-    // Told of before it holds.
+    // The signal comes before the new value applies.
     connect(QGuiApplication::primaryScreen(), &QScreen::physicalDotsPerInchChanged, this, &PlatformStyle::followScale,
             Qt::QueuedConnection);
 }

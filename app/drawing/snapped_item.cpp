@@ -31,7 +31,7 @@ void SnappedItem::itemChange(ItemChange change, const ItemChangeData& data) {
     QQuickItem::itemChange(change, data);
 }
 
-/// An ancestor that moves tells nobody, and the new place or size may lie between device pixels.
+/// Nothing signals that an ancestor has moved, and the new place or size may lie between device pixels.
 void SnappedItem::followPosition() {
     if (isVisible() && nearestRect() != snapped_) {
         update();

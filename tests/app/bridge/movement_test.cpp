@@ -36,7 +36,7 @@ private:
     qint64 now_ = 0;
 };
 
-/// The window with one project in it, at rest, and the clock->
+/// The window with one project in it, at rest, and the clock.
 class MovementTest : public ::testing::Test {
 protected:
     MovementTest() {
