@@ -51,8 +51,10 @@ class Desktop:
             "QT_LOGGING_RULES": "qt.accessibility.atspi=false",
             **(environment or {}),
         }
-        if "TZ" in os.environ:
-            self.environment.setdefault("TZ", os.environ["TZ"])
+        # ASAN_OPTIONS is not among them, because the X11 libraries do not pass its strict checks of strings.
+        for name in ("TZ", "LSAN_OPTIONS", "UBSAN_OPTIONS"):
+            if name in os.environ:
+                self.environment.setdefault(name, os.environ[name])
         self.home.mkdir()
         self.runtime.mkdir(mode=0o700)
         self._writeSettings(palette, fontSize)
