@@ -18,6 +18,10 @@ bool isMark(UChar32 character) {
 }
 
 bool isInsideHangulSyllable(UChar32 before, UChar32 after) {
+    constexpr UChar32 firstJamo = 0x1100;
+    if (before < firstJamo) {
+        return false;
+    }
     const auto kind = [](UChar32 character) { return u_getIntPropertyValue(character, UCHAR_HANGUL_SYLLABLE_TYPE); };
     switch (kind(before)) {
     case U_HST_LEADING_JAMO:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -51,6 +52,14 @@ struct FileState {
     friend bool operator==(const FileState&, const FileState&) = default;
 };
 
+/// The bytes of a whole file.
+struct FileContents {
+    std::unique_ptr<char[]> bytes;
+    std::size_t size = 0;
+
+    operator std::string_view() const { return {bytes.get(), size}; }
+};
+
 enum class LinkPolicy { follow, refuse };
 
 /// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte names nothing and is never
@@ -58,6 +67,12 @@ enum class LinkPolicy { follow, refuse };
 class FileManager {
 public:
     using Visitor = std::function<void(const DirectoryEntry&)>;
+
+    /// Takes the next part of a file; the part is valid only during the call.
+    using PartWriter = std::function<void(std::string_view part)>;
+
+    /// Passes the contents of a new file to `write`, part by part and in order, each time it is called.
+    using ContentsWriter = std::function<void(const PartWriter& write)>;
 
     FileManager() = default;
     FileManager(const FileManager&) = delete;
@@ -80,13 +95,15 @@ public:
     /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, or is a pipe, a device,
     /// a socket or a folder. These are never read or waited for, and only opened when they replace a file at the moment
     /// of the call. Throws only std::bad_alloc.
-    virtual std::optional<std::string> contents(const std::filesystem::path& path) const = 0;
+    virtual std::optional<FileContents> contents(const std::filesystem::path& path) const = 0;
 
     /// Creates the file `path` with `contents` and mode 0666 minus the umask, durably: when this returns an identity,
     /// the bytes and the name are on disk, as far as the file system can guarantee that. The file appears whole or not
     /// at all and replaces nothing (see moveItem). An absent result means that it was not created, or could not be made
-    /// durable and was removed again. Only if that removal fails does a whole file stay.
-    virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) = 0;
+    /// durable and was removed again. Only if that removal fails does a whole file stay. `contents` is called once for
+    /// each attempt to write the file; what it throws leaves this call, and the file is then not created.
+    virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path,
+                                                   const ContentsWriter& contents) = 0;
 
     /// Moves an item within one file system and flushes both folders as far as possible. Never replaces anything, not
     /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. With

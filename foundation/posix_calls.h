@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace tarvolt::posix {
@@ -85,7 +84,7 @@ private:
 /// Moves `from` in one folder to `to` in another without replacing anything. Returns 0, or -1 and sets errno.
 int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);
 
-/// Makes the file at `place`; see FileManager::createFile.
-std::optional<FileIdentity> createFile(const Place& place, std::string_view contents);
+/// Makes the file at `place`; see FileManager::createFile. Throws FileError when the file cannot be written.
+std::optional<FileIdentity> createFile(const Place& place, const FileManager::ContentsWriter& contents);
 
 } // namespace tarvolt::posix

@@ -7,6 +7,7 @@ namespace tarvolt::posix {
 namespace {
 
 constexpr mode_t newFileMode = 0666; // the kernel subtracts the umask
+constexpr std::size_t windowSize = 256 * 1024;
 
 /// A file being written in the folder of its place, without a name or under a hidden one. When the draft is destroyed
 /// the file is gone, unless it was given its name.
@@ -36,14 +37,16 @@ public:
 
     bool isOpen() const { return static_cast<bool>(file_); }
 
-    /// Writes all of the contents and flushes them to disk.
-    bool fill(std::string_view contents);
+    /// Writes all of the contents and flushes them to disk. Throws FileError.
+    void fill(const FileManager::ContentsWriter& contents);
 
     /// Gives the file the name of its place and returns its identity under that name; absent when the name is taken or
     /// cannot be given.
     std::optional<FileIdentity> giveName();
 
 private:
+    void write(std::string_view bytes);
+    [[noreturn]] void fail(const char* call) const { throw FileError(errno, call, place_.name()); }
     bool link();
     bool closesWithoutLoss() const;
     void removeHiddenName();
@@ -54,20 +57,36 @@ private:
     FileState written_; ///< the file once it is filled
 };
 
-bool Draft::fill(std::string_view contents) {
-    while (!contents.empty()) {
-        const auto written = uninterrupted([&] { return ::write(file_.number(), contents.data(), contents.size()); });
+void Draft::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto written = uninterrupted([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
         if (written <= 0) {
-            return false;
+            fail("write");
         }
-        contents.remove_prefix(static_cast<std::size_t>(written));
+        bytes.remove_prefix(static_cast<std::size_t>(written));
     }
+}
+
+void Draft::fill(const FileManager::ContentsWriter& contents) {
+    std::string window; // collects small parts
+    window.reserve(windowSize);
+    contents([&](std::string_view part) {
+        if (window.size() + part.size() > windowSize) {
+            write(window);
+            window.clear();
+        }
+        if (part.size() > windowSize) {
+            write(part);
+        } else {
+            window.append(part);
+        }
+    });
+    write(window);
     struct stat status {};
     if (!synchronise(file_) || !closesWithoutLoss() || ::fstat(file_.number(), &status) != 0) {
-        return false;
+        fail("fsync");
     }
     written_ = stateOf(status);
-    return true;
 }
 
 bool Draft::closesWithoutLoss() const {
@@ -116,7 +135,7 @@ void Draft::removeHiddenName() {
 
 } // namespace
 
-std::optional<FileIdentity> createFile(const Place& place, std::string_view contents) {
+std::optional<FileIdentity> createFile(const Place& place, const FileManager::ContentsWriter& contents) {
     // The hidden name is for file systems that cannot create unnamed files or cannot name them. They report that by
     // different errors; any other failure, such as a name that is taken, occurs again with the hidden name.
     for (const auto kind : {Draft::Kind::unnamed, Draft::Kind::hidden}) {
@@ -124,9 +143,7 @@ std::optional<FileIdentity> createFile(const Place& place, std::string_view cont
         if (!draft.isOpen()) {
             continue;
         }
-        if (!draft.fill(contents)) {
-            return std::nullopt;
-        }
+        draft.fill(contents);
         if (const auto identity = draft.giveName()) {
             if (place.synchroniseFolder()) {
                 return identity;

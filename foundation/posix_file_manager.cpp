@@ -4,7 +4,8 @@
 #include <fcntl.h>
 
 #include <algorithm>
-#include <new>
+#include <memory>
+#include <utility>
 
 namespace tarvolt {
 namespace {
@@ -67,27 +68,25 @@ DirectoryEntry examine(int folder, const dirent& item) {
     return entry;
 }
 
-std::optional<std::string> readToTheEnd(const Descriptor& file, std::size_t expectedSize) {
+std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t expectedSize) {
     constexpr std::size_t leastRoom = 4096;
-    std::string bytes;
-    std::size_t length = 0;
-    if (expectedSize >= bytes.max_size()) {
-        throw std::bad_alloc(); // a sparse file can claim any size
-    }
-    bytes.resize(expectedSize + 1); // one more, so that the read at the end has room
+    std::size_t room = expectedSize + 1; // one more, so that the read at the end has room
+    FileContents contents{std::make_unique_for_overwrite<char[]>(room)};
     for (;;) {
-        const auto count =
-            uninterrupted([&] { return ::read(file.number(), bytes.data() + length, bytes.size() - length); });
+        const auto count = uninterrupted(
+            [&] { return ::read(file.number(), contents.bytes.get() + contents.size, room - contents.size); });
         if (count < 0) {
             return std::nullopt;
         }
-        length += static_cast<std::size_t>(count);
+        contents.size += static_cast<std::size_t>(count);
         if (count == 0) {
-            bytes.resize(length);
-            return bytes;
+            return contents;
         }
-        if (length == bytes.size()) { // the file is growing
-            bytes.resize(length + std::max(length, leastRoom));
+        if (contents.size == room) { // the file is growing
+            room += std::max(room, leastRoom);
+            auto larger = std::make_unique_for_overwrite<char[]>(room);
+            std::copy_n(contents.bytes.get(), contents.size, larger.get());
+            contents.bytes = std::move(larger);
         }
     }
 }
@@ -110,7 +109,7 @@ public:
         return posix::holdsNul(path) ? std::nullopt : posix::stateAt(AT_FDCWD, path.c_str());
     }
 
-    std::optional<std::string> contents(const std::filesystem::path& path) const override {
+    std::optional<FileContents> contents(const std::filesystem::path& path) const override {
         struct stat status {};
         if (posix::holdsNul(path) || ::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
             return std::nullopt;
@@ -125,7 +124,7 @@ public:
         return readToTheEnd(file, static_cast<std::size_t>(status.st_size));
     }
 
-    std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override {
+    std::optional<FileIdentity> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override {
         try {
             return posix::createFile(Place(path, "open"), contents);
         } catch (const FileError&) {

@@ -4,17 +4,19 @@
 #include "foundation/utf8.h"
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
-#include <vector>
 
 namespace tarvolt {
 
 namespace {
 
-struct Span {
-    std::size_t start;
-    std::size_t end;
-};
+/// Where `part` occurs in `text` at or after `from`; the end of `text` if it does not. Unlike the standard library's
+/// search, this one stays fast when the first character of `part` is frequent.
+std::size_t positionOf(std::string_view part, std::string_view text, std::size_t from) {
+    const void* found = ::memmem(text.data() + from, text.size() - from, part.data(), part.size());
+    return found == nullptr ? text.size() : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
 
 icu::UnicodeString decomposed(std::string_view text) {
     return normalized(nfd(), icu::UnicodeString::fromUTF8(text));
@@ -31,13 +33,16 @@ std::int32_t decomposedLength(UChar32 character) {
 /// A name as it can appear in a text: any sequence that is canonically equivalent to it.
 class EquivalentName {
 public:
-    explicit EquivalentName(std::string_view name) : bytes_(name), decomposed_(decomposed(name)) {}
+    explicit EquivalentName(std::string_view name)
+        : spelling_(name), otherSpelling_(name), decomposed_(decomposed(name)) {}
 
     /// Where the name starts, if it ends at `end` and starts at or after `earliest`.
-    std::optional<std::size_t> startBefore(std::string_view text, std::size_t earliest, std::size_t end) const {
+    std::optional<std::size_t> startBefore(std::string_view text, std::size_t earliest, std::size_t end) {
         const std::string_view front = text.substr(earliest, end - earliest);
-        if (front.ends_with(bytes_)) {
-            return end - bytes_.size();
+        for (const std::string_view spelling : {spelling_, otherSpelling_}) {
+            if (front.ends_with(spelling)) {
+                return end - spelling.size();
+            }
         }
         // Equivalent sequences decompose to the same length, so there is only one place where the name can start.
         std::int32_t toCome = decomposed_.length();
@@ -52,59 +57,46 @@ public:
             }
         }
         if (decomposed(front.substr(start)) == decomposed_) {
+            otherSpelling_ = front.substr(start); // a text seldom has more than two
             return earliest + start;
         }
         return std::nullopt;
     }
 
 private:
-    std::string_view bytes_;
+    std::string_view spelling_;
+    std::string_view otherSpelling_; ///< the last that differed; lives as long as the text
     icu::UnicodeString decomposed_;
 };
 
-bool isWhole(std::string_view text, Span match) {
-    if (match.end < text.size() && isMark(firstCharacter(text.substr(match.end)).character)) {
+bool isWhole(std::string_view text, std::size_t start, std::size_t end) {
+    if (end < text.size() && isMark(firstCharacter(text.substr(end)).character)) {
         return false;
     }
-    return match.start == 0 || !isInsideHangulSyllable(lastCharacter(text.substr(0, match.start)).character,
-                                                       firstCharacter(text.substr(match.start)).character);
-}
-
-std::vector<Span> matchesBeforeTail(std::string_view text, const EquivalentName& name, std::string_view tail) {
-    std::vector<Span> matches;
-    std::size_t free = 0; // the end of the last match
-    for (auto at = text.find(tail); at != std::string_view::npos; at = text.find(tail, std::max(at + 1, free))) {
-        const std::optional<std::size_t> start = name.startBefore(text, free, at);
-        const std::size_t end = at + tail.size();
-        if (start && isWhole(text, {*start, end})) {
-            matches.push_back({*start, end});
-            free = end;
-        }
-    }
-    return matches;
+    return start == 0 || !isInsideHangulSyllable(lastCharacter(text.substr(0, start)).character,
+                                                 firstCharacter(text.substr(start)).character);
 }
 
 } // namespace
 
-std::string replaceAllBeforeTail(std::string_view text, std::string_view oldText, std::string_view newText,
-                                 std::string_view tail) {
-    if (!isValidUtf8(oldText)) {
-        return std::string(text);
+void replaceAllBeforeTail(std::string_view text, std::string_view oldText, std::string_view newText,
+                          std::string_view tail, const std::function<void(std::string_view part)>& write) {
+    const std::string replacement = std::string(newText).append(tail);
+    std::size_t written = 0; // the end of the last match
+    if (isValidUtf8(oldText)) {
+        EquivalentName name(oldText);
+        for (auto at = positionOf(tail, text, 0); at < text.size();
+             at = positionOf(tail, text, std::max(at + 1, written))) {
+            const std::optional<std::size_t> start = name.startBefore(text, written, at);
+            const std::size_t end = at + tail.size();
+            if (start && isWhole(text, *start, end)) {
+                write(text.substr(written, *start - written));
+                write(replacement);
+                written = end;
+            }
+        }
     }
-    const std::vector<Span> matches = matchesBeforeTail(text, EquivalentName(oldText), tail);
-    std::size_t size = text.size();
-    for (const Span& match : matches) {
-        size = size - (match.end - match.start) + newText.size() + tail.size();
-    }
-    std::string result;
-    result.reserve(size);
-    std::size_t copied = 0;
-    for (const Span& match : matches) {
-        result.append(text, copied, match.start - copied).append(newText).append(tail);
-        copied = match.end;
-    }
-    result.append(text, copied);
-    return result;
+    write(text.substr(written));
 }
 
 } // namespace tarvolt

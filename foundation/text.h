@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,13 +30,13 @@ bool localizedCaseInsensitiveContains(std::string_view text, std::string_view se
 std::vector<std::size_t> localizedCaseInsensitiveCompareOrder(const std::vector<std::string_view>& names,
                                                               std::string_view locale);
 
-/// Replaces `oldText` + `tail` with `newText` + `tail` wherever they occur in `text`, from left to right without
-/// overlap; inserted text is not searched again. Matching is case-sensitive and by canonical equivalence. A match must
-/// not end before a character that, decomposed, begins with one of category Mn or Me, and must not split a Hangul
-/// syllable. All other bytes are kept. `text` must be well-formed UTF-8; an `oldText` that is not matches nothing.
-/// `tail` must be ASCII and not empty, must not contain K, ; or ` (other characters are equivalent to these), and must
-/// not start with a letter that can carry an accent.
-std::string replaceAllBeforeTail(std::string_view text, std::string_view oldText, std::string_view newText,
-                                 std::string_view tail);
+/// Passes `text` to `write`, part by part, with `oldText` + `tail` replaced by `newText` + `tail` wherever they occur,
+/// from left to right without overlap; inserted text is not searched again. Matching is case-sensitive and by canonical
+/// equivalence. A match must not end before a character that, decomposed, begins with one of category Mn or Me, and
+/// must not split a Hangul syllable. All other bytes are kept. `text` must be well-formed UTF-8; an `oldText` that is
+/// not matches nothing. `tail` must be ASCII and not empty, must not contain K, ; or ` (other characters are equivalent
+/// to these), and must not start with a letter that can carry an accent.
+void replaceAllBeforeTail(std::string_view text, std::string_view oldText, std::string_view newText,
+                          std::string_view tail, const std::function<void(std::string_view part)>& write);
 
 } // namespace tarvolt

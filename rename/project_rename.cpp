@@ -22,29 +22,25 @@ std::optional<FileIdentity> identityOf(const std::optional<FileState>& state) {
     return state ? std::optional(state->identity) : std::nullopt;
 }
 
-std::string readText(const FileManager& fileManager, const path& projectFile) {
-    std::optional<std::string> bytes = fileManager.contents(projectFile);
+FileContents readText(const FileManager& fileManager, const path& projectFile) {
+    std::optional<FileContents> bytes = fileManager.contents(projectFile);
     if (!bytes || !isValidUtf8(*bytes)) {
         throw RenameError::readFailed(projectFile.filename());
     }
     return *std::move(bytes);
 }
 
-std::string updatedText(const std::string& text, const std::string& oldName, const std::string& newName) {
-    try {
-        if (isValidUtf8(newName)) { // the rest of the text is known to be
-            // References are matched in the raw text: entities are neither read nor written.
-            return replaceAllBeforeTail(text, oldName, newName, dataFolderSuffix);
-        }
-    } catch (const std::exception&) {
-        // No memory for the updated text.
+FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile, std::string_view oldText,
+                              const std::string& oldName, const std::string& newName) {
+    if (!isValidUtf8(newName)) { // the rest of the text is known to be
+        throw RenameError::writeFailed("Could not encode updated XML");
     }
-    throw RenameError::writeFailed("Could not encode updated XML");
-}
-
-FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile, const std::string& text) {
     try {
-        if (const auto created = fileManager.createFile(projectFile, text)) {
+        // References are matched in the raw text: entities are neither read nor written.
+        const auto created = fileManager.createFile(projectFile, [&](const FileManager::PartWriter& write) {
+            replaceAllBeforeTail(oldText, oldName, newName, dataFolderSuffix, write);
+        });
+        if (created) {
             return *created;
         }
     } catch (const std::exception&) {
@@ -97,9 +93,8 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     const auto oldFileSeen = fileManager.state(project.xpjURL());
     const auto oldFolderSeen =
         project.dataFolderURL() ? fileManager.state(*project.dataFolderURL()) : std::optional<FileState>();
-    const std::string oldText = readText(fileManager, project.xpjURL());
-    const std::string newText = updatedText(oldText, project.baseName(), newName);
-    const FileIdentity created = writeProjectFile(fileManager, newProjectFile, newText);
+    const FileContents oldText = readText(fileManager, project.xpjURL());
+    const FileIdentity created = writeProjectFile(fileManager, newProjectFile, oldText, project.baseName(), newName);
     if (project.dataFolderURL()) {
         moveDataFolder(fileManager, *project.dataFolderURL(), oldFolderSeen, newDataFolder, newProjectFile, created);
     }

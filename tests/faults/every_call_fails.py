@@ -21,7 +21,7 @@ ERRORS = {
     "close": ["EIO", "EINTR", "ENOSPC", "EDQUOT"],
     "fcntl": ["EMFILE", "EINVAL"],
     "getrandom": ["EINTR", "ENOSYS", "EIO"],
-    "brk": ["ENOMEM"],
+    "brk": [],  # the kernel refuses by answering with the old end of the heap, which the tracer cannot know
     "mmap": ["ENOMEM", "EACCES"],
     "munmap": ["EINVAL"],
     "openat": COMMON + ["ENFILE", "EISDIR", "ELOOP", "ENOTDIR", "EEXIST"],

@@ -1,5 +1,6 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
+#include "tests/support/file_contents.h"
 #include "tests/support/privileges.h"
 #include "tests/support/sanitizers.h"
 #include "tests/support/temporary_folder.h"
@@ -23,7 +24,9 @@ using testing::withCallsAnswered;
 
 class PosixContents : public ::testing::Test {
 protected:
-    std::optional<std::string> contents(const std::filesystem::path& path) const { return disk->contents(path); }
+    std::optional<std::string> contents(const std::filesystem::path& path) const {
+        return testing::contentsOf(*disk, path);
+    }
 
     const TemporaryFolder folder;
     const std::shared_ptr<FileManager> disk = makePosixFileManager();

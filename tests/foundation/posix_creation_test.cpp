@@ -1,5 +1,6 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
+#include "tests/support/file_contents.h"
 #include "tests/support/privileges.h"
 #include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
@@ -14,6 +15,7 @@
 
 #include <cerrno>
 #include <map>
+#include <stdexcept>
 
 namespace tarvolt {
 namespace {
@@ -175,7 +177,7 @@ protected:
     /// Creates the file on a file system of the given kind; skips the test where there is none.
     std::optional<FileIdentity> create(const std::filesystem::path& path, const std::string& contents) {
         std::optional<FileIdentity> identity;
-        if (const auto reason = calls.watch([&] { identity = disk->createFile(path, contents); })) {
+        if (const auto reason = calls.watch([&] { identity = disk->createFile(path, testing::inOnePart(contents)); })) {
             skipped = *reason;
         }
         return identity;
@@ -251,7 +253,7 @@ TEST_P(PosixCreation, ContinuesAfterShortWritesAndSignals) {
             return ++writes > 20 ? std::nullopt
                                  : std::optional<long>(::syscall(SYS_write, call.arguments[0], call.arguments[1], 999));
         },
-        [&] { identity = disk->createFile(folder / "Short.xpj", text); });
+        [&] { identity = disk->createFile(folder / "Short.xpj", testing::inOnePart(text)); });
     ASSERT_TRUE(reason || identity);
     EXPECT_TRUE(create(folder / "New.xpj", text).has_value() || !skipped.empty());
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
@@ -390,8 +392,8 @@ TEST(PosixCreationByName, UsesAHiddenNameOfFixedLengthThatIsNotAProjectFile) {
     };
     const auto disk = makePosixFileManager();
     if (const auto reason = testing::withCallsAnswered({SYS_openat}, noting, [&] {
-            EXPECT_TRUE(disk->createFile(folder / "a.xpj", "text"));
-            EXPECT_TRUE(disk->createFile(folder / (std::string(251, 'n') + ".xpj"), "text"));
+            EXPECT_TRUE(disk->createFile(folder / "a.xpj", testing::inOnePart("text")));
+            EXPECT_TRUE(disk->createFile(folder / (std::string(251, 'n') + ".xpj"), testing::inOnePart("text")));
         })) {
         GTEST_SKIP() << *reason;
     }
@@ -422,7 +424,7 @@ TEST(PosixCreationByName, FailsWhenOnlyCloseReportsLostBytes) {
     };
     const auto disk = makePosixFileManager();
     if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_fsync, SYS_close}, losing, [&] {
-            EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text"));
+            EXPECT_FALSE(disk->createFile(folder / "New.xpj", testing::inOnePart("text")));
         })) {
         GTEST_SKIP() << *reason;
     }
@@ -444,7 +446,7 @@ TEST(PosixCreationByName, IdentifiesTheFileOnAFileSystemThatNumbersNames) {
     };
     const auto disk = makePosixFileManager();
     if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_newfstatat}, numberingNames, [&] {
-            const auto created = disk->createFile(folder / "New.xpj", "text");
+            const auto created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
             ASSERT_TRUE(created);
             disk->removeItem(folder / "New.xpj", created);
         })) {
@@ -476,8 +478,8 @@ TEST(PosixCreationByName, DoesNotIdentifyAFileThatDiffersInAnythingElse) {
             return result == 0 ? result : -errno;
         };
         std::optional<FileIdentity> created;
-        if (const auto reason = testing::withCallsAnswered({SYS_newfstatat}, another,
-                                                           [&] { created = disk->createFile(path, "text"); })) {
+        if (const auto reason = testing::withCallsAnswered(
+                {SYS_newfstatat}, another, [&] { created = disk->createFile(path, testing::inOnePart("text")); })) {
             GTEST_SKIP() << *reason;
         }
         EXPECT_EQ(created, disk->state(path)->identity) << path;
@@ -491,8 +493,9 @@ TEST(PosixCreationByName, IdentifiesTheFileEvenIfItsNameCannotBeExamined) {
         return call.text(1).empty() ? std::nullopt : std::optional<long>(-EIO);
     };
     std::optional<FileIdentity> created;
-    if (const auto reason = testing::withCallsAnswered(
-            {SYS_newfstatat}, blind, [&] { created = disk->createFile(folder / "New.xpj", "text"); })) {
+    if (const auto reason = testing::withCallsAnswered({SYS_newfstatat}, blind, [&] {
+            created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
+        })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_EQ(created, disk->state(folder / "New.xpj")->identity);
@@ -506,8 +509,9 @@ TEST(PosixCreationByName, FailsAndLeavesNothingWhenTheWrittenFileCannotBeDuplica
         return isOfTheFile ? std::optional<long>(-EMFILE) : std::nullopt;
     };
     for (const auto& calls : {std::vector{SYS_fcntl}, std::vector{SYS_newfstatat, SYS_fstat}}) {
-        if (const auto reason = testing::withCallsAnswered(
-                calls, failing, [&] { EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text")); })) {
+        if (const auto reason = testing::withCallsAnswered(calls, failing, [&] {
+                EXPECT_FALSE(disk->createFile(folder / "New.xpj", testing::inOnePart("text")));
+            })) {
             GTEST_SKIP() << *reason;
         }
         EXPECT_THAT(folder.tree(), IsEmpty()) << calls.front();
@@ -521,8 +525,9 @@ TEST(PosixCreationByName, LosesNothingWhenASignalInterruptsTheClose) {
         ::syscall(SYS_close, call.arguments[0]);
         return -EINTR;
     };
-    if (const auto reason = testing::withCallsAnswered(
-            {SYS_close}, interrupted, [&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); })) {
+    if (const auto reason = testing::withCallsAnswered({SYS_close}, interrupted, [&] {
+            EXPECT_TRUE(disk->createFile(folder / "New.xpj", testing::inOnePart("text")));
+        })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
@@ -538,8 +543,9 @@ TEST(PosixCreationByName, TriesOnceMoreToRemoveTheHiddenName) {
         return ++removals == 1 ? std::optional<long>(-EIO) : std::nullopt;
     };
     const auto disk = makePosixFileManager();
-    if (const auto reason = testing::withCallsAnswered(
-            {SYS_openat, SYS_unlinkat}, failing, [&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); })) {
+    if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_unlinkat}, failing, [&] {
+            EXPECT_TRUE(disk->createFile(folder / "New.xpj", testing::inOnePart("text")));
+        })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
@@ -556,25 +562,25 @@ protected:
 
 TEST_F(PosixCreationFails, InAMissingFolderAndInAFile) {
     folder.write("file", "text");
-    EXPECT_FALSE(disk->createFile(folder / "gone/New.xpj", "text"));
-    EXPECT_FALSE(disk->createFile(folder / "file/New.xpj", "text"));
+    EXPECT_FALSE(disk->createFile(folder / "gone/New.xpj", testing::inOnePart("text")));
+    EXPECT_FALSE(disk->createFile(folder / "file/New.xpj", testing::inOnePart("text")));
     EXPECT_THAT(folder.tree(), ElementsAre("file=text"));
 }
 
 TEST_F(PosixCreationFails, ForANameWithANulByte) {
-    EXPECT_FALSE(disk->createFile(folder / std::string_view("New\0.xpj", 8), "text"));
+    EXPECT_FALSE(disk->createFile(folder / std::string_view("New\0.xpj", 8), testing::inOnePart("text")));
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
 TEST_F(PosixCreationFails, WithoutAName) {
-    EXPECT_FALSE(disk->createFile(folder / "", "text"));
+    EXPECT_FALSE(disk->createFile(folder / "", testing::inOnePart("text")));
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
 TEST_F(PosixCreationFails, NotForANameInTheCurrentFolder) {
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(folder.path());
-    const auto created = disk->createFile("New.xpj", "text");
+    const auto created = disk->createFile("New.xpj", testing::inOnePart("text"));
     std::filesystem::current_path(before);
     EXPECT_TRUE(created);
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=text"));
@@ -582,32 +588,70 @@ TEST_F(PosixCreationFails, NotForANameInTheCurrentFolder) {
 
 TEST_F(PosixCreationFails, InAFolderWithoutWritePermission) {
     ASSERT_EQ(::chmod(folder.path().c_str(), 0500), 0);
-    testing::withoutPrivileges([&] { EXPECT_FALSE(disk->createFile(folder / "New.xpj", "text")); });
+    testing::withoutPrivileges([&] { EXPECT_FALSE(disk->createFile(folder / "New.xpj", testing::inOnePart("text"))); });
     EXPECT_THAT(folder.tree(), IsEmpty());
 }
 
 TEST_F(PosixCreationFails, NotInAFolderThatCanBeWrittenButNotListed) {
     ASSERT_EQ(::chmod(folder.path().c_str(), 0300), 0);
-    testing::withoutPrivileges([&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", "text")); });
+    testing::withoutPrivileges([&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", testing::inOnePart("text"))); });
     EXPECT_EQ(testing::readFile(folder / "New.xpj"), "text");
 }
 
 TEST_F(PosixCreationFails, WhenTheDiskFillsUpAndFreesTheSpace) {
     if (const auto reason = testing::withSmallDisk(1'000'000, [&](const std::filesystem::path& smallDisk) {
-            EXPECT_FALSE(disk->createFile(smallDisk / "New.xpj", textOfSize(2'000'000)));
+            EXPECT_FALSE(disk->createFile(smallDisk / "New.xpj", testing::inOnePart(textOfSize(2'000'000))));
             EXPECT_TRUE(std::filesystem::is_empty(smallDisk));
-            EXPECT_TRUE(disk->createFile(smallDisk / "New.xpj", textOfSize(900'000)));
+            EXPECT_TRUE(disk->createFile(smallDisk / "New.xpj", testing::inOnePart(textOfSize(900'000))));
         })) {
         GTEST_SKIP() << *reason;
     }
 }
 
+TEST_F(PosixCreationFails, WhenItsContentsAreNotToBeHad) {
+    const auto breaking = [](const FileManager::PartWriter& write) {
+        write(textOfSize(400'000));
+        throw std::runtime_error("no more");
+    };
+    EXPECT_THROW(disk->createFile(folder / "New.xpj", breaking), std::runtime_error);
+    EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
 TEST_F(PosixCreationFails, WhenTheFileSizeIsLimited) {
     bool created = true;
-    testing::withLimitedFileSize(
-        100'000, [&] { created = disk->createFile(folder / "New.xpj", textOfSize(200'000)).has_value(); });
+    testing::withLimitedFileSize(100'000, [&] {
+        created = disk->createFile(folder / "New.xpj", testing::inOnePart(textOfSize(200'000))).has_value();
+    });
     EXPECT_FALSE(created);
     EXPECT_THAT(folder.tree(), IsEmpty());
+}
+
+TEST(PosixCreationOfParts, CollectsSmallOnesAndCopiesNoLargeOne) {
+    const TemporaryFolder folder;
+    const auto disk = makePosixFileManager();
+    const std::string large(1'000'000, 'l');
+    const auto parts = [&](const FileManager::PartWriter& write) {
+        for (int small = 0; small < 100'000; ++small) {
+            write("small");
+        }
+        write(large);
+    };
+    int writes = 0;
+    bool isWrittenInPlace = false;
+    std::optional<FileIdentity> identity;
+    const auto counting = [&](const SystemCall& call) {
+        ++writes;
+        isWrittenInPlace |= call.arguments[1] == reinterpret_cast<std::uintptr_t>(large.data());
+        return std::optional<long>();
+    };
+    if (const auto reason = testing::withCallsAnswered(
+            {SYS_write}, counting, [&] { identity = disk->createFile(folder / "New.xpj", parts); })) {
+        GTEST_SKIP() << *reason;
+    }
+    ASSERT_TRUE(identity);
+    EXPECT_EQ(std::filesystem::file_size(folder / "New.xpj"), 1'500'000U);
+    EXPECT_LE(writes, 3);
+    EXPECT_TRUE(isWrittenInPlace);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
+#include "tests/support/file_contents.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -32,9 +33,9 @@ TEST(PosixDescriptors, AreClosedInStartedPrograms) {
     };
     const auto reason = testing::withCallsAnswered({SYS_openat, SYS_fcntl}, watch, [&] {
         disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, [](const DirectoryEntry&) {});
-        EXPECT_TRUE(disk->createFile(folder / "unnamed at first", "text"));
+        EXPECT_TRUE(disk->createFile(folder / "unnamed at first", testing::inOnePart("text")));
         EXPECT_TRUE(disk->contents(folder / "unnamed at first"));
-        EXPECT_TRUE(disk->createFile(folder / "hidden at first", "text"));
+        EXPECT_TRUE(disk->createFile(folder / "hidden at first", testing::inOnePart("text")));
         disk->moveItem(folder / "hidden at first", folder / "moved");
         disk->removeItem(folder / "moved");
     });

@@ -1,5 +1,6 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
+#include "tests/support/file_contents.h"
 #include "tests/support/privileges.h"
 #include "tests/support/temporary_folder.h"
 
@@ -52,7 +53,7 @@ TEST_F(PosixRemoval, NeverRemovesAFolder) {
 }
 
 TEST_F(PosixRemoval, RemovesTheCreatedFileButNotAnotherOfItsName) {
-    const auto created = disk->createFile(folder / "New.xpj", "text");
+    const auto created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
     ASSERT_TRUE(created);
     // The created file is kept under another name, so that the other one cannot get its inode number.
     std::filesystem::rename(folder / "New.xpj", folder / "elsewhere");

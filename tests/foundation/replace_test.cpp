@@ -1,13 +1,17 @@
 #include "foundation/text.h"
 #include "tests/support/random_text.h"
 #include "tests/support/reference_table.h"
+#include "tests/support/replaced_text.h"
 #include "tests/support/slow_text.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvolt {
 namespace {
@@ -17,7 +21,7 @@ using namespace std::string_literals;
 constexpr std::string_view tail = "_[ProjectData]";
 
 std::string replaced(std::string_view text, std::string_view oldText, std::string_view newText) {
-    return replaceAllBeforeTail(text, oldText, newText, tail);
+    return testing::replacedText(text, oldText, newText, tail);
 }
 
 TEST(ReplaceAllBeforeTail, AgreesWithTheReferenceTable) {
@@ -45,6 +49,19 @@ TEST(ReplaceAllBeforeTail, ReplacesToTheEndOfALongText) {
         expected += between + "Beat_[ProjectData]";
     }
     EXPECT_TRUE(replaced(text, "Song", "Beat") == expected) << "too long to be shown";
+}
+
+TEST(ReplaceAllBeforeTail, WritesWhatItKeepsWithoutCopyingIt) {
+    const std::string text = "a Song_[ProjectData] Song_[ProjectData]/b";
+    std::vector<std::string> parts;
+    std::ptrdiff_t kept = 0;
+    replaceAllBeforeTail(text, "Song", "Beat", tail, [&](std::string_view part) {
+        const bool isInTheText = part.data() >= text.data() && part.data() < text.data() + text.size();
+        kept += isInTheText ? 1 : 0;
+        parts.emplace_back(part);
+    });
+    EXPECT_THAT(parts, ::testing::ElementsAre("a ", "Beat_[ProjectData]", " ", "Beat_[ProjectData]", "/b"));
+    EXPECT_EQ(kept, 3);
 }
 
 TEST(ReplaceAllBeforeTail, ReplacesAtTheEndOfALongerName) {
@@ -114,9 +131,9 @@ TEST(ReplaceAllBeforeTail, DoesNotSearchInsertedTextAgain) {
 TEST(ReplaceAllBeforeTail, MatchesOverlappingPlacesFromTheLeft) {
     const std::string oldText = "_[ProjectData]";
     EXPECT_EQ(replaced("_[ProjectData]_[ProjectData]_[ProjectData]", oldText, "N"), "N_[ProjectData]_[ProjectData]");
-    EXPECT_EQ(replaceAllBeforeTail("aaaaa", "a", "b", "a"), "babaa");
-    EXPECT_EQ(replaceAllBeforeTail("aaaa", "a", "", "aa"), "aaa");
-    EXPECT_EQ(replaceAllBeforeTail("x---", "x-", "y", "--"), "y--");
+    EXPECT_EQ(testing::replacedText("aaaaa", "a", "b", "a"), "babaa");
+    EXPECT_EQ(testing::replacedText("aaaa", "a", "", "aa"), "aaa");
+    EXPECT_EQ(testing::replacedText("x---", "x-", "y", "--"), "y--");
 }
 
 TEST(ReplaceAllBeforeTail, MatchesAnEmptyNameBeforeTheTail) {

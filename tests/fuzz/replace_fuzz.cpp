@@ -1,5 +1,6 @@
 #include "foundation/text.h"
 #include "tests/fuzz/require.h"
+#include "tests/support/replaced_text.h"
 #include "tests/support/slow_text.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string oldName = expanded(cutLine(rest), {});
     const std::string newName = expanded(cutLine(rest), {});
     const std::string text = displayText(expanded(rest, oldName));
-    const std::string result = replaceAllBeforeTail(text, oldName, newName, tail);
+    const std::string result = testing::replacedText(text, oldName, newName, tail);
     if (testing::slowIsValidUtf8(oldName)) {
         const std::string tailText(tail);
         require(result == testing::slowReplaceAll(text, oldName + tailText, newName + tailText),

@@ -1,7 +1,9 @@
 #include "foundation/file_manager.h"
+#include "tests/support/file_contents.h"
 #include "tests/support/privileges.h"
 #include "tests/support/recording_file_manager.h"
 #include "tests/support/renaming.h"
+#include "tests/support/sanitizers.h"
 #include "tests/support/scene.h"
 #include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
@@ -12,11 +14,13 @@
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
+#include <fstream>
 
 namespace tarvolt {
 namespace {
@@ -173,15 +177,46 @@ TEST_F(ProjectRenameOnDisk, CannotEncodeALoneSurrogate) {
     expectUnchanged("Be\xed\xa0\x80", "Failed to write file: Could not encode updated XML");
 }
 
+#if !TARVOLT_UNDER_SANITIZER
+/// Runs `body` in a process that may take so many bytes of memory more than it has.
+void withMoreMemory(std::size_t bytes, const std::function<void()>& body) {
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_AS, &before), 0);
+    rlimit limited = before;
+    limited.rlim_cur = pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)) + bytes;
+    ASSERT_EQ(::setrlimit(RLIMIT_AS, &limited), 0);
+    body();
+    ASSERT_EQ(::setrlimit(RLIMIT_AS, &before), 0);
+}
+
+TEST_F(ProjectRenameOnDisk, HoldsTheTextInMemoryOnce) {
+    constexpr std::size_t size = 64'000'000;
+    makeSong();
+    {
+        std::ofstream file(folder / "Song.xpj");
+        const std::string between(100, 'x');
+        while (static_cast<std::size_t>(file.tellp()) < size) {
+            file << between << "Song_[ProjectData]";
+        }
+    }
+    std::string error;
+    withMoreMemory(size + (8U << 20U), [&] { error = rename("A longer name"); });
+    EXPECT_EQ(error, "");
+    EXPECT_GT(fs::file_size(folder / "A longer name.xpj"), size);
+}
+#endif
+
 TEST_F(ProjectRenameOnDisk, LeavesTheProjectAsItWasWhenTheDiskFillsUpDuringTheWrite) {
     const auto reason = testing::withSmallDisk(1'000'000, [&](const fs::path& small) {
         scanner->folderURL.set(small);
         const std::string text(700'000, 'x');
         fs::create_directory(small / "Song_[ProjectData]");
         const auto made = makePosixFileManager();
-        ASSERT_TRUE(made->createFile(small / "Song.xpj", text));
+        ASSERT_TRUE(made->createFile(small / "Song.xpj", testing::inOnePart(text)));
         EXPECT_EQ(errorOfRename(*scanner, projectIn(small), "Beat"), "Failed to write file: Beat.xpj");
-        EXPECT_EQ(made->contents(small / "Song.xpj"), text);
+        EXPECT_EQ(testing::contentsOf(*made, small / "Song.xpj"), text);
         EXPECT_TRUE(fs::exists(small / "Song_[ProjectData]"));
         EXPECT_EQ(std::distance(fs::directory_iterator(small), {}), 2);
     });

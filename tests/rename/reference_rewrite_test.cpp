@@ -1,5 +1,6 @@
 #include "foundation/text.h"
 #include "model/folder_scan.h"
+#include "tests/support/replaced_text.h"
 
 #include <gtest/gtest.h>
 
@@ -60,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(Rewrites, ReferenceRewrite, ::testing::ValuesIn(rows),
 
 TEST_P(ReferenceRewrite, GivesTheExpectedText) {
     const auto& row = GetParam();
-    EXPECT_EQ(replaceAllBeforeTail(row.text, row.oldName, row.newName, dataFolderSuffix), row.expected);
+    EXPECT_EQ(testing::replacedText(row.text, row.oldName, row.newName, dataFolderSuffix), row.expected);
 }
 
 } // namespace

@@ -168,22 +168,27 @@ void FakeFileManager::expect(const char* call, const std::filesystem::path& path
     }
 }
 
-std::optional<std::string> FakeFileManager::contents(const std::filesystem::path& path) const {
+std::optional<FileContents> FakeFileManager::contents(const std::filesystem::path& path) const {
     const Guard guard(mutex_);
     const int error = begin("read", path.native());
     const auto* item = find(path.native(), true);
     if (error != 0 || item == nullptr || item->kind != Kind::file) {
         return std::nullopt;
     }
-    return item->contents;
+    FileContents contents{std::make_unique<char[]>(item->contents.size()), item->contents.size()};
+    std::ranges::copy(item->contents, contents.bytes.get());
+    return contents;
 }
 
-std::optional<FileIdentity> FakeFileManager::createFile(const std::filesystem::path& path, std::string_view contents) {
+std::optional<FileIdentity> FakeFileManager::createFile(const std::filesystem::path& path,
+                                                        const ContentsWriter& contents) {
     const Guard guard(mutex_);
     if (begin("create", path.native()) != 0 || find(path.native(), false) != nullptr || !isInAFolder(path)) {
         return std::nullopt;
     }
-    addFile(path.native(), std::string(contents));
+    std::string bytes;
+    contents([&](std::string_view part) { bytes += part; });
+    addFile(path.native(), std::move(bytes));
     return FileIdentity{1, items_.at(path.native()).serial};
 }
 

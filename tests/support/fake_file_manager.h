@@ -56,8 +56,8 @@ public:
     bool fileExists(const std::filesystem::path& path) const override;
     /// A file that is written to gets a new state.
     std::optional<FileState> state(const std::filesystem::path& path) const override;
-    std::optional<std::string> contents(const std::filesystem::path& path) const override;
-    std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override;
+    std::optional<FileContents> contents(const std::filesystem::path& path) const override;
+    std::optional<FileIdentity> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override;
     void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                   std::optional<FileIdentity> onlyIf) override;
     void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override;

@@ -2,6 +2,7 @@
 #include "tests/support/fake_file_manager.h"
 
 #include "foundation/file_manager.h"
+#include "tests/support/file_contents.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -110,28 +111,28 @@ TEST_P(FileManagerContract, ReadsThroughALinkButDescribesTheLinkItself) {
     makeLink("link", "file");
     makeLink("link to folder", "folder");
     makeLink("dangling", "nowhere");
-    EXPECT_EQ(disk->contents(path("file")), "text");
-    EXPECT_EQ(disk->contents(path("link")), "text");
+    EXPECT_EQ(testing::contentsOf(*disk, path("file")), "text");
+    EXPECT_EQ(testing::contentsOf(*disk, path("link")), "text");
     for (const char* name : {"folder", "pipe", "link to folder", "dangling"}) {
-        EXPECT_EQ(disk->contents(path(name)), std::nullopt) << name;
+        EXPECT_EQ(testing::contentsOf(*disk, path(name)), std::nullopt) << name;
         EXPECT_TRUE(disk->fileExists(path(name))) << name;
     }
-    EXPECT_EQ(disk->contents(path("gone")), std::nullopt);
+    EXPECT_EQ(testing::contentsOf(*disk, path("gone")), std::nullopt);
     EXPECT_FALSE(disk->fileExists(path("gone")));
     EXPECT_NE(disk->state(path("link"))->identity, disk->state(path("file"))->identity);
 }
 
 TEST_P(FileManagerContract, CreatesAFileOnlyInAFolderThatHasNothingOfThatName) {
-    const auto created = disk->createFile(path("new"), "text");
+    const auto created = disk->createFile(path("new"), testing::inOnePart("text"));
     ASSERT_TRUE(created);
-    EXPECT_EQ(disk->contents(path("new")), "text");
+    EXPECT_EQ(testing::contentsOf(*disk, path("new")), "text");
     EXPECT_EQ(disk->state(path("new"))->identity, *created);
     makeFolder("folder");
     makeLink("dangling", "nowhere");
     for (const char* name : {"new", "folder", "dangling", "gone/new", "new/inside"}) {
-        EXPECT_FALSE(disk->createFile(path(name), "other")) << name;
+        EXPECT_FALSE(disk->createFile(path(name), testing::inOnePart("other"))) << name;
     }
-    EXPECT_EQ(disk->contents(path("new")), "text");
+    EXPECT_EQ(testing::contentsOf(*disk, path("new")), "text");
     EXPECT_FALSE(disk->fileExists(path("nowhere")));
 }
 
@@ -152,7 +153,7 @@ TEST_P(FileManagerContract, MovesAFolderWithItsContentsAndItsIdentity) {
     const auto before = disk->state(path("from"));
     ASSERT_TRUE(before);
     EXPECT_EQ(errorOfMove("from", "to", before->identity), 0);
-    EXPECT_EQ(disk->contents(path("to/deep/file")), "text");
+    EXPECT_EQ(testing::contentsOf(*disk, path("to/deep/file")), "text");
     EXPECT_FALSE(disk->fileExists(path("from")));
     EXPECT_EQ(disk->state(path("to"))->identity, before->identity);
 }
@@ -178,7 +179,7 @@ TEST_P(FileManagerContract, RemovesOnlyTheFileOrLinkMeantAndNeverAFolder) {
     makeFolder("folder");
     makeLink("link", "file");
     EXPECT_EQ(errorOfRemoval("link"), 0);
-    EXPECT_EQ(disk->contents(path("file")), "text");
+    EXPECT_EQ(testing::contentsOf(*disk, path("file")), "text");
     EXPECT_EQ(errorOfRemoval("folder"), EISDIR);
     EXPECT_EQ(errorOfRemoval("gone"), ENOENT);
     EXPECT_EQ(errorOfRemoval("other", disk->state(path("file"))->identity), EBUSY);

@@ -33,11 +33,11 @@ public:
         note("state " + path.native());
         return disk_->state(path);
     }
-    std::optional<std::string> contents(const std::filesystem::path& path) const override {
+    std::optional<FileContents> contents(const std::filesystem::path& path) const override {
         note("read " + path.native());
         return disk_->contents(path);
     }
-    std::optional<FileIdentity> createFile(const std::filesystem::path& path, std::string_view contents) override {
+    std::optional<FileIdentity> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override {
         note("create " + path.native());
         return disk_->createFile(path, contents);
     }
