@@ -149,7 +149,9 @@ public:
         }
         // A failure here does not undo the move: after a power cut the item has one name or the other.
         destination.synchroniseFolder();
-        source.synchroniseFolder();
+        if (from.parent_path() != to.parent_path()) {
+            source.synchroniseFolder();
+        }
     }
 
     void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
