@@ -45,7 +45,7 @@ ModalPanel {
         implicitHeight: column.implicitHeight
         focus: true
         Keys.onEscapePressed: root.dismissed()
-        Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+        Keys.onPressed: event => event.accepted = thumb.scroll(event.key)
 
         ColumnLayout {
             id: column
@@ -72,10 +72,10 @@ ModalPanel {
                 boundsBehavior: Flickable.StopAtBounds
 
                 T.ScrollBar.vertical: ScrollThumb {
+                    id: thumb
                     parent: form
-                    x: area.width + Math.round((root.padding - width) / 2)
-                    y: area.y
-                    height: area.height
+                    area: area
+                    gap: Math.round((root.padding - width) / 2)
                 }
 
                 TextLabel {
@@ -98,11 +98,6 @@ ModalPanel {
                 text: root.button
                 onClicked: root.dismissed()
             }
-        }
-
-        ScrollKeys {
-            id: scrollKeys
-            area: area
         }
     }
 }

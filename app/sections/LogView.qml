@@ -76,7 +76,7 @@ FocusScope {
                 positionViewAtIndex(currentIndex, ListView.Contain);
         }
         Keys.onPressed: event => {
-            event.accepted = scrollKeys.scroll(event.key);
+            event.accepted = thumb.scroll(event.key);
             if (event.accepted)
                 currentIndex = event.key === Qt.Key_End ? count - 1 : firstInSight();
         }
@@ -88,21 +88,13 @@ FocusScope {
         }
 
         T.ScrollBar.vertical: ScrollThumb {
-            // In the list itself it would get the list's height.
-            parent: root
-            x: list.width - width - Theme.thumbEdge
-            // Clear of the corners of the ring.
-            y: list.y + 2 * Theme.thumbEdge
-            height: list.height - 4 * Theme.thumbEdge
+            id: thumb
+            area: list
+            inset: 2 * Theme.thumbEdge // clear of the corners of the ring
         }
 
         delegate: LogRow {
             width: ListView.view.width
         }
-    }
-
-    ScrollKeys {
-        id: scrollKeys
-        area: list
     }
 }

@@ -10,7 +10,6 @@ ListView {
     id: root
 
     required property ProjectListModel projects
-    required property Item thumbParent
     // The focus stays on the list itself, although there are rows.
     property bool resting: false
     // A focus on the list itself shows.
@@ -36,10 +35,8 @@ ListView {
     Accessible.name: qsTr("Projects")
 
     T.ScrollBar.vertical: ScrollThumb {
-        parent: root.thumbParent
-        x: root.x + root.width + Math.round((Theme.edge - width) / 2)
-        y: root.y
-        height: root.height
+        area: root
+        gap: Math.round((Theme.edge - width) / 2)
     }
 
     Connections {

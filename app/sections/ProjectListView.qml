@@ -93,7 +93,6 @@ FocusScope {
         height: Math.min(contentHeight, parent.height - y - Theme.edge)
         focus: true
         projects: root.view.projects
-        thumbParent: root
     }
 
     // The focus is on the list itself, for longer than a scan takes.

@@ -18,7 +18,7 @@ FocusScope {
     // Return is the Rename button's wherever no control takes it.
     Keys.onReturnPressed: root.sheet.pressRename()
     Keys.onEnterPressed: root.sheet.pressRename()
-    Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+    Keys.onPressed: event => event.accepted = thumb.scroll(event.key)
 
     function focusField(): void {
         newName.field.forceActiveFocus(Qt.OtherFocusReason);
@@ -45,9 +45,10 @@ FocusScope {
             boundsBehavior: Flickable.StopAtBounds
 
             T.ScrollBar.vertical: ScrollThumb {
+                id: thumb
                 parent: root
-                x: area.width + Math.round((Theme.sheetPadding - width) / 2)
-                height: area.height
+                area: area
+                gap: Math.round((Theme.sheetPadding - width) / 2)
             }
 
             ColumnLayout {
@@ -136,10 +137,5 @@ FocusScope {
         y: area.height
         width: parent.width + 2 * Theme.sheetPadding
         visible: !area.atYEnd
-    }
-
-    ScrollKeys {
-        id: scrollKeys
-        area: area
     }
 }

@@ -71,17 +71,16 @@ ColumnLayout {
             boundsBehavior: Flickable.StopAtBounds
             // While it has the focus it must stay where Tab can be.
             activeFocusOnTab: contentHeight > height || activeFocus
-            Keys.onPressed: event => event.accepted = scrollKeys.scroll(event.key)
+            Keys.onPressed: event => event.accepted = thumb.scroll(event.key)
             Accessible.role: Accessible.Grouping
             Accessible.name: titleLabel.text
             Accessible.focusable: true
             Accessible.ignored: !activeFocusOnTab
 
             T.ScrollBar.vertical: ScrollThumb {
-                parent: box
-                x: area.width - width - Theme.thumbEdge
-                y: Theme.thumbEdge
-                height: area.height - 2 * Theme.thumbEdge
+                id: thumb
+                area: area
+                inset: Theme.thumbEdge
             }
 
             Column {
@@ -120,10 +119,5 @@ ColumnLayout {
             innerRadius: fill.radius
             visible: area.activeFocus
         }
-    }
-
-    ScrollKeys {
-        id: scrollKeys
-        area: area
     }
 }
