@@ -2,7 +2,7 @@
 
 #include "app/content_view.h"
 #include "app/drawing/platform_style.h"
-#include "app/drawing/symbol_item.h"
+#include "app/drawing/snapped_items.h"
 #include "foundation/file_manager.h"
 #include "foundation/localized.h"
 #include "foundation/termination.h"

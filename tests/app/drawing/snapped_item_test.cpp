@@ -1,4 +1,4 @@
-#include "app/drawing/box_item.h"
+#include "app/drawing/snapped_items.h"
 #include "tests/app/bridge/print_qt.h"
 
 #include <QImage>

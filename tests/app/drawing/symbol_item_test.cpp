@@ -1,4 +1,4 @@
-#include "app/drawing/symbol_item.h"
+#include "app/drawing/snapped_items.h"
 
 #include <QDir>
 #include <QFile>
