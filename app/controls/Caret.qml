@@ -9,6 +9,8 @@ BoxItem {
     id: root
 
     required property TextInput owner
+    // The period of the blinking, 0 for none. The linter of Qt 6.4 does not know the hints.
+    readonly property int flash: Qt.styleHints.cursorFlashTime // qmllint disable
 
     objectName: "caret"
     width: Theme.caretWidth
@@ -30,9 +32,9 @@ BoxItem {
 
     Timer {
         id: blink
-        running: root.visible && Theme.caretFlash > 0
+        running: root.visible && root.flash > 0
         repeat: true
-        interval: Theme.caretFlash / 2
+        interval: root.flash / 2
         onTriggered: root.opacity = 1 - root.opacity
         onRunningChanged: root.opacity = 1
     }

@@ -5,7 +5,6 @@
 #include <QFontDatabase>
 #include <QScreen>
 #include <QStyle>
-#include <QStyleHints>
 #include <QWindow>
 
 #include <algorithm>
@@ -79,10 +78,6 @@ double PlatformStyle::pixelsPerPoint() {
 double PlatformStyle::hairline() {
     const double ratio = qGuiApp->devicePixelRatio();
     return std::max(1.0, std::floor(ratio)) / ratio;
-}
-
-int PlatformStyle::caretFlash() {
-    return QGuiApplication::styleHints()->cursorFlashTime();
 }
 
 bool PlatformStyle::reducedMotion() {

@@ -16,8 +16,6 @@ class PlatformStyle : public QObject {
     Q_PROPERTY(double pixelsPerPoint READ pixelsPerPoint NOTIFY settingsChanged)
     /// How thick a thin line is: as many whole device pixels as one takes, at least one.
     Q_PROPERTY(double hairline READ hairline NOTIFY settingsChanged)
-    /// The period of the caret's blinking, on and off together, in milliseconds; 0 if it should not blink.
-    Q_PROPERTY(int caretFlash READ caretFlash CONSTANT)
     /// Whether the system asks for as little movement as possible. Read again whenever the system font changes.
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY settingsChanged)
 
@@ -28,7 +26,6 @@ public:
     static QFont fixedFont();
     static double pixelsPerPoint();
     static double hairline();
-    static int caretFlash();
     static bool reducedMotion();
 
     /// `family`'s font at a ratio of the system font's size, but never too small to be read. `weight` is QFont's,
