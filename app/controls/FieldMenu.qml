@@ -12,7 +12,6 @@ T.Menu {
     // Opened by a key, it keeps its highlighted item also where the mouse happens to rest over another.
     property bool hovers: true
 
-    objectName: "fieldMenu"
     implicitWidth: Math.round(11 * Theme.bodyPixels)
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 4
@@ -55,29 +54,62 @@ T.Menu {
         }
     }
 
-    FieldMenuItem {
+    delegate: T.MenuItem {
+        id: item
+
+        objectName: "fieldMenuItem"
+        implicitHeight: Theme.buttonHeight
+        leftPadding: Theme.buttonPadding
+        rightPadding: Theme.buttonPadding
+        font: Theme.body
         hoverEnabled: root.hovers
+        Accessible.name: text
+        // Qt 6.4 tells assistive technology nothing of a disabled state.
+        Accessible.description: enabled ? "" : qsTr("Not available now")
+        Accessible.onPressAction: item.choose()
+        Keys.onReturnPressed: item.choose()
+        Keys.onEnterPressed: item.choose()
+
+        function choose(): void {
+            if (item.enabled) {
+                item.action.trigger(item);
+                item.clicked(); // closes the menu
+            }
+        }
+
+        contentItem: TextLabel {
+            text: item.text
+            font: item.font
+            color: item.enabled ? Theme.primary : Theme.disabledInk
+            verticalAlignment: Text.AlignVCenter
+            silent: true
+        }
+
+        background: BoxItem {
+            radius: Theme.smallButtonRadius
+            color: item.highlighted && item.enabled ? Theme.selection : "transparent"
+        }
+    }
+
+    T.Action {
         text: qsTr("Cut")
         enabled: root.field.selectedText !== ""
         onTriggered: root.field.cut()
     }
 
-    FieldMenuItem {
-        hoverEnabled: root.hovers
+    T.Action {
         text: qsTr("Copy")
         enabled: root.field.selectedText !== ""
         onTriggered: root.field.copy()
     }
 
-    FieldMenuItem {
-        hoverEnabled: root.hovers
+    T.Action {
         text: qsTr("Paste")
         enabled: root.field.canPaste
         onTriggered: root.field.paste()
     }
 
-    FieldMenuItem {
-        hoverEnabled: root.hovers
+    T.Action {
         text: qsTr("Select All")
         enabled: root.field.selectedText !== root.field.text
         onTriggered: root.field.selectAll()

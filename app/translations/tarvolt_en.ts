@@ -66,9 +66,6 @@ directly contains your .xpj files.</source>
         <source>Edit</source>
         <translation type="unfinished"></translation>
     </message>
-</context>
-<context>
-    <name>FieldMenuItem</name>
     <message>
         <source>Not available now</source>
         <translation type="unfinished"></translation>
