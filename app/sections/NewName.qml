@@ -1,10 +1,8 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Tarvolt
 
-// The field for the new name, under its caption.
+// The field for the new name, with a border of its own, under its caption.
 ColumnLayout {
     id: root
 
@@ -22,11 +20,17 @@ ColumnLayout {
         silent: true
     }
 
-    RoundedField {
+    BareField {
         id: field
         objectName: "newNameField"
         Layout.fillWidth: true
+        implicitHeight: Math.round(Math.max(30, Theme.lineRatio * Theme.bodyPixels + 14))
+        leftPadding: 9
+        rightPadding: leftPadding
+        verticalAlignment: TextInput.AlignVCenter
         focus: true
+        hoverEnabled: true
+        font: Theme.verbatim(Theme.monoBody, text)
         placeholderText: qsTr("Enter new project name")
         text: root.sheet.newName
         // Assistive technology sets a text without editing it.
@@ -38,5 +42,13 @@ ColumnLayout {
         // Submitting the field asks for the rename whatever the button's state.
         Keys.onReturnPressed: root.sheet.submitNewName()
         Keys.onEnterPressed: root.sheet.submitNewName()
+
+        background: BoxItem {
+            objectName: "frame"
+            radius: 7
+            color: Theme.base
+            borderWidth: field.inUse ? Theme.focusWidth : Theme.hairline
+            borderColor: field.inUse ? Theme.orange : field.hovered ? Theme.fieldBorderHover : Theme.fieldBorder
+        }
     }
 }

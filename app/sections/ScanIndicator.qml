@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// A scan is running.
+// A scan is running: a ring, with a quarter of it going round.
 Item {
     id: root
 
@@ -18,8 +18,28 @@ Item {
         y: 16
         spacing: 8
 
-        Spinner {
+        Symbol {
+            id: ring
+            objectName: "spinner"
             anchors.horizontalCenter: parent.horizontalCenter
+            symbol: "ring"
+            size: 22
+            colour: Theme.spinnerTrack
+
+            Symbol {
+                objectName: "spinnerQuarter"
+                symbol: "ring.quarter"
+                size: ring.size
+                colour: Theme.orange
+
+                NumberAnimation on angle {
+                    running: root.visible && !Theme.reducedMotion
+                    loops: Animation.Infinite
+                    from: 0
+                    to: 360
+                    duration: 900
+                }
+            }
         }
 
         TextLabel {
