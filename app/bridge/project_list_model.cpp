@@ -6,11 +6,39 @@
 #include "foundation/byte_count_formatter.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tarvolt {
 
 namespace {
+
+struct Row {
+    const MPCProject& project;
+    bool renamed;
+    const std::string& locale;
+};
+
+/// What QML finds in a row, by its name. A role is a place in this table.
+constexpr struct Detail {
+    const char* name;
+    QVariant (*of)(const Row&);
+} details[]{
+    {"name", [](auto& row) -> QVariant { return singleLineString(row.project.baseName()); }},
+    {"fileCountText",
+     [](auto& row) -> QVariant { return displayString(fileCountText(row.project.fileCount(), row.locale)); }},
+    {"sizeText",
+     [](auto& row) -> QVariant { return displayString(byteCountText(row.project.totalSize(), row.locale)); }},
+    {"hasDataFolder", [](auto& row) -> QVariant { return row.project.dataFolderURL().has_value(); }},
+    {"renamed", [](auto& row) -> QVariant { return row.renamed; }},
+    {"sentence",
+     [](auto& row) -> QVariant { return singleLineString(projectRowSentence(row.project, row.renamed, row.locale)); }},
+    {"detailsSentence",
+     [](auto& row) -> QVariant {
+         return singleLineString(projectDetailsSentence(row.project, row.renamed, row.locale));
+     }},
+    {"buttonSentence", [](auto& row) -> QVariant { return singleLineString(renameButtonSentence(row.project)); }},
+};
 
 /// The first row of which `property` gives `value`, or -1.
 template<class Value, class Property>
@@ -55,7 +83,7 @@ void ProjectListModel::showProjects(std::vector<MPCProject> projects) {
 
 void ProjectListModel::highlight(std::optional<UUID> renamed) {
     if (std::exchange(renamed_, renamed) != renamed && !projects_.empty()) {
-        emit dataChanged(index(0), index(rowCount() - 1), {renamedRole, sentenceRole, detailsSentenceRole});
+        emit dataChanged(index(0), index(rowCount() - 1));
     }
 }
 
@@ -97,40 +125,16 @@ QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
         return {};
     }
     const MPCProject& project = projects_[static_cast<std::size_t>(index.row())];
-    switch (role) {
-    case nameRole:
-        return singleLineString(project.baseName());
-    case symbolRole:
-        return displayString(projectSymbol(project));
-    case fileCountRole:
-        return displayString(fileCountText(project.fileCount(), locale_));
-    case sizeRole:
-        return displayString(byteCountText(project.totalSize(), locale_));
-    case hasDataFolderRole:
-        return project.dataFolderURL().has_value();
-    case renamedRole:
-        return project.id() == renamed_;
-    case sentenceRole:
-        return singleLineString(projectRowSentence(project, project.id() == renamed_, locale_));
-    case detailsSentenceRole:
-        return singleLineString(projectDetailsSentence(project, project.id() == renamed_, locale_));
-    case buttonSentenceRole:
-        return singleLineString(renameButtonSentence(project));
-    default:
-        return {};
-    }
+    const auto detail = static_cast<std::size_t>(role - Qt::UserRole);
+    return detail < std::size(details) ? details[detail].of({project, project.id() == renamed_, locale_}) : QVariant();
 }
 
 QHash<int, QByteArray> ProjectListModel::roleNames() const {
-    return {{nameRole, "name"},
-            {symbolRole, "symbol"},
-            {fileCountRole, "fileCountText"},
-            {sizeRole, "sizeText"},
-            {hasDataFolderRole, "hasDataFolder"},
-            {renamedRole, "renamed"},
-            {sentenceRole, "sentence"},
-            {detailsSentenceRole, "detailsSentence"},
-            {buttonSentenceRole, "buttonSentence"}};
+    QHash<int, QByteArray> names;
+    for (const Detail& detail : details) {
+        names.insert(Qt::UserRole + static_cast<int>(names.size()), detail.name);
+    }
+    return names;
 }
 
 } // namespace tarvolt

@@ -25,19 +25,6 @@ class ProjectListModel final : public QAbstractListModel {
     Q_PROPERTY(bool showsSearchBar READ showsSearchBar NOTIFY changed)
 
 public:
-    enum Role {
-        nameRole = Qt::UserRole,
-        symbolRole,
-        fileCountRole,
-        sizeRole,
-        hasDataFolderRole,
-        renamedRole,
-        sentenceRole,
-        detailsSentenceRole,
-        buttonSentenceRole,
-    };
-    Q_ENUM(Role)
-
     /// `sheet` is what `beginRename` opens; it must outlive the model.
     ProjectListModel(std::shared_ptr<ContentView> view, SheetBridge& sheet);
 

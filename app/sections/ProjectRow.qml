@@ -9,7 +9,6 @@ FocusScope {
     id: root
 
     required property string name
-    required property string symbol
     required property string fileCountText
     required property string sizeText
     required property bool hasDataFolder
@@ -49,7 +48,7 @@ FocusScope {
                 id: symbol
                 objectName: "rowSymbol"
                 anchors.centerIn: parent
-                symbol: root.symbol
+                symbol: root.hasDataFolder ? "music.note.list" : "music.note"
                 size: Theme.title3Symbol
                 colour: root.renamed ? Theme.green : Theme.orange
 
@@ -78,14 +77,30 @@ FocusScope {
                 silent: true
             }
 
-            DetailLine {
+            // Where a large font leaves no room beside one detail, the next goes below it.
+            Flow {
                 objectName: "rowDetails"
                 Layout.leftMargin: -2 // Its symbol begins where the letters above it do.
                 Layout.fillWidth: true
                 Layout.minimumWidth: 0
-                fileCountText: root.fileCountText
-                sizeText: root.sizeText
-                warningText: root.hasDataFolder ? "" : qsTr("No data folder")
+                spacing: texts.spacing
+
+                DetailLabel {
+                    symbol: "doc"
+                    text: root.fileCountText
+                }
+
+                DetailLabel {
+                    symbol: "internaldrive"
+                    text: root.sizeText
+                }
+
+                DetailLabel {
+                    visible: !root.hasDataFolder
+                    symbol: "exclamationmark.triangle"
+                    text: qsTr("No data folder")
+                    colour: Theme.yellow
+                }
             }
         }
 

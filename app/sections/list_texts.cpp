@@ -25,10 +25,6 @@ std::string fileCountText(std::int64_t fileCount, std::string_view locale) {
     return withNumber(localized("ProjectRow", "%lld files"), fileCount, locale);
 }
 
-std::string_view projectSymbol(const MPCProject& project) {
-    return project.dataFolderURL() ? "music.note.list" : "music.note";
-}
-
 std::string projectDetailsSentence(const MPCProject& project, bool renamed, std::string_view locale) {
     std::string sentence =
         fileCountText(project.fileCount(), locale) + ", " + byteCountText(project.totalSize(), locale);

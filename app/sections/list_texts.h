@@ -14,9 +14,6 @@ std::string projectCountText(std::int64_t count, std::string_view locale);
 /// "12 files", also "1 files", with the number as `locale` writes it.
 std::string fileCountText(std::int64_t fileCount, std::string_view locale);
 
-/// "music.note.list" for a project with a data folder, else "music.note".
-std::string_view projectSymbol(const MPCProject& project);
-
 /// The whole row as one sentence for a screen reader: the name, the counts, and in words what the row shows by colour,
 /// a missing data folder and the highlight (`renamed`).
 std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale);

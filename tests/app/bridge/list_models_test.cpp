@@ -36,7 +36,9 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    QVariant at(int row, ProjectListModel::Role role) const { return model.data(model.index(row), role); }
+    QVariant at(int row, const char* detail) const {
+        return model.data(model.index(row), model.roleNames().key(detail));
+    }
 
     testing::Scene scene;
     std::shared_ptr<ContentView> view = ContentView::create(scene.services());
@@ -50,18 +52,17 @@ protected:
 TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
     setProjects({MPCProject("Slow\nGlass", "/p/x.xpj", "/p/x", 12, 48000), project("Sketch \xFF")});
     ASSERT_EQ(model.rowCount(), 2);
-    EXPECT_EQ(at(0, ProjectListModel::nameRole), "Slow Glass");
-    EXPECT_EQ(at(0, ProjectListModel::symbolRole), "music.note.list");
-    EXPECT_EQ(at(0, ProjectListModel::fileCountRole), "12 files");
-    EXPECT_EQ(at(0, ProjectListModel::sizeRole), "48 KB");
-    EXPECT_EQ(at(0, ProjectListModel::hasDataFolderRole), true);
-    EXPECT_EQ(at(0, ProjectListModel::buttonSentenceRole), "Rename Slow Glass");
-    EXPECT_EQ(at(0, ProjectListModel::detailsSentenceRole), "12 files, 48 KB");
-    EXPECT_EQ(at(1, ProjectListModel::nameRole), QStringLiteral("Sketch \uFFFD"));
-    EXPECT_EQ(at(1, ProjectListModel::symbolRole), "music.note");
-    EXPECT_EQ(at(1, ProjectListModel::hasDataFolderRole), false);
-    EXPECT_EQ(at(1, ProjectListModel::sentenceRole), QStringLiteral("Sketch \uFFFD, 0 files, 48 KB, No data folder"));
-    EXPECT_EQ(model.roleNames().size(), 9);
+    EXPECT_EQ(at(0, "name"), "Slow Glass");
+    EXPECT_EQ(at(0, "fileCountText"), "12 files");
+    EXPECT_EQ(at(0, "sizeText"), "48 KB");
+    EXPECT_EQ(at(0, "hasDataFolder"), true);
+    EXPECT_EQ(at(0, "buttonSentence"), "Rename Slow Glass");
+    EXPECT_EQ(at(0, "detailsSentence"), "12 files, 48 KB");
+    EXPECT_EQ(at(1, "name"), QStringLiteral("Sketch \uFFFD"));
+    EXPECT_EQ(at(1, "hasDataFolder"), false);
+    EXPECT_EQ(at(1, "sentence"), QStringLiteral("Sketch \uFFFD, 0 files, 48 KB, No data folder"));
+    EXPECT_EQ(model.roleNames().size(), 8);
+    EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
 }
 
 TEST_F(ProjectListModelTest, LeavesTheRowsAloneForTheSameRecords) {
@@ -79,13 +80,13 @@ TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOfEachChangeOnce) {
     setProjects(records);
     setRenamed(records[1].id());
     ASSERT_EQ(changes.size(), 1);
-    EXPECT_EQ(at(1, ProjectListModel::renamedRole), true);
-    EXPECT_EQ(at(0, ProjectListModel::renamedRole), false);
-    EXPECT_EQ(at(1, ProjectListModel::sentenceRole), "b, 0 files, 48 KB, No data folder, Renamed");
+    EXPECT_EQ(at(1, "renamed"), true);
+    EXPECT_EQ(at(0, "renamed"), false);
+    EXPECT_EQ(at(1, "sentence"), "b, 0 files, 48 KB, No data folder, Renamed");
     setRenamed(records[2].id());
     EXPECT_EQ(changes.size(), 2);
     setRenamed(std::nullopt);
-    EXPECT_EQ(at(2, ProjectListModel::renamedRole), false);
+    EXPECT_EQ(at(2, "renamed"), false);
     changes.clear();
     setRenamed(std::nullopt);
     EXPECT_EQ(changes.size(), 0);
@@ -101,7 +102,7 @@ TEST_F(ProjectListModelTest, FindsRowsAndRecords) {
     }
     model.beginRename(1);
     EXPECT_EQ(view->renamingProject.get()->baseName(), "b");
-    EXPECT_FALSE(at(5, ProjectListModel::nameRole).isValid());
+    EXPECT_FALSE(at(5, "name").isValid());
 }
 
 class LogModelTest : public ::testing::Test {

@@ -333,7 +333,8 @@ TEST_F(WindowBridgeTest, HighlightsUntilTheRescanBringsNewRecords) {
     bridge.sheet()->pressRename();
     settle();
     const auto renamed = [&](int row) {
-        return bridge.projects()->data(bridge.projects()->index(row), ProjectListModel::renamedRole).toBool();
+        const ProjectListModel& rows = *bridge.projects();
+        return rows.data(rows.index(row), rows.roleNames().key("renamed")).toBool();
     };
     EXPECT_TRUE(renamed(0));
     pass(500ms);

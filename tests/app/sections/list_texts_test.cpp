@@ -43,11 +43,6 @@ TEST(ProjectRowTexts, UseTheTranslationOfTheFilesKey) {
     EXPECT_EQ(fileCountText(3, "en_US"), "3 files");
 }
 
-TEST(ProjectRowTexts, UseTheListSymbolOnlyWithADataFolder) {
-    EXPECT_EQ(projectSymbol(project(true)), "music.note.list");
-    EXPECT_EQ(projectSymbol(project(false)), "music.note");
-}
-
 TEST(ProjectRowTexts, DescribeTheWholeRowInOneSentence) {
     EXPECT_EQ(projectRowSentence(project(true), false, "en_US"), "Slow Glass, 12 files, 3.2 MB");
     EXPECT_EQ(projectRowSentence(project(true), true, "en_US"), "Slow Glass, 12 files, 3.2 MB, Renamed");
@@ -57,7 +52,6 @@ TEST(ProjectRowTexts, DescribeTheWholeRowInOneSentence) {
 
 TEST(ProjectRowTexts, DistinguishAnEmptyDataFolderFromNone) {
     const MPCProject empty("Slow Glass", "/p/Slow Glass.xpj", "/p/Slow Glass_[ProjectData]", 0, 3200000);
-    EXPECT_EQ(projectSymbol(empty), "music.note.list");
     EXPECT_EQ(projectRowSentence(empty, false, "en_US"), "Slow Glass, 0 files, 3.2 MB");
 }
 
