@@ -54,11 +54,10 @@ const icu::UnicodeString& foldedSearch(std::string_view search, bool turkic) {
     return last.folded;
 }
 
-bool isWhole(const icu::UnicodeString& text, std::int32_t start, std::int32_t end) {
-    const auto isInside = [&](std::int32_t at) {
-        return at > 0 && at < text.length() && isInsideHangulSyllable(text.char32At(at - 1), text.char32At(at));
-    };
-    return !isInside(start) && !isInside(end) && !(end < text.length() && isMark(text.char32At(end)));
+/// Whether a match that is not empty may end at `end`.
+bool isCharacterEnd(const icu::UnicodeString& text, std::int32_t end) {
+    return end == text.length() ||
+           !(isMark(text.char32At(end)) || isInsideHangulSyllable(text.char32At(end - 1), text.char32At(end)));
 }
 
 } // namespace
@@ -78,7 +77,7 @@ bool localizedCaseInsensitiveContains(std::string_view text, std::string_view se
     }
     const icu::UnicodeString haystack = folded(text, turkic);
     std::int32_t start = haystack.indexOf(needle);
-    while (start >= 0 && !isWhole(haystack, start, start + needle.length())) {
+    while (start >= 0 && !isCharacterEnd(haystack, start + needle.length())) {
         start = haystack.indexOf(needle, start + 1);
     }
     return start >= 0;

@@ -69,12 +69,9 @@ private:
     icu::UnicodeString decomposed_;
 };
 
-bool isWhole(std::string_view text, std::size_t start, std::size_t end) {
-    if (end < text.size() && isMark(firstCharacter(text.substr(end)).character)) {
-        return false;
-    }
-    return start == 0 || !isInsideHangulSyllable(lastCharacter(text.substr(0, start)).character,
-                                                 firstCharacter(text.substr(start)).character);
+/// Whether a match may end at `end`, after the tail. Its last character is ASCII, so no Hangul syllable goes on there.
+bool isCharacterEnd(std::string_view text, std::size_t end) {
+    return end == text.size() || !isMark(firstCharacter(text.substr(end)).character);
 }
 
 } // namespace
@@ -89,7 +86,7 @@ void replaceAllBeforeTail(std::string_view text, std::string_view oldText, std::
              at = positionOf(tail, text, std::max(at + 1, written))) {
             const std::optional<std::size_t> start = name.startBefore(text, written, at);
             const std::size_t end = at + tail.size();
-            if (start && isWhole(text, *start, end)) {
+            if (start && isCharacterEnd(text, end)) {
                 write(text.substr(written, *start - written));
                 write(replacement);
                 written = end;

@@ -61,12 +61,17 @@ TEST(LocalizedCaseInsensitiveContains, DoesNotEndBeforeAMarkButLooksFurther) {
     EXPECT_TRUE(contains("\u00e4\u00e1a", "A"));
 }
 
-TEST(LocalizedCaseInsensitiveContains, DoesNotSplitAHangulSyllable) {
+TEST(LocalizedCaseInsensitiveContains, DoesNotEndInsideAHangulSyllable) {
     EXPECT_FALSE(contains("\ud55c", "\ud558"));
-    EXPECT_FALSE(contains("\ud55c", "\u11ab"));
-    EXPECT_FALSE(contains("\u1112\u1161\u11ab", "\u1161\u11ab"));
+    EXPECT_FALSE(contains("\u1112\u1161\u11ab", "\u1112"));
     EXPECT_TRUE(contains("\ud55c\ud558", "\ud558"));
     EXPECT_TRUE(contains("\u1112\u1161\u11ab", "\ud55c"));
+}
+
+TEST(LocalizedCaseInsensitiveContains, StartsAnywhere) {
+    EXPECT_TRUE(contains("\ud55c", "\u11ab"));
+    EXPECT_TRUE(contains("\u1112\u1161\u11ab", "\u1161\u11ab"));
+    EXPECT_TRUE(contains("\u1100\u1161f\u0301 song", "\u1161f\u0301 S"));
 }
 
 TEST(LocalizedCaseInsensitiveContains, NeverFindsAnEmptySearch) {

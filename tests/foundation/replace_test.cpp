@@ -118,9 +118,10 @@ TEST(ReplaceAllBeforeTail, DoesNotEndBeforeAVowelSignThatDecomposesIntoAMark) {
     }
 }
 
-TEST(ReplaceAllBeforeTail, DoesNotSplitAHangulSyllable) {
-    EXPECT_EQ(replaced("\u1112\u1161\u11ab_[ProjectData]", "\u11ab", "N"), "\u1112\u1161\u11ab_[ProjectData]");
-    EXPECT_EQ(replaced("\ud558\u11ab_[ProjectData]", "\u11ab", "N"), "\ud558\u11ab_[ProjectData]");
+TEST(ReplaceAllBeforeTail, MayStartInsideAHangulSyllable) {
+    EXPECT_EQ(replaced("\u1100\u1161f\u0301_[ProjectData]", "\u1161f\u0301", "N"), "\u1100N_[ProjectData]");
+    EXPECT_EQ(replaced("\ud558\u11ab_[ProjectData]", "\u11ab", "N"), "\ud558N_[ProjectData]");
+    EXPECT_EQ(replaced("\ud55c_[ProjectData]", "\u11ab", "N"), "\ud55c_[ProjectData]");
     EXPECT_EQ(replaced("\ud55c\ud558_[ProjectData]", "\ud558", "N"), "\ud55cN_[ProjectData]");
 }
 

@@ -132,11 +132,9 @@ Characters slowFold(std::string_view text, bool turkic) {
     return decompose(result);
 }
 
-bool isWholeMatch(const Characters& text, std::size_t start, std::size_t end) {
-    const bool startsInside = start > 0 && start < text.size() && isOneSyllable(text[start - 1], text[start]);
-    const bool endsInside =
-        end > 0 && end < text.size() && (isSlowMark(text[end]) || isOneSyllable(text[end - 1], text[end]));
-    return !startsInside && !endsInside;
+/// Whether a match may end with `last` where `next` follows it in a decomposed text.
+bool mayEndBetween(char32_t last, char32_t next) {
+    return !isSlowMark(next) && !isOneSyllable(last, next);
 }
 
 std::string encoded(const Characters& characters) {
@@ -151,21 +149,6 @@ Characters part(const Characters& text, std::size_t start, std::size_t end) {
     return {text.begin() + static_cast<std::ptrdiff_t>(start), text.begin() + static_cast<std::ptrdiff_t>(end)};
 }
 
-/// Whether the characters from `start` to `end` stand for themselves in `text`, which need not be decomposed.
-bool isWholeInText(const Characters& text, std::size_t start, std::size_t end) {
-    Characters around = start == 0 ? Characters() : decompose({text[start - 1]});
-    const std::size_t first = around.size();
-    for (std::size_t at = start; at <= end && at < text.size(); ++at) {
-        const Characters next = decompose({text[at]});
-        if (at == end) {
-            return isWholeMatch(around, first, around.size()) && !isSlowMark(next.front()) &&
-                   !isOneSyllable(around.back(), next.front());
-        }
-        around.insert(around.end(), next.begin(), next.end());
-    }
-    return isWholeMatch(around, first, around.size());
-}
-
 /// The end of the match of `wanted`, which is decomposed, at `start`, or 0 if there is none.
 std::size_t matchEnd(const Characters& text, std::size_t start, const Characters& wanted) {
     Characters match;
@@ -173,7 +156,8 @@ std::size_t matchEnd(const Characters& text, std::size_t start, const Characters
         decomposeInto(text[end++], match);
         if (match.size() == wanted.size()) {
             putInOrder(match);
-            return match == wanted && isWholeInText(text, start, end) ? end : 0;
+            const bool endsWell = end == text.size() || mayEndBetween(match.back(), decompose({text[end]}).front());
+            return match == wanted && endsWell ? end : 0;
         }
     }
     return 0;
@@ -212,8 +196,9 @@ bool slowContains(std::string_view text, std::string_view search, bool turkic) {
     const Characters haystack = slowFold(text, turkic);
     const Characters needle = slowFold(search, turkic);
     for (std::size_t start = 0; !needle.empty() && start + needle.size() <= haystack.size(); ++start) {
-        if (part(haystack, start, start + needle.size()) == needle &&
-            isWholeMatch(haystack, start, start + needle.size())) {
+        const std::size_t end = start + needle.size();
+        if (part(haystack, start, end) == needle &&
+            (end == haystack.size() || mayEndBetween(needle.back(), haystack[end]))) {
             return true;
         }
     }
