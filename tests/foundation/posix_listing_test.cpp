@@ -218,27 +218,6 @@ TEST_F(PosixListing, ContinuesWhenASignalInterruptsIt) {
     EXPECT_GT(calls, 3);
 }
 
-TEST_F(PosixListing, FailsWhenAnOpenFolderCannotBeExamined) {
-    folder.write("a", "x");
-    const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
-    const auto before = open();
-    int error = 0;
-    const auto blind = [](const testing::SystemCall& call) {
-        return testing::isStatusOfOpenFile(call) ? std::optional<long>(-EIO) : std::nullopt;
-    };
-    if (const auto reason = withCallsAnswered({SYS_newfstatat, SYS_fstat}, blind, [&] {
-            try {
-                disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, [](const DirectoryEntry&) {});
-            } catch (const FileError& failure) {
-                error = failure.code().value();
-            }
-        })) {
-        GTEST_SKIP() << *reason;
-    }
-    EXPECT_EQ(error, EIO);
-    EXPECT_EQ(open(), before);
-}
-
 TEST_F(PosixListing, LeavesNoDescriptorOpenWhenTheVisitorThrows) {
     folder.write("a", "x");
     const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };

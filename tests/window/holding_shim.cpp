@@ -40,9 +40,9 @@ void waitFor(const std::string& pipe) {
 
 extern "C" {
 
-DIR* fdopendir(int file) {
-    waitFor(pathOf(file) + "/.hold-listing");
-    return real<DIR* (*)(int)>("fdopendir")(file);
+ssize_t getdents64(int folder, void* items, size_t size) {
+    waitFor(pathOf(folder) + "/.hold-listing");
+    return real<ssize_t (*)(int, void*, size_t)>("getdents64")(folder, items, size);
 }
 
 int fsync(int file) {
