@@ -9,13 +9,19 @@
 namespace tarvolt {
 
 UUID UUID::random() {
-    UUID id;
-    // So few bytes are never delivered in part. A signal can only interrupt the wait for the generator's first seed.
-    while (getrandom(id.bytes.data(), id.bytes.size(), 0) < 0) {
-        if (errno != EINTR) {
-            throw std::system_error(errno, std::generic_category(), "getrandom");
+    // A scan draws thousands. This many are never delivered in part: up to 256 bytes, a signal can only interrupt the
+    // wait for the generator's first seed.
+    thread_local std::array<UUID, 256 / sizeof(UUID)> drawn;
+    thread_local std::size_t left = 0;
+    if (left == 0) {
+        while (getrandom(drawn.data(), sizeof drawn, 0) < 0) {
+            if (errno != EINTR) {
+                throw std::system_error(errno, std::generic_category(), "getrandom");
+            }
         }
+        left = drawn.size();
     }
+    UUID id = drawn[--left];
     id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0F) | 0x40); // version 4
     id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3F) | 0x80); // the variant of RFC 9562
     return id;

@@ -2,6 +2,7 @@
 #include "foundation/file_manager.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
+#include "tests/support/call_faults.h"
 #include "tests/support/scene.h"
 #include "tests/support/temporary_folder.h"
 
@@ -9,6 +10,7 @@
 
 #include <malloc.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
@@ -16,6 +18,7 @@
 #include <atomic>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -130,6 +133,33 @@ TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatHasBecomeALinkSinceTheListin
     fs::remove(folder / "Song_[ProjectData]");
     fs::create_directory_symlink(outside.path(), folder / "Song_[ProjectData]");
     EXPECT_EQ(measureProjects(*files, folder.path(), listing).front().totalSize(), 1);
+}
+
+TEST_F(FolderScanOnDisk, AsksOnceForEachFileAndFourTimesForEachFolder) {
+    constexpr int projects = 20;
+    constexpr int entries = 5;
+    for (int project = 0; project < projects; ++project) {
+        const auto stem = "Song " + std::to_string(project);
+        folder.write(stem + ".xpj", "x");
+        for (int entry = 0; entry < entries; ++entry) {
+            folder.write(stem + "_[ProjectData]/" + std::to_string(entry) + ".wav", "x");
+        }
+    }
+    const auto files = makePosixFileManager();
+    int calls = 0;
+    std::size_t found = 0;
+    const auto counting = [&](const testing::SystemCall&) {
+        ++calls;
+        return std::optional<long>();
+    };
+    if (const auto reason = testing::withCallsAnswered(
+            {SYS_openat, SYS_close, SYS_getdents64, SYS_newfstatat, SYS_fstat, SYS_fcntl, SYS_getrandom}, counting,
+            [&] { found = measureProjects(*files, folder.path(), listFolder(*files, folder.path())).size(); })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(found, std::size_t{projects});
+    constexpr int identitiesDrawnAtOnce = 16;
+    EXPECT_LE(calls, projects * (1 + entries) + 4 * (1 + projects) + projects / identitiesDrawnAtOnce + 1);
 }
 
 TEST_F(FolderScanOnDisk, ListsAHundredThousandEntriesBesideAndInADataFolder) {
