@@ -68,9 +68,9 @@ void scan(benchmark::State& state) {
     const ProjectsFolder folder(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     const auto disk = makePosixFileManager();
     for (auto _ : state) {
-        auto projects = measureProjects(*disk, folder.path(), listFolder(*disk, folder.path()));
-        sortByName(projects, "en_US");
-        benchmark::DoNotOptimize(projects.data());
+        FolderListing listing = listFolder(*disk, folder.path());
+        sortByName(listing.projectFiles, "en_US");
+        benchmark::DoNotOptimize(measureProjects(*disk, folder.path(), listing).data());
     }
 }
 BENCHMARK(scan)->Args({50, 100})->Args({500, 100})->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -123,9 +123,12 @@ void rewrite(benchmark::State& state) {
 BENCHMARK(rewrite)->Arg(100)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 void order(benchmark::State& state) {
-    const auto projects = namedProjects(20'000, state.range(0) != 0);
+    std::vector<FolderListing::ProjectFile> files;
+    for (const auto& project : namedProjects(20'000, state.range(0) != 0)) {
+        files.push_back({project.baseName() + std::string(projectFileExtension), 0});
+    }
     for (auto _ : state) {
-        auto sorted = projects;
+        auto sorted = files;
         sortByName(sorted, "en_US");
         benchmark::DoNotOptimize(sorted.data());
     }

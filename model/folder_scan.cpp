@@ -38,8 +38,7 @@ MPCProject projectOf(const FileManager& fileManager, const std::filesystem::path
     std::optional<std::filesystem::path> dataFolder;
     std::int64_t count = 0;
     std::int64_t total = 0;
-    if (const auto expected = baseName + std::string(dataFolderSuffix);
-        std::ranges::binary_search(listing.dataFolderNames, expected)) {
+    if (const auto expected = baseName + std::string(dataFolderSuffix); listing.dataFolderNames.contains(expected)) {
         dataFolder = folder / expected;
         try {
             fileManager.contentsOfDirectory(*dataFolder, LinkPolicy::refuse, [&](const DirectoryEntry& entry) {
@@ -107,13 +106,24 @@ FolderListing listFolder(const FileManager& fileManager, const std::filesystem::
             listing.projectFiles.push_back({std::string(entry.name), entry.fileSize});
         }
         if (entry.isDirectory.value_or(false) && entry.name.find(dataFolderMark) != std::string_view::npos) {
-            listing.dataFolderNames.emplace_back(entry.name);
+            listing.dataFolderNames.emplace(entry.name);
         }
     });
-    auto& names = listing.dataFolderNames;
-    std::sort(names.begin(), names.end());
-    names.erase(std::unique(names.begin(), names.end()), names.end());
     return listing;
+}
+
+void sortByName(std::vector<FolderListing::ProjectFile>& files, std::string_view locale) {
+    std::vector<std::string_view> names;
+    names.reserve(files.size());
+    for (const auto& file : files) {
+        names.push_back(baseNameOf(file.name));
+    }
+    std::vector<FolderListing::ProjectFile> sorted;
+    sorted.reserve(files.size());
+    for (const std::size_t index : localizedCaseInsensitiveCompareOrder(names, locale)) {
+        sorted.push_back(std::move(files[index]));
+    }
+    files = std::move(sorted);
 }
 
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
@@ -129,20 +139,6 @@ std::vector<MPCProject> measureProjects(const FileManager& fileManager, const st
         projects.push_back(*std::move(project));
     }
     return projects;
-}
-
-void sortByName(std::vector<MPCProject>& projects, std::string_view locale) {
-    std::vector<std::string_view> names;
-    names.reserve(projects.size());
-    for (const auto& project : projects) {
-        names.push_back(project.baseName());
-    }
-    std::vector<MPCProject> sorted;
-    sorted.reserve(projects.size());
-    for (const std::size_t index : localizedCaseInsensitiveCompareOrder(names, locale)) {
-        sorted.push_back(std::move(projects[index]));
-    }
-    projects = std::move(sorted);
 }
 
 } // namespace tarvolt

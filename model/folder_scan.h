@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace tarvolt {
@@ -30,20 +31,21 @@ struct FolderListing {
         std::string name;
         std::optional<std::int64_t> fileSize;
     };
-    std::vector<ProjectFile> projectFiles;    ///< in listing order
-    std::vector<std::string> dataFolderNames; ///< distinct, sorted by bytes
+    std::vector<ProjectFile> projectFiles;
+    std::unordered_set<std::string> dataFolderNames;
 };
 
-/// Lists `folder`, one level deep. It may itself be a link; links in it are not followed. Throws FileError.
+/// Lists `folder`, one level deep, in the file system's order. It may itself be a link; links in it are not followed.
+/// Throws FileError.
 FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder);
 
-/// The projects of a listing, each paired with its data folder and measured, in listing order. What cannot be read
+/// Sorts by the projects' names, ascending, ignoring case by the rules of `locale`. Equal names keep their order.
+void sortByName(std::vector<FolderListing::ProjectFile>& files, std::string_view locale);
+
+/// The projects of a listing, in its order, each paired with its data folder and measured. What cannot be read
 /// counts as nothing. Throws only when memory or the random generator fails. Ends the process when a sum of sizes
 /// exceeds 64 bits. May use threads of its own, which end with the call.
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
                                         const FolderListing& listing);
-
-/// Sorts by name, ascending, ignoring case by the rules of `locale`. Equal names keep their order.
-void sortByName(std::vector<MPCProject>& projects, std::string_view locale);
 
 } // namespace tarvolt

@@ -34,13 +34,12 @@ std::string scanErrorText(const std::exception& failure) {
 MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::path& folder) {
     const Services& services = scanner.services();
     try {
-        const FolderListing listing = listFolder(*services.fileManager, folder);
+        FolderListing listing = listFolder(*services.fileManager, folder);
         scanner.log("Found " + std::to_string(listing.projectFiles.size()) + " .xpj file(s) and " +
                         std::to_string(listing.dataFolderNames.size()) + " data folder(s)",
                     false);
-        auto projects = measureProjects(*services.fileManager, folder, listing);
-        sortByName(projects, services.locale.collate);
-        return projects;
+        sortByName(listing.projectFiles, services.locale.collate);
+        return measureProjects(*services.fileManager, folder, listing);
     } catch (const std::exception& failure) {
         scanner.log(scanErrorText(failure), true);
         return {};
