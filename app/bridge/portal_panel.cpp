@@ -1,10 +1,13 @@
 #include "app/bridge/portal_panel.h"
 
+#include "app/bridge/wayland_export.h"
+
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QUrl>
@@ -12,7 +15,6 @@
 #include <QWindow>
 
 #include <system_error>
-#include <utility>
 
 namespace tarvolt {
 
@@ -38,6 +40,14 @@ bool isNoFolder(const std::filesystem::path& path) {
     return type != std::filesystem::file_type::directory && type != std::filesystem::file_type::none;
 }
 
+/// The name by which the portal finds the window that its panel belongs to; empty where there is none.
+QString portalName(QWindow* window, const QString& exported) {
+    if (window != nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
+        return QStringLiteral("x11:") + QString::number(window->winId(), 16);
+    }
+    return exported.isEmpty() ? QString() : QStringLiteral("wayland:") + exported;
+}
+
 } // namespace
 
 std::optional<std::filesystem::path> localPath(const QString& uri) {
@@ -54,101 +64,80 @@ std::optional<std::filesystem::path> localPath(const QString& uri) {
     return std::filesystem::path(path.toStdString());
 }
 
-PortalPanel::~PortalPanel() {
-    if (!request_.isEmpty()) {
-        bus_.send(QDBusMessage::createMethodCall(portal_, request_, request, QStringLiteral("Close")));
-    }
-}
-
-void PortalPanel::open(const FolderPanelSettings& settings, QWindow* window) {
+bool PortalPanel::run(const FolderPanelSettings& settings, QWindow* window) {
     auto question = QDBusMessage::createMethodCall(
         portalService, portalPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question << fileChooser << QStringLiteral("version");
-    ask(question, [this, settings, window](const QDBusMessage& reply) {
-        const auto version = reply.arguments().value(0).value<QDBusVariant>().variant();
-        if (version.toUInt() < leastVersion) {
-            end(true);
-        } else {
-            openFile(bus_.interface()->serviceOwner(portalService), settings, window);
-        }
-    });
-}
-
-void PortalPanel::ask(const QDBusMessage& question, const Answer& answer) {
-    if (!bus_.isConnected()) {
-        QMetaObject::invokeMethod(
-            this, [this] { end(true); }, Qt::QueuedConnection);
-        return;
+    const QDBusMessage reply = replyTo(question);
+    if (reply.type() == QDBusMessage::InvalidMessage) {
+        return true;
     }
-    const auto* call = new QDBusPendingCallWatcher(bus_.asyncCall(question, answerLimit), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, answer](const QDBusPendingCallWatcher* finished) {
-        const QDBusMessage reply = finished->reply();
-        if (reply.type() == QDBusMessage::ReplyMessage) {
-            answer(reply);
-        } else {
-            end(true);
-        }
-    });
+    const auto version = reply.arguments().value(0).value<QDBusVariant>().variant();
+    return version.toUInt() >= leastVersion &&
+           openFile(bus_.interface()->serviceOwner(portalService), settings, window);
 }
 
-void PortalPanel::openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window) {
-    portal_ = portal;
+/// Invalid if the loop was told to quit before there was a reply.
+QDBusMessage PortalPanel::replyTo(const QDBusMessage& question) {
+    if (!bus_.isConnected()) {
+        return QDBusMessage::createError(QDBusError::Disconnected, QString());
+    }
+    const QDBusPendingCallWatcher call(bus_.asyncCall(question, answerLimit));
+    connect(&call, &QDBusPendingCallWatcher::finished, &loop_, &QEventLoop::quit);
+    loop_.exec();
+    return call.reply();
+}
+
+bool PortalPanel::openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window) {
     const QString token = QStringLiteral("tarvolt") + QUuid::createUuid().toString(QUuid::Id128);
     // The portal derives this path from the token. The answer may arrive before the call returns, so listen first.
-    request_ = QStringLiteral("%1/request/%2/%3")
-                   .arg(portalPath, bus_.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_')), token);
-    bus_.connect(portal_, request_, request, QStringLiteral("Response"), this, SLOT(takeResponse(QDBusMessage)));
-    watcher_.setConnection(bus_);
-    watcher_.addWatchedService(portal_);
-    connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { end(true); });
+    const QString path =
+        QStringLiteral("%1/request/%2/%3")
+            .arg(portalPath, bus_.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_')), token);
+    bus_.connect(portal, path, request, QStringLiteral("Response"), this, SLOT(takeResponse(QDBusMessage)));
+    const QDBusServiceWatcher watcher(portal, bus_, QDBusServiceWatcher::WatchForUnregistration);
+    connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this] { takeResponse(QDBusMessage::createError(QDBusError::ServiceUnknown, QString())); });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
             [this](const QWindow* active) { wasShown_ = wasShown_ || active == nullptr; });
 
-    auto call = QDBusMessage::createMethodCall(portal_, portalPath, fileChooser, QStringLiteral("OpenFile"));
-    call << portalName(window) << QString::fromStdString(settings.message)
+    const WaylandExport exported(window);
+    auto call = QDBusMessage::createMethodCall(portal, portalPath, fileChooser, QStringLiteral("OpenFile"));
+    call << portalName(window, exported.handle()) << QString::fromStdString(settings.message)
          << QVariantMap{{QStringLiteral("handle_token"), token},
                         {QStringLiteral("accept_label"), QString::fromStdString(settings.prompt)},
                         {QStringLiteral("modal"), true},
                         {QStringLiteral("multiple"), settings.allowsMultipleSelection},
                         {QStringLiteral("directory"), settings.canChooseDirectories}};
-    ask(call, [this](const QDBusMessage& reply) {
-        if (reply.arguments().value(0).value<QDBusObjectPath>().path() != request_) {
-            end(true);
-        }
-    });
-}
-
-/// The name by which the portal finds the window that its panel belongs to.
-QString PortalPanel::portalName(QWindow* window) {
-    if (window != nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
-        return QStringLiteral("x11:") + QString::number(window->winId(), 16);
+    const QDBusMessage reply = replyTo(call);
+    const bool isOpen = reply.arguments().value(0).value<QDBusObjectPath>().path() == path;
+    if (isOpen && !response_) {
+        loop_.exec();
     }
-    export_.emplace(window);
-    return export_->handle().isEmpty() ? QString() : QStringLiteral("wayland:") + export_->handle();
+    if (response_) {
+        return takeFolder();
+    }
+    bus_.send(QDBusMessage::createMethodCall(portal, path, request, QStringLiteral("Close")));
+    return isOpen || reply.type() == QDBusMessage::InvalidMessage;
 }
 
 void PortalPanel::takeResponse(const QDBusMessage& response) {
-    request_.clear();
-    if (response.signature() != QStringLiteral("ua{sv}")) {
-        end(true);
-        return;
-    }
-    const uint code = response.arguments().at(0).toUInt();
-    if (code == choseSomething) {
-        const auto results = qdbus_cast<QVariantMap>(response.arguments().at(1));
-        folder_ = localPath(results.value(QStringLiteral("uris")).toStringList().value(0));
-        end(!folder_ || isNoFolder(*folder_));
-    } else {
-        // A panel that was closed by its frame and one that never appeared have the same code.
-        end(code != cancelled && !wasShown_);
-    }
+    response_ = response_.value_or(response);
+    loop_.quit();
 }
 
-void PortalPanel::end(bool failed) {
-    if (!std::exchange(hasEnded_, true)) {
-        failed_ = failed;
-        emit ended();
+bool PortalPanel::takeFolder() {
+    if (response_->signature() != QStringLiteral("ua{sv}")) {
+        return false;
     }
+    const uint code = response_->arguments().at(0).toUInt();
+    if (code != choseSomething) {
+        // A panel that was closed by its frame and one that never appeared have the same code.
+        return code == cancelled || wasShown_;
+    }
+    const auto results = qdbus_cast<QVariantMap>(response_->arguments().at(1));
+    folder_ = localPath(results.value(QStringLiteral("uris")).toStringList().value(0));
+    return folder_ && !isNoFolder(*folder_);
 }
 
 } // namespace tarvolt

@@ -1,62 +1,47 @@
 #pragma once
 
-#include "app/bridge/wayland_export.h"
 #include "model/folder_panel.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusServiceWatcher>
+#include <QEventLoop>
 #include <QObject>
 #include <QString>
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 
 class QWindow;
 
 namespace tarvolt {
 
-/// The folder panel of the desktop's portal, which runs in another process. An object asks once and closes its panel
-/// when it is destroyed. Main thread.
+/// The folder panel of the desktop's portal, which runs in another process. An object asks once. Main thread.
 class PortalPanel final : public QObject {
     Q_OBJECT
 
 public:
-    PortalPanel() = default;
-    ~PortalPanel() override;
+    /// `loop` runs while the portal is waited for; it outlives the panel.
+    explicit PortalPanel(QEventLoop& loop) : loop_(loop) {}
 
-    /// Returns at once. `ended` is emitted later, from the event loop: when there is an answer, or when none can come.
-    void open(const FolderPanelSettings& settings, QWindow* window);
+    /// Returns when there is an answer, when none can come, or when `loop` was told to quit, which closes the panel.
+    /// False: the portal is missing, too old or broken, so no answer is the person's.
+    bool run(const FolderPanelSettings& settings, QWindow* window);
 
-    /// After `ended`: the portal is missing, too old or broken, so no answer is the person's.
-    bool hasFailed() const { return failed_; }
-
-    /// After `ended` without a failure: the folder chosen, or none if the person cancelled.
+    /// After `run` has succeeded: the folder chosen, or none if the person cancelled or the panel was closed.
     const std::optional<std::filesystem::path>& folder() const { return folder_; }
-
-signals:
-    void ended();
 
 private slots:
     void takeResponse(const QDBusMessage& response);
 
 private:
-    using Answer = std::function<void(const QDBusMessage&)>;
+    QDBusMessage replyTo(const QDBusMessage& question);
+    bool openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window);
+    bool takeFolder();
 
-    void ask(const QDBusMessage& question, const Answer& answer);
-    void openFile(const QString& portal, const FolderPanelSettings& settings, QWindow* window);
-    QString portalName(QWindow* window);
-    void end(bool failed);
-
+    QEventLoop& loop_;
     QDBusConnection bus_ = QDBusConnection::sessionBus();
-    QDBusServiceWatcher watcher_;
-    QString portal_;  ///< the portal's unique name on the bus
-    QString request_; ///< the object path of the open panel; empty while none is open
-    std::optional<WaylandExport> export_;
+    std::optional<QDBusMessage> response_; ///< the first one; an error once the portal has vanished
     bool wasShown_ = false;
-    bool hasEnded_ = false;
-    bool failed_ = false;
     std::optional<std::filesystem::path> folder_;
 };
 

@@ -17,11 +17,8 @@ std::optional<std::filesystem::path> QtFolderPanel::runModal(const FolderPanelSe
     QEventLoop loop;
     waiting_ = &loop;
     {
-        PortalPanel portal;
-        QObject::connect(&portal, &PortalPanel::ended, &loop, &QEventLoop::quit);
-        portal.open(settings, window_);
-        loop.exec();
-        if (!portal.hasFailed()) {
+        PortalPanel portal(loop);
+        if (portal.run(settings, window_)) {
             return portal.folder();
         }
     }
