@@ -1,6 +1,5 @@
 #include "app/bridge/project_list_model.h"
 
-#include "app/bridge/qt_text.h"
 #include "app/bridge/tell_once.h"
 #include "app/sections/list_texts.h"
 #include "foundation/byte_count_formatter.h"
@@ -63,28 +62,21 @@ ProjectListModel::ProjectListModel(std::shared_ptr<ContentView> view, SheetBridg
 
 void ProjectListModel::refresh() {
     if (std::exchange(rowsOutdated_, false)) {
-        showProjects(view_->filteredProjects());
+        if (auto projects = view_->filteredProjects(); projects != projects_) {
+            beginResetModel();
+            projects_ = std::move(projects);
+            endResetModel();
+        }
     }
-    highlight(view_->successProject.get());
+    const auto renamed = view_->successProject.get();
+    if (std::exchange(renamed_, renamed) != renamed && !projects_.empty()) {
+        emit dataChanged(index(0), index(rowCount() - 1));
+    }
     emit changed();
     if (std::exchange(searched_, false)) {
         emit newsTold(displayString(projectCountText(rowCount(), locale_)));
     }
     leadToRenamed();
-}
-
-void ProjectListModel::showProjects(std::vector<MPCProject> projects) {
-    if (projects != projects_) {
-        beginResetModel();
-        projects_ = std::move(projects);
-        endResetModel();
-    }
-}
-
-void ProjectListModel::highlight(std::optional<UUID> renamed) {
-    if (std::exchange(renamed_, renamed) != renamed && !projects_.empty()) {
-        emit dataChanged(index(0), index(rowCount() - 1));
-    }
 }
 
 void ProjectListModel::leadToRenamed() {
@@ -94,10 +86,6 @@ void ProjectListModel::leadToRenamed() {
         view_->listedName.set(std::nullopt);
         emit renamedProjectListed(firstRow(projects_, *name, &MPCProject::baseName), view_->searchHides(*name));
     }
-}
-
-QString ProjectListModel::searchText() const {
-    return fieldString(view_->searchText.get());
 }
 
 void ProjectListModel::setSearchText(const QString& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/bridge/qt_text.h"
 #include "app/bridge/sheet_bridge.h"
 #include "app/content_view.h"
 
@@ -28,7 +29,7 @@ public:
     /// `sheet` is what `beginRename` opens; it must outlive the model.
     ProjectListModel(std::shared_ptr<ContentView> view, SheetBridge& sheet);
 
-    QString searchText() const;
+    QString searchText() const { return fieldString(view_->searchText.get()); }
     bool showsSearchBar() const { return view_->showsSearchBar(); }
     void setSearchText(const QString& text);
 
@@ -57,8 +58,6 @@ signals:
 
 private:
     void refresh();
-    void showProjects(std::vector<MPCProject> projects);
-    void highlight(std::optional<UUID> renamed);
     void leadToRenamed();
 
     const std::shared_ptr<ContentView> view_;

@@ -25,20 +25,6 @@ QString onOneLine(QString text) {
     return text;
 }
 
-} // namespace
-
-QString displayString(std::string_view bytes) {
-    // The toolkit's plain conversion would drop a byte-order mark at the start, which a name may well have.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    return decoder(QByteArray::fromStdString(displayText(bytes)));
-}
-
-QString singleLineString(std::string_view bytes) {
-    return onOneLine(displayString(bytes));
-}
-
-namespace {
-
 // A surrogate without its partner is kept as three bytes, which are no UTF-8, so that nobody further on takes it for
 // another character.
 
@@ -83,6 +69,16 @@ QString editableString(std::string_view bytes) {
 }
 
 } // namespace
+
+QString displayString(std::string_view bytes) {
+    // The toolkit's plain conversion would drop a byte-order mark at the start, which a name may well have.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(QByteArray::fromStdString(displayText(bytes)));
+}
+
+QString singleLineString(std::string_view bytes) {
+    return onOneLine(displayString(bytes));
+}
 
 QString fieldString(std::string_view bytes) {
     return onOneLine(editableString(bytes));

@@ -1,8 +1,6 @@
 #include "app/bridge/sheet_bridge.h"
 
-#include "app/bridge/qt_text.h"
 #include "app/bridge/tell_once.h"
-#include "app/sections/sheet_texts.h"
 
 #include <utility>
 
@@ -29,33 +27,9 @@ QString SheetBridge::currentNameText() const {
     return shown() ? singleLineString(tarvolt::currentNameText(*shown())) : QString();
 }
 
-QString SheetBridge::newName() const {
-    return fieldString(view_->newName.get());
-}
-
 PreviewRow SheetBridge::previewRow(std::size_t index) const {
     const auto rows = shown() ? previewRows(*shown(), view_->newName.get()) : std::vector<PreviewRow>();
     return index < rows.size() ? rows[index] : PreviewRow{};
-}
-
-QString SheetBridge::oldFileName() const {
-    return singleLineString(previewRow(0).oldText);
-}
-
-QString SheetBridge::newFileName() const {
-    return singleLineString(previewRow(0).newText);
-}
-
-QString SheetBridge::oldFolderName() const {
-    return singleLineString(previewRow(1).oldText);
-}
-
-QString SheetBridge::newFolderName() const {
-    return singleLineString(previewRow(1).newText);
-}
-
-QString SheetBridge::alertMessage() const {
-    return displayString(view_->alertMessage());
 }
 
 void SheetBridge::begin(const MPCProject& project) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "app/bridge/qt_text.h"
 #include "app/content_view.h"
+#include "app/sections/sheet_texts.h"
 
 #include <QObject>
 #include <QString>
@@ -11,8 +13,6 @@
 #include <vector>
 
 namespace tarvolt {
-
-struct PreviewRow;
 
 /// The rename sheet and the alert over it, as QML sees them. Every property is computed from the state, but the project
 /// is kept while the sheet fades out. `textsChanged` and `openChanged` are emitted immediately after each call made
@@ -38,14 +38,14 @@ public:
 
     bool open() const { return view_->renamingProject.get().has_value(); }
     QString currentNameText() const;
-    QString newName() const;
+    QString newName() const { return fieldString(view_->newName.get()); }
     bool offersRename() const { return shown() && view_->offersRename(*shown()); }
-    QString oldFileName() const;
-    QString newFileName() const;
-    QString oldFolderName() const; ///< empty without a data folder
-    QString newFolderName() const;
+    QString oldFileName() const { return singleLineString(previewRow(0).oldText); }
+    QString newFileName() const { return singleLineString(previewRow(0).newText); }
+    QString oldFolderName() const { return singleLineString(previewRow(1).oldText); } ///< empty without a data folder
+    QString newFolderName() const { return singleLineString(previewRow(1).newText); }
     bool alertOpen() const { return view_->showError.get(); }
-    QString alertMessage() const;
+    QString alertMessage() const { return displayString(view_->alertMessage()); }
 
     /// Opens the sheet for `project`. Ignored while a sheet, alert or panel is open.
     void begin(const MPCProject& project);
