@@ -69,38 +69,26 @@ ListView {
         }
     }
 
-    Keys.onDownPressed: event => event.accepted = root.moveBy(1)
-    Keys.onUpPressed: event => event.accepted = root.moveBy(-1)
-    Keys.onPressed: event => {
-        switch (event.key) {
-        case Qt.Key_PageDown:
-            event.accepted = root.moveBy(root.rowsInSight);
-            break;
-        case Qt.Key_PageUp:
-            event.accepted = root.moveBy(-root.rowsInSight);
-            break;
-        case Qt.Key_Home:
-            event.accepted = root.goTo(0);
-            break;
-        case Qt.Key_End:
-            event.accepted = root.goTo(root.count - 1);
-            break;
-        default:
-            event.accepted = false;
-        }
-    }
     // From the last row Tab leaves the list, as it does backwards from the first.
-    Keys.onTabPressed: event => event.accepted = root.moveBy(1)
-    Keys.onBacktabPressed: event => event.accepted = root.moveBy(-1)
-
-    function moveBy(distance: int): bool {
-        return (root.from >= 0 || distance > 0) && root.goTo(root.from + distance);
+    Keys.onPressed: event => {
+        const goTo = new Map([
+            [Qt.Key_Down, root.from + 1],
+            [Qt.Key_Tab, root.from + 1],
+            [Qt.Key_Up, root.from - 1],
+            [Qt.Key_Backtab, root.from - 1],
+            [Qt.Key_PageDown, root.from + root.rowsInSight],
+            [Qt.Key_PageUp, root.from - root.rowsInSight],
+            [Qt.Key_Home, 0],
+            [Qt.Key_End, root.count - 1]
+        ]);
+        event.accepted = goTo.has(event.key) && root.goTo(goTo.get(event.key));
     }
 
     // Whether there was another row to go to.
     function goTo(wanted: int): bool {
         const row = Math.max(0, Math.min(root.count - 1, wanted));
-        if (root.count === 0 || row === root.from)
+        const before = root.from < 0 && wanted < 0;
+        if (root.count === 0 || row === root.from || before)
             return false;
         root.focusRow(row);
         return true;
@@ -133,10 +121,5 @@ ListView {
             root.currentItem.focus = false;
         root.currentIndex = -1;
         root.forceActiveFocus(Qt.OtherFocusReason);
-    }
-
-    function stopResting(): void {
-        root.resting = false;
-        root.handOnFocus();
     }
 }

@@ -23,7 +23,8 @@ FocusScope {
     onSearchGoneChanged: {
         if (searchGone && searchAwaited) {
             searchAwaited = false;
-            list.stopResting();
+            list.resting = false;
+            list.handOnFocus();
         }
     }
 
