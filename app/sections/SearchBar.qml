@@ -61,12 +61,10 @@ Item {
         cursorShape: Qt.IBeamCursor
     }
 
-    BoxItem {
+    FocusRing {
         objectName: "searchFocus"
-        anchors.fill: parent
-        radius: fill.radius
-        borderWidth: Theme.focusWidth
-        borderColor: Theme.orange
+        gap: -thickness
+        innerRadius: fill.radius
         visible: field.inUse
     }
 }
