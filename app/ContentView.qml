@@ -83,13 +83,12 @@ T.ApplicationWindow {
     }
 
     AlertPanel {
-        objectName: "failureAlert"
         visible: root.view.sheet.alertOpen
         title: qsTr("Rename Failed")
         message: root.view.sheet.alertMessage
         button: qsTr("OK")
         onDismissed: root.view.sheet.dismissAlert()
-        onAboutToHide: sheet.focusField()
+        onAboutToHide: sheet.form.focusField()
     }
 
     PanelCover {
@@ -100,7 +99,6 @@ T.ApplicationWindow {
 
     // Shown only to someone who stays in this window: the panel has not opened, or is hidden behind other windows.
     AlertPanel {
-        objectName: "panelNotice"
         visible: lostPanel.late
         scrim: "transparent"
         title: qsTr("Waiting for a Folder")

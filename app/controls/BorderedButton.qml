@@ -1,13 +1,9 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tarvolt
 
 // The platform's usual button: a raised face with a thin border. Small ones stand in rows; with a symbol it has no
 // text.
 PressButton {
-    id: root
-
     property bool small: false
 
     implicitHeight: small ? Math.round(Math.max(24, Theme.lineRatio * Theme.captionPixels + 10)) : Theme.buttonHeight

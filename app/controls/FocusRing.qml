@@ -1,12 +1,8 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tarvolt
 
 // Goes around what has the keyboard focus.
 BoxItem {
-    id: root
-
     required property real innerRadius
     property real gap: 2
     property real thickness: Theme.focusWidth

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tarvolt
 
@@ -7,8 +5,6 @@ import Tarvolt
 // stretched between them. It grows along a bell curve from two sigmas outside the panel to two inside. The picture is
 // not an SVG, whose size the toolkit multiplies by the scale before it cuts it into parts.
 BorderImage {
-    id: root
-
     property bool wide: false
     readonly property int reach: wide ? 44 : 8
     readonly property int drop: wide ? 16 : 2

@@ -1,12 +1,8 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tarvolt
 
 // The one main action of a view: filled with the tint. Large ones carry a symbol beside their text.
 PressButton {
-    id: root
-
     property bool large: false
 
     implicitHeight: large ? implicitContentHeight + 2 * 10 : Theme.buttonHeight

@@ -1,13 +1,9 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tarvolt
 
 // A text as it stands, never taken for markup, on the left in whatever script it is. Read out unless it is part of
 // something that speaks for it.
 Text {
-    id: root
-
     property bool silent: false
 
     font: Theme.body

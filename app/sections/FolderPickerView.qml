@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Tarvolt
@@ -10,7 +8,6 @@ ColumnLayout {
 
     signal folderWanted
 
-    objectName: "folderPickerView"
     spacing: 16
 
     Item {

@@ -4,10 +4,7 @@ import Tarvolt
 
 // Keeps all input from the window while the folder panel, which is a separate window, is open.
 T.Popup {
-    id: root
-
     parent: T.Overlay.overlay
-    objectName: "panelCover"
     modal: true
     dim: true
     focus: true

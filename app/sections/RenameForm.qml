@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
@@ -37,7 +35,6 @@ FocusScope {
         // With a large font not even a little of the preview has room: then all of this scrolls as one.
         Flickable {
             id: area
-            objectName: "sheetArea"
             Layout.fillWidth: true
             Layout.fillHeight: true
             clip: contentHeight > height

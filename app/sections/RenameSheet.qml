@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tarvolt
 
@@ -11,7 +9,6 @@ ModalPanel {
     property real rise: 0
     readonly property RenameForm form: contentItem as RenameForm
 
-    objectName: "renameSheet"
     title: form.title
     width: 480
     height: 380
@@ -22,10 +19,6 @@ ModalPanel {
     timeOut: Theme.still(120)
     y: Math.round((parent.height - height) / 2 + rise)
     onAboutToShow: root.form.selectName()
-
-    function focusField(): void {
-        root.form.focusField();
-    }
 
     enter: Transition {
         NumberAnimation {
