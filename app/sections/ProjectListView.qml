@@ -31,6 +31,7 @@ FocusScope {
 
         // The log tells of the rename two turns of the event loop later; a screen reader should announce that first.
         function onRenamed(): void {
+            list.focus = false; // Until then, no row takes a key.
             Qt.callLater(() => Qt.callLater(list.rest, false)); // qmllint disable
         }
 

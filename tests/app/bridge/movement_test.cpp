@@ -149,11 +149,21 @@ public:
     }
 };
 
-TEST_F(MovementTest, IsOffIfTheSystemAsksForReducedMotion) {
+/// The window where the system asks for no movement.
+class ReducedMotionTest : public MovementTest {
+protected:
+    ReducedMotionTest() {
+        QApplication::setStyle(new StillStyle(usual));
+        QEvent fontChange(QEvent::ApplicationFontChange); // The window then asks the system again.
+        QCoreApplication::sendEvent(qApp, &fontChange);
+    }
+
+    ~ReducedMotionTest() override { QApplication::setStyle(usual); }
+
     const QString usual = QApplication::style()->name();
-    QApplication::setStyle(new StillStyle(usual));
-    QEvent fontChange(QEvent::ApplicationFontChange); // The window then asks the system again.
-    QCoreApplication::sendEvent(qApp, &fontChange);
+};
+
+TEST_F(ReducedMotionTest, NothingMoves) {
     failRename();
     clock->begin();
     EXPECT_TRUE(isOpaque("alertForm"));
@@ -169,7 +179,28 @@ TEST_F(MovementTest, IsOffIfTheSystemAsksForReducedMotion) {
     clock->begin();
     clock->move(100);
     EXPECT_EQ(w.find("spinnerQuarter")->property("angle").toDouble(), 0);
-    QApplication::setStyle(usual);
+}
+
+TEST_F(ReducedMotionTest, ReturnAfterARenameDoesNothingUntilTheListIsUpdated) {
+    for (int turns = 0; turns < 6; ++turns) {
+        w.find("rowButton")->forceActiveFocus(Qt::TabFocusReason);
+        openSheet();
+        end();
+        w.bridge->sheet()->setNewName(QStringLiteral("Name %1").arg(turns));
+        w.bridge->sheet()->submitNewName();
+        ASSERT_FALSE(w.bridge->sheet()->open());
+        for (int turn = 0; turn < turns; ++turn) {
+            QCoreApplication::processEvents();
+        }
+        // Pressed while the window was busy with the rename. QTest would let more turns pass.
+        QKeyEvent pressed(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(w.window, &pressed);
+        end();
+        EXPECT_FALSE(w.bridge->sheet()->open()) << "after " << turns << " turns of the event loop";
+        w.bridge->sheet()->cancelRename();
+        w.scene.mainQueue->advance(std::chrono::milliseconds(500));
+        w.settle();
+    }
 }
 
 } // namespace
