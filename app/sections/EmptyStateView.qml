@@ -38,9 +38,9 @@ ColumnLayout {
     }
 
     TextLabel {
-        id: explanation
         objectName: "emptyText"
         Layout.alignment: Qt.AlignHCenter
+        Accessible.role: Accessible.Notification
         text: qsTr("Make sure you selected the folder that\ndirectly contains your .xpj files.")
         color: Theme.secondaryEightTenths
         opacity: Theme.noteOpacity
@@ -54,7 +54,6 @@ ColumnLayout {
         Layout.alignment: Qt.AlignHCenter
         Layout.topMargin: 8
         text: qsTr("Choose Different Folder")
-        spokenDetails: explanation.text
         onClicked: root.folderWanted()
     }
 

@@ -108,13 +108,22 @@ class Listener(case.WindowTest):
         self.program.key("Return")
         self.sheetField("Sketch 014")
 
+    def news(self):
+        """The notifications that appear from now on, a function that gives their names."""
+        events = self.hear("object:state-changed:showing")
+        return lambda: [each.name for _, shows, each in events if shows and each.role == "notification" and each.name]
+
+    def testIsToldOnceWhatToDoWithoutProjects(self):
+        news = self.news()
+        empty = self.desktop.home / "Empty"
+        empty.mkdir()
+        self.choose(empty)
+        advice = "Make sure you selected the folder that\ndirectly contains your .xpj files."
+        self.told(lambda: {advice, "Scan complete: 0 project(s)"} <= set(news()), "the end of the scan and what to do")
+        self.assertEqual(news().count(advice), 1)
+
     def testIsToldOnceWhatTheWindowShows(self):
-        showing = "object:state-changed:showing"
-        events = self.hear(showing)
-
-        def news():
-            return [each.name for _, shows, each in events if shows and each.role == "notification" and each.name]
-
+        news = self.news()
         self.choose(self.folder)
         self.told(lambda: "Scan complete: 8 project(s)" in news(), "the end of the scan")
         self.assertEqual(news().count("Scan complete: 8 project(s)"), 1)
