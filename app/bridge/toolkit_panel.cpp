@@ -24,8 +24,6 @@
 #include <QTreeView>
 #include <QWindow>
 
-#include <array>
-
 namespace tarvolt {
 
 namespace {
@@ -48,20 +46,22 @@ constexpr int listShade = 108;
 } // namespace
 
 ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window, FontForText fontForText)
-    : field_(findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))), refusal_(new QLabel(this)) {
+    : field_(findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))), refusal_(new QLabel(this)),
+      lookIn_(findChild<QComboBox*>(QStringLiteral("lookInCombo"))),
+      lists_({findChild<QAbstractItemView*>(QStringLiteral("sidebar")), findChild<QTreeView*>(), lookIn_->view(),
+              field_->completer()->popup()}) {
     setFileMode(Directory);
     setOption(ShowDirsOnly);
     setOption(ReadOnly);
     // Assistive technology cannot tell the folders of the other view apart.
     setViewMode(Detail);
     setSidebarUrls(panelPlaces());
-    const QString prompt = QString::fromStdString(settings.prompt);
-    setWindowTitle(prompt);
-    takeAwayWhatChanges();
-    replaceButtons(prompt);
+    setWindowTitle(QString::fromStdString(settings.prompt));
+    takeAwayButtons();
+    replaceButtons();
     layOut(QString::fromStdString(settings.message));
     colour(window);
-    drawNames(fontForText);
+    setUpNames(fontForText);
     connect(field_, &QLineEdit::textChanged, this, [this] { setRefusal({}); });
     winId();
     windowHandle()->setTransientParent(window);
@@ -111,13 +111,7 @@ void ToolkitPanel::setRefusal(const QString& text) {
     field_->setAccessibleDescription(text);
 }
 
-/// Read-only disables renaming, deleting and creating. A folder dragged to a file manager would still be moved there.
-void ToolkitPanel::takeAwayWhatChanges() {
-    for (QAbstractItemView* view : findChildren<QAbstractItemView*>()) {
-        view->setContextMenuPolicy(Qt::PreventContextMenu);
-        view->setDragDropMode(QAbstractItemView::NoDragDrop);
-        view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    }
+void ToolkitPanel::takeAwayButtons() {
     for (const char* name :
          {"newFolderButton", "listModeButton", "detailModeButton", "fileTypeLabel", "fileTypeCombo"}) {
         findChild<QWidget*>(QLatin1String(name))->hide();
@@ -125,14 +119,14 @@ void ToolkitPanel::takeAwayWhatChanges() {
 }
 
 /// The toolkit disables its own button for every name that selectedFiles() does not find.
-void ToolkitPanel::replaceButtons(const QString& prompt) {
+void ToolkitPanel::replaceButtons() {
     auto* box = findChild<QDialogButtonBox*>();
     box->setStandardButtons(QDialogButtonBox::NoButton);
-    box->addButton(prompt, QDialogButtonBox::AcceptRole);
+    box->addButton(windowTitle(), QDialogButtonBox::AcceptRole);
     box->addButton(QDialogButtonBox::Cancel)->setIcon({});
     // Plain arrows take the colour of the text, so they suit light and dark; a style's pictograms do not.
-    const std::array<std::pair<const char*, Qt::ArrowType>, 3> arrows{
-        {{"backButton", Qt::LeftArrow}, {"forwardButton", Qt::RightArrow}, {"toParentButton", Qt::UpArrow}}};
+    const QList<std::pair<const char*, Qt::ArrowType>> arrows{
+        {"backButton", Qt::LeftArrow}, {"forwardButton", Qt::RightArrow}, {"toParentButton", Qt::UpArrow}};
     for (const auto& [name, arrow] : arrows) {
         findChild<QToolButton*>(QLatin1String(name))->setArrowType(arrow);
     }
@@ -159,14 +153,21 @@ void ToolkitPanel::layOut(const QString& message) {
     static_cast<QGridLayout*>(layout())->addWidget(refusal_, refusalRow, 1);
 }
 
-void ToolkitPanel::drawNames(FontForText fontForText) {
-    findChild<QTreeView*>()->setItemDelegate(new NameDelegate(fontForText, this));
+/// Read-only disables renaming, deleting and creating. A folder dragged to a file manager would still be moved there.
+void ToolkitPanel::setUpNames(FontForText fontForText) {
+    auto* delegate = new NameDelegate(fontForText, this);
+    for (QAbstractItemView* list : lists_) {
+        list->setContextMenuPolicy(Qt::PreventContextMenu);
+        list->setDragDropMode(QAbstractItemView::NoDragDrop);
+        list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        list->setItemDelegate(delegate);
+    }
     const auto draw = [this, fontForText](QWidget* widget) {
         return [=, this](const QString& text) { widget->setFont(fontForText(font(), text)); };
     };
-    auto* lookIn = findChild<QComboBox*>(QStringLiteral("lookInCombo"));
-    draw(lookIn)(lookIn->currentText());
-    connect(lookIn, &QComboBox::currentTextChanged, lookIn, draw(lookIn));
+    lookIn_->setIconSize({0, 0});
+    draw(lookIn_)(lookIn_->currentText());
+    connect(lookIn_, &QComboBox::currentTextChanged, lookIn_, draw(lookIn_));
     connect(field_, &QLineEdit::textChanged, field_, draw(field_));
 }
 
@@ -181,16 +182,13 @@ void ToolkitPanel::colour(QWindow* window) {
     colours.setColor(QPalette::Highlight, ofWindow("highlight"));
     colours.setColor(QPalette::HighlightedText, ofWindow("highlightedText"));
     setPalette(colours);
-    field_->completer()->popup()->setPalette(colours);
-    findChild<QComboBox*>(QStringLiteral("lookInCombo"))->view()->setPalette(colours);
     // Fields and lists draw nothing but their edges in this role. The lists' scroll bars keep the window's palette.
     const QColor edge = ofWindow("mid").lighter(edgeShade);
     QPalette edged = colours;
     edged.setColor(QPalette::Window, edge);
     field_->setPalette(edged);
     edged.setColor(QPalette::Window, edge.darker(listShade));
-    for (const char* name : {"sidebar", "treeView"}) {
-        auto* list = findChild<QAbstractItemView*>(QLatin1String(name));
+    for (QAbstractItemView* list : lists_) {
         list->setPalette(edged);
         list->verticalScrollBar()->setPalette(colours);
     }

@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QFileDialog>
 
+class QAbstractItemView;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QWindow;
@@ -28,15 +30,17 @@ public:
 
 private:
     QString namedFolder() const;
-    void takeAwayWhatChanges();
-    void replaceButtons(const QString& prompt);
+    void takeAwayButtons();
+    void replaceButtons();
     void layOut(const QString& message);
     void colour(QWindow* window);
-    void drawNames(FontForText fontForText);
+    void setUpNames(FontForText fontForText);
     void setRefusal(const QString& text);
 
     QLineEdit* field_;
     QLabel* refusal_;
+    QComboBox* lookIn_;
+    const QList<QAbstractItemView*> lists_;
     QElapsedTimer opened_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -124,11 +125,12 @@ TEST_F(ToolkitPanelTest, DrawsNamesCharacterByCharacter) {
     panel.setFont(font);
     panel.setDirectory(makeFolder("0x12"));
     makeFolder("0x12/3x4");
+    panel.setSidebarUrls({QUrl::fromLocalFile(folder.filePath("0x12"))});
     field->setText("0x12");
     auto* list = panel.findChild<QTreeView*>(QStringLiteral("treeView"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
     font.setStyleStrategy(QFont::PreferNoShaping);
-    for (const char* name : {"fileNameEdit", "treeView", "lookInCombo"}) {
+    for (const char* name : {"fileNameEdit", "treeView", "sidebar", "lookInCombo"}) {
         auto* part = panel.findChild<QWidget*>(QLatin1String(name));
         const QImage drawn = part->grab().toImage();
         part->setFont(font);
@@ -136,6 +138,25 @@ TEST_F(ToolkitPanelTest, DrawsNamesCharacterByCharacter) {
     }
     field->setText(QStringLiteral("\u0645\u0634\u0631\u0648\u0639"));
     EXPECT_FALSE(field->font().styleStrategy() & QFont::PreferNoShaping) << "letters that join";
+}
+
+TEST_F(ToolkitPanelTest, ShowsNoPictograms) {
+    makeFolder("Projects");
+    field->setText(folder.path() + "/P");
+    const auto* list = panel.findChild<QTreeView*>(QStringLiteral("treeView"));
+    auto* lookIn = panel.findChild<QComboBox*>(QStringLiteral("lookInCombo"));
+    auto* completions = field->completer()->popup();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return list->model()->rowCount(list->rootIndex()) == 1 && completions->model()->rowCount() > 0; }));
+    for (QWidget* part : {panel.findChild<QWidget*>("treeView"), panel.findChild<QWidget*>("sidebar"),
+                          static_cast<QWidget*>(lookIn), lookIn->view()->viewport(), completions->viewport()}) {
+        const QImage drawn = part->grab().toImage();
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x) {
+                ASSERT_EQ(drawn.pixelColor(x, y).saturation(), 0) << part->metaObject()->className() << x << " " << y;
+            }
+        }
+    }
 }
 
 TEST(ToolkitPanelLookTest, FitsOnTheScreenWhateverTheFont) {
