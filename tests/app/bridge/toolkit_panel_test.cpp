@@ -22,6 +22,12 @@
 namespace tarvolt {
 namespace {
 
+QElapsedTimer started() {
+    QElapsedTimer timer;
+    timer.start();
+    return timer;
+}
+
 class ToolkitPanelTest : public ::testing::Test {
 protected:
     ToolkitPanelTest() {
@@ -44,18 +50,17 @@ protected:
     }
 
     const QTemporaryDir folder;
+    const QElapsedTimer sinceBefore = started(); ///< runs from before the panel is made
     ToolkitPanel panel{{.message = {}, .prompt = "Select Folder"}, nullptr, &PlatformStyle::verbatim};
     QLineEdit* field = nullptr;
 };
 
 TEST_F(ToolkitPanelTest, IgnoresASecondPressOfTheKeyThatOpenedIt) {
-    QElapsedTimer open;
-    open.start();
     ASSERT_TRUE(QTest::qWaitFor([&] {
         panel.accept();
         return !panel.isVisible();
     }));
-    EXPECT_GE(open.elapsed(), 500);
+    EXPECT_GE(sinceBefore.elapsed(), 600);
 }
 
 TEST_F(ToolkitPanelTest, AcceptsATypedFolderAtOnce) {
