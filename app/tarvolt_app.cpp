@@ -16,7 +16,6 @@
 #include <QTranslator>
 
 #include <cstdlib>
-#include <utility>
 
 namespace tarvolt {
 

@@ -58,8 +58,7 @@ ColumnLayout {
         Flickable {
             id: area
 
-            readonly property bool fits:
-                1.5 * lines.y + lines.implicitHeight <= height
+            readonly property bool fits: 1.5 * lines.y + lines.implicitHeight <= height
 
             objectName: "previewArea"
             anchors.fill: parent
