@@ -20,8 +20,8 @@ std::string_view trimWhitespace(std::string_view text);
 
 /// Whether `text` contains `search`, ignoring case by the rules of `locale` (an identifier, see UserLocale): full case
 /// folding, with the Turkish and Azeri i. Canonically equivalent sequences match; accents count. A match must not end
-/// before a character that, decomposed, begins with one of category Mn or Me, nor inside a Hangul syllable; it may start
-/// anywhere. An empty `search` is never found.
+/// before a character that, decomposed, begins with one of category Mn or Me, nor inside a Hangul syllable; it may
+/// start anywhere. An empty `search` is never found.
 bool localizedCaseInsensitiveContains(std::string_view text, std::string_view search, std::string_view locale);
 
 /// The order of `localizedCaseInsensitiveCompare`: the indices of `names`, sorted by name, ascending, ignoring case by
