@@ -85,3 +85,4 @@ cmake_language(DEFER CALL tarvolt_quiet_generated_sources)
 
 add_executable(tarvolt main.cpp)
 target_link_libraries(tarvolt PRIVATE tarvolt_window tarvolt_windowplugin)
+target_compile_definitions(tarvolt PRIVATE TARVOLT_VERSION="${PROJECT_VERSION}")
