@@ -21,12 +21,12 @@ ModalPanel {
     onAboutToShow: root.form.selectName()
 
     enter: Transition {
+        // Not eased, because the renderer ignores a very short last step.
         NumberAnimation {
             property: "opacity"
             from: 0
             to: 1
             duration: root.timeIn
-            easing.type: Easing.OutCubic
         }
         NumberAnimation {
             property: "rise"

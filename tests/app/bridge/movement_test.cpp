@@ -84,6 +84,24 @@ protected:
     std::optional<HandMovedClock> clock;
 };
 
+// The renderer ignores a last step in opacity of less than about a hundred thousandth.
+TEST_F(MovementTest, TheSheetIsOpaqueHoweverShortTheLastStepWas) {
+    const auto pictureAfter = [this](int lastStep) {
+        openSheet();
+        clock->begin();
+        clock->move(90);
+        w.window->grabWindow();
+        clock->move(90 - lastStep);
+        w.window->grabWindow();
+        clock->move(lastStep);
+        const QImage opened = w.window->grabWindow();
+        w.bridge->sheet()->cancelRename();
+        end();
+        return opened;
+    };
+    EXPECT_EQ(pictureAfter(1), pictureAfter(90));
+}
+
 TEST_F(MovementTest, TheSheetFadesIn) {
     openSheet();
     EXPECT_EQ(timeUntil([this] { return isOpaque("renameForm"); }), 180);
