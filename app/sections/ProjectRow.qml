@@ -47,7 +47,7 @@ FocusScope {
                 objectName: "rowSymbol"
                 anchors.centerIn: parent
                 symbol: root.hasDataFolder ? "music.note.list" : "music.note"
-                size: Theme.title3Symbol
+                size: Math.min(Theme.title3Symbol, parent.implicitWidth)
                 colour: root.renamed ? Theme.green : Theme.orange
 
                 Behavior on colour {

@@ -188,6 +188,11 @@ TEST_P(LargeFontTest, NoTextIsCutInTheListAndTheLog) {
     expectWhole("renamed");
 }
 
+TEST_P(LargeFontTest, TheSymbolOfARowStaysInItsFrame) {
+    showProjects();
+    EXPECT_LE(w->find("rowSymbol")->width(), w->find("rowSymbolFrame")->width());
+}
+
 TEST_P(LargeFontTest, NoTextIsCutDuringAScan) {
     w->view->scanner->folderURL.set("/p");
     w->view->scanner->isScanning.set(true);
