@@ -3,7 +3,12 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# Without the check, CMake compiles position-independent code but does not ask the linker for such a program.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# The installed program takes its libraries from the system only.
+set(CMAKE_SKIP_INSTALL_RPATH ON)
 
 option(TARVOLT_COVERAGE "Count which conditions come out which way (needs Clang)" OFF)
 set(TARVOLT_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
@@ -27,6 +32,12 @@ target_compile_options(
             -Wnull-dereference
             -Wimplicit-fallthrough
             $<${gcc12}:-Wno-restrict>)
+if(NOT TARVOLT_SANITIZE AND NOT TARVOLT_COVERAGE)
+  # The tests get what people run. The sanitizers have checks of their own, and fortified calls need optimisation.
+  target_compile_options(tarvolt_options INTERFACE -fstack-protector-strong -fstack-clash-protection
+                                                   "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+  target_link_options(tarvolt_options INTERFACE LINKER:-z,relro,-z,now)
+endif()
 if(TARVOLT_SANITIZE)
   # The check of an object's type (vptr) probes memory by writing to a pipe. Tests that intercept system calls would take
   # that for a write by the program.
