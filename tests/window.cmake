@@ -12,6 +12,9 @@ gtest_discover_tests(tarvolt_window_tests DISCOVERY_TIMEOUT 60
 add_test(NAME SnappedItemTest.HoldsAtAScaleOfOneAndAQuarter
          COMMAND tarvolt_window_tests --gtest_filter=SnappedItemTest.*:*WholePixels*)
 set_tests_properties(SnappedItemTest.HoldsAtAScaleOfOneAndAQuarter PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=1.25)
+add_test(NAME ToolkitPanelLookTest.HoldsAtAScaleOfOneAndAHalf
+         COMMAND tarvolt_window_tests --gtest_filter=ToolkitPanelLookTest.*)
+set_tests_properties(ToolkitPanelLookTest.HoldsAtAScaleOfOneAndAHalf PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=1.5)
 
 add_subdirectory(window)
 

@@ -18,7 +18,6 @@
 #include <QPushButton>
 #include <QQmlProperty>
 #include <QScreen>
-#include <QScrollBar>
 #include <QSplitter>
 #include <QToolButton>
 #include <QTreeView>
@@ -39,9 +38,8 @@ constexpr int impatience = 600;
 // The panel's empty row, under the field and beside the buttons.
 constexpr int refusalRow = 3;
 
-// In per cent: how much darker than the window Fusion draws an edge, and how much lighter that of a list.
+// In per cent: how much darker than the window Fusion draws an edge.
 constexpr int edgeShade = 140;
-constexpr int listShade = 108;
 
 } // namespace
 
@@ -182,15 +180,15 @@ void ToolkitPanel::colour(QWindow* window) {
     colours.setColor(QPalette::Highlight, ofWindow("highlight"));
     colours.setColor(QPalette::HighlightedText, ofWindow("highlightedText"));
     setPalette(colours);
-    // Fields and lists draw nothing but their edges in this role. The lists' scroll bars keep the window's palette.
-    const QColor edge = ofWindow("mid").lighter(edgeShade);
+    // A field draws nothing but its edge in this role.
     QPalette edged = colours;
-    edged.setColor(QPalette::Window, edge);
+    edged.setColor(QPalette::Window, ofWindow("mid").lighter(edgeShade));
     field_->setPalette(edged);
-    edged.setColor(QPalette::Window, edge.darker(listShade));
+    // Of the edge that the style gives a list some sides are hidden where its pixels are not whole ones of the screen.
+    const QString edge = QStringLiteral("QAbstractItemView { border: 1px solid %1 }").arg(ofWindow("mid").name());
     for (QAbstractItemView* list : lists_) {
-        list->setPalette(edged);
-        list->verticalScrollBar()->setPalette(colours);
+        list->setPalette(colours);
+        list->setStyleSheet(list == lookIn_->view() ? QString() : edge); // That one stands in a frame.
     }
 }
 

@@ -19,6 +19,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace tarvolt {
 namespace {
 
@@ -174,6 +177,18 @@ TEST(ToolkitPanelLookTest, FitsOnTheScreenWhateverTheFont) {
     EXPECT_LE(panel.height(), panel.screen()->availableSize().height());
 }
 
+/// Among the pixels around `place`, which may lie between them.
+double strongestContrast(const QImage& picture, QPointF place, const QColor& base) {
+    double contrast = 0;
+    for (const int x : {-2, -1, 0, 1}) {
+        for (const int y : {-2, -1, 0, 1}) {
+            const QPoint pixel = QPointF(std::round(place.x()) + x, std::round(place.y()) + y).toPoint();
+            contrast = std::max(contrast, Ink::contrastRatio(picture.pixelColor(pixel), base));
+        }
+    }
+    return contrast;
+}
+
 TEST(ToolkitPanelLookTest, ShowsTheEdgesOfItsFieldsAndLists) {
     const QPalette usual = QApplication::palette();
     for (const QColor& base : {QColor(Qt::white), QColor(0x1E, 0x1E, 0x1E)}) {
@@ -188,12 +203,16 @@ TEST(ToolkitPanelLookTest, ShowsTheEdgesOfItsFieldsAndLists) {
         const testing::SceneWindow w;
         qInstallMessageHandler(nullptr); // The offscreen platform complains of the panel.
         ToolkitPanel panel({.message = {}, .prompt = {}}, w.window, &PlatformStyle::verbatim);
+        panel.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->clearFocus();
+        const QImage picture = panel.grab().toImage();
         for (const char* name : {"fileNameEdit", "treeView", "sidebar"}) {
-            auto* part = panel.findChild<QWidget*>(QLatin1String(name));
-            part->clearFocus();
-            const QImage picture = part->grab().toImage();
-            const QColor edge = picture.pixelColor(0, picture.height() / 2);
-            EXPECT_GE(Ink::contrastRatio(edge, base), 3) << name << (dark ? ", dark" : ", light");
+            const auto* part = panel.findChild<QWidget*>(QLatin1String(name));
+            const QRectF box = QRect(part->mapTo(&panel, QPoint()), part->size());
+            for (const QPointF side : {QPointF(box.left(), box.center().y()), QPointF(box.right(), box.center().y()),
+                                       QPointF(box.center().x(), box.top()), QPointF(box.center().x(), box.bottom())}) {
+                EXPECT_GE(strongestContrast(picture, side * picture.devicePixelRatio(), base), 3)
+                    << name << (dark ? ", dark, " : ", light, ") << side.x() << ", " << side.y();
+            }
         }
     }
     QApplication::setPalette(usual);
