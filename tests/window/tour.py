@@ -1,6 +1,7 @@
 """The guided tour: the real window on a virtual display, from choosing a folder to the finished rename.
 
-    tour.py PROGRAM PICTURES      tells each step and saves a picture of it
+    tour.py PROGRAM PICTURES              tells each step and saves a picture of it
+    tour.py PROGRAM PICTURES light|dark   does so for the documents, on such a desktop and in a folder with a usual path
 """
 
 import re
@@ -14,9 +15,14 @@ from driver import Program
 old, new = "Midnight Ferry", "Night Ferry (Live)"
 
 
+usual = "/media/mara/Studio/MPC Projects"
+# Shows the folder there to the program alone.
+mounts = 'mount -t tmpfs none /media && mkdir -p "$1" && mount --bind "$2" "$1" && exec "$0"'
+
+
 class Tour:
-    def __init__(self, program, folder, pictures):
-        self.program, self.folder, self.pictures = program, folder, pictures
+    def __init__(self, program, folder, typed, pictures):
+        self.program, self.folder, self.typed, self.pictures = program, folder, typed, pictures
         self.steps = 0
 
     def step(self, title, text, still=0.3):
@@ -42,7 +48,7 @@ class Tour:
         program.find("button", "Select Folder").click()
         program.find("dialog", "Select Folder")
         program.waitFor(lambda: getattr(program.focused(), "role", "") == "text", "the panel's field")
-        program.type(str(self.folder))
+        program.type(str(self.typed))
         self.step("folder-panel", "\"Select Folder\" brings the folder panel; the folder's path is typed into it.")
 
         program.key("Return")
@@ -83,8 +89,12 @@ if __name__ == "__main__":
     binary, pictures = Path(sys.argv[1]).resolve(), Path(sys.argv[2])
     for left in pictures.glob("*.png"):
         left.unlink()
-    with Desktop() as desktop:
+    with Desktop(*sys.argv[3:]) as desktop:
         folder = desktop.home / "Music" / "MPC Projects"
         sample.make(folder)
-        with Program(desktop, binary) as program:
-            Tour(program, folder, pictures).take()
+        typed, command = folder, [binary]
+        if sys.argv[3:]:
+            typed = usual
+            command = ["unshare", "--map-root-user", "--mount", "sh", "-c", mounts, binary, usual, folder]
+        with Program(desktop, command[0], command[1:]) as program:
+            Tour(program, folder, typed, pictures).take()
