@@ -59,6 +59,7 @@ std::vector<std::size_t> localizedCaseInsensitiveCompareOrder(const std::vector<
     }
     std::ranges::sort(sorted); // equal keys by index, which keeps their order
     std::vector<std::size_t> order;
+    order.reserve(sorted.size());
     for (const auto& [key, index] : sorted) {
         order.push_back(index);
     }

@@ -7,7 +7,7 @@ namespace tarvolt::posix {
 namespace {
 
 constexpr mode_t newFileMode = 0666; // the kernel subtracts the umask
-constexpr std::size_t windowSize = 256 * 1024;
+constexpr std::size_t windowSize = std::size_t{256} * 1024;
 
 /// A file being written in the folder of its place, without a name or under a hidden one. When the draft is destroyed
 /// the file is gone, unless it was given its name.

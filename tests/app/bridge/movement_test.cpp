@@ -94,7 +94,7 @@ TEST_F(MovementTest, TheSheetIsOpaqueHoweverShortTheLastStepWas) {
         clock->move(90 - lastStep);
         w.window->grabWindow();
         clock->move(lastStep);
-        const QImage opened = w.window->grabWindow();
+        QImage opened = w.window->grabWindow();
         w.bridge->sheet()->cancelRename();
         end();
         return opened;
