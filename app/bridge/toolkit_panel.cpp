@@ -184,7 +184,7 @@ void ToolkitPanel::colour(QWindow* window) {
     QPalette edged = colours;
     edged.setColor(QPalette::Window, ofWindow("mid").lighter(edgeShade));
     field_->setPalette(edged);
-    // Of the edge that the style gives a list some sides are hidden where its pixels are not whole ones of the screen.
+    // At a fractional scale a list paints over some sides of the edge that the style draws.
     const QString edge = QStringLiteral("QAbstractItemView { border: 1px solid %1 }").arg(ofWindow("mid").name());
     for (QAbstractItemView* list : lists_) {
         list->setPalette(colours);
