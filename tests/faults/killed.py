@@ -18,6 +18,7 @@ def faults_of(programs, shim):
         return traced(programs, shim, "-o", "/dev/null", "-e", f"trace={call.name}",
                       "-e", f"inject={call.name}:signal=KILL:when={call.number}")
 
+    hidden_allowed = any(".tarvolt-" in call.line for call in calls)
     faults, states = [], []
     for call, outcome in zip(calls, side_by_side(kill, calls)):
         where = f"{shim or 'as it is'}: killed before {call}"
@@ -29,7 +30,6 @@ def faults_of(programs, shim):
             faults.append(f"{where}: from state {states[-1]} back to {outcome.state}")
         else:
             states.append(outcome.state)
-        hidden_allowed = "no-unnamed" in shim or "no-naming" in shim
         if outcome.leftovers and not (hidden_allowed and len(outcome.leftovers) == 1):
             faults.append(f"{where}: left {outcome.leftovers}")
     if set(states) != {1, 2, 3, 4}:

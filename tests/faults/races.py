@@ -12,6 +12,7 @@ import os
 import sys
 
 from rename_case import DATA, NEW, NEW_TEXT, OLD, SAMPLES, TEXT, Folder, Run, read, tree, verdict, write
+from traced import side_by_side
 
 FOREIGN = b"somebody else's work"
 
@@ -72,6 +73,9 @@ def swap_projects_for_a_link(folder):
 ACTS = [make_new_file, replace_new_file, replace_new_file_before_the_roll_back, make_new_folder,
         make_new_folder_with_content, remove_old_file, replace_old_file, swap_data_folder_for_a_link,
         swap_old_file_for_a_link, swap_projects_for_a_link]
+
+# These cannot happen on a file system without links.
+LINKING = [swap_data_folder_for_a_link, swap_old_file_for_a_link, swap_projects_for_a_link]
 
 # Done before the rename begins, so that it fails and is rolled back.
 BEFORE = {replace_new_file_before_the_roll_back: make_new_folder_with_content}
@@ -147,14 +151,15 @@ def one_race(programs, plant, act, at):
 
 def races(programs, plant=None, acts=None):
     """Returns the faults, the number of races, and how many of these were won in the last window."""
-    faults, count = [], 0
-    for act in acts or ACTS:
-        at = 1
-        while (found := one_race(programs, plant, act, at)) is not None:
-            faults += found
-            count += 1
-            at += 1
-    return [fault for fault in faults if fault != "last window"], count, faults.count("last window")
+    def until_the_end(act):
+        found = []
+        while (more := one_race(programs, plant, act, len(found) + 1)) is not None:
+            found.append(more)
+        return found
+
+    found = [each for act in side_by_side(until_the_end, acts or ACTS) for each in act]
+    faults = [fault for each in found for fault in each]
+    return [fault for fault in faults if fault != "last window"], len(found), faults.count("last window")
 
 
 if __name__ == "__main__":

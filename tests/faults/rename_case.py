@@ -45,12 +45,19 @@ def tree(folder):
             path = os.path.join(at, name)
             key = os.path.relpath(path, folder)
             if os.path.islink(path):
-                found[key] = ("link", os.readlink(path))
+                found[key] = ("link", target_of(path))
             elif os.path.isdir(path):
                 found[key] = "folder"
             else:
                 found[key] = read(path)
     return found
+
+
+def target_of(link):
+    try:
+        return os.readlink(link)
+    except OSError:
+        return None  # sshfs shows no absolute targets
 
 
 def whole_data(folder, name):
@@ -111,13 +118,19 @@ class Run:
 class Folder:
     """A temporary folder with the project in it."""
 
+    home = None   # where such folders are made; the system's temporary folder if None
+    ended = None  # if this is a dictionary, the folders stay, and it gets the tree of each as it was at its end
+
     def __enter__(self):
-        self.path = tempfile.mkdtemp(prefix="tarvolt-fault-")
+        self.path = tempfile.mkdtemp(prefix="tarvolt-fault-", dir=Folder.home)
         fill(f"{self.path}/projects")
         return self
 
     def __exit__(self, *_):
-        shutil.rmtree(self.path)
+        if Folder.ended is None:
+            shutil.rmtree(self.path)
+        else:
+            Folder.ended[self.path] = tree(self.path)
 
     @property
     def projects(self):

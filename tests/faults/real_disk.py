@@ -1,0 +1,101 @@
+"""Everything that the other drivers do, on one real file system: real_disk.py PROGRAMS CORE_TESTS FILE_SYSTEM
+
+Every system call of a rename fails with every error, the rename is killed before each call, others interfere at each
+call, transfers are short, and every row of the tables of failures is caused. Then the file system is unmounted and
+mounted again, and every folder must be as it was left. The driver first has to find its planted faults.
+
+Where the file system cannot be had, it says why and is skipped (exit status 77).
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+
+import every_call_fails
+import killed
+import races
+import short_transfers
+from disks import Disk
+from processes import Unavailable
+from rename_case import Folder, tree, verdict
+from traced import SKIPPED
+
+# File systems that keep no permissions, and the rows of the tables that need some.
+OPEN_TO_ALL = ("exfat", "ntfs")
+NEEDING_PERMISSIONS = ["AClosedFileCannotBeRead", "AFileThatCannotBeCreatedLeavesTheProjectAsItWas",
+                       "AFolderThatCannotBeReadIsAnErrorLineAndThenNoProjects",
+                       "AProjectWhoseDataFolderCannotBeListedIsKeptWithItsOwnSize"]
+
+
+def has_links(folder):
+    try:
+        os.symlink("nowhere", f"{folder}/link")
+        return True
+    except OSError:
+        return False
+
+
+def faults_of_the_table(core_tests, disk):
+    """How many rows of the tables of failures were caused, and those that had another result."""
+    left_out = ":".join(f"*{row}" for row in NEEDING_PERMISSIONS) if disk.name in OPEN_TO_ALL else ""
+    tests = subprocess.run([core_tests, f"--gtest_filter=*FailureOnDisk*-{left_out}"],
+                           env=dict(os.environ, TMPDIR=disk.folder), stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    lines = tests.stdout.decode().splitlines()
+    faults = [line for line in lines if line.startswith(("[  FAILED  ]", "[  SKIPPED ]"))]
+    caused = sum(line.startswith("[       OK ]") for line in lines)
+    return caused, faults or ([] if tests.returncode == 0 and caused else ["the tables of failures were not tried"])
+
+
+def changed_by_the_remount(disk):
+    """What is not as its drivers left it after the file system was unmounted and mounted again."""
+    disk.unmount()
+    disk.mount()
+    return [f"{path} has changed by the remount" for path, left in Folder.ended.items() if tree(path) != left]
+
+
+def tried(programs, core_tests, disk):
+    """Everything that is tried on the mounted disk: what it was, in words, and the faults."""
+    acts = races.ACTS if has_links(disk.folder) else [act for act in races.ACTS if act not in races.LINKING]
+    calls, errors, faults = every_call_fails.faults_of(programs, "")
+    kills, killing = killed.faults_of(programs, "")
+    racing, raced, last = races.races(programs, None, acts)
+    rows, failing = faults_of_the_table(core_tests, disk)
+    faults += killing + racing + failing + short_transfers.faults_of(programs, "short")
+    kept = len(Folder.ended)
+    if disk.name != "tmpfs":  # nothing on it outlives an unmount
+        faults += changed_by_the_remount(disk)
+    return faults, (f"{disk.name}: {errors} errors from {calls} calls, {kills} kills, {raced} races ({last} won in the "
+                    f"last window), {rows} rows, {kept} folders read again")
+
+
+def misses_planted_faults(programs, work):
+    """The first planted fault that goes unnoticed, or None."""
+    if not every_call_fails.faults_of(programs, "deaf-removal", "unlinkat")[2]:
+        return "deaf-removal"
+    if not short_transfers.faults_of(programs, "lying-write"):
+        return "lying-write"
+    with Disk("tmpfs", work) as forgetful:
+        forgetful.mount()
+        Folder.home, Folder.ended = forgetful.folder, {}
+        short_transfers.faults_of(programs, "short")
+        return None if changed_by_the_remount(forgetful) else "a disk that forgets"
+
+
+if __name__ == "__main__":
+    PROGRAMS, CORE_TESTS, NAME = sys.argv[1:]
+    WORK = tempfile.mkdtemp(prefix="tarvolt-disk-")
+    try:
+        PLANTED = misses_planted_faults(PROGRAMS, WORK)
+        if PLANTED:
+            sys.exit(f"the planted fault {PLANTED} went unnoticed: this check finds nothing")
+        with Disk(NAME, WORK) as DISK, DISK.mounted():
+            Folder.home, Folder.ended = DISK.folder, {}
+            RESULT = tried(PROGRAMS, CORE_TESTS, DISK)
+        verdict(*RESULT)
+    except Unavailable as reason:
+        print(f"skipped: {NAME} cannot be had here ({reason})")
+        sys.exit(SKIPPED)
+    finally:
+        shutil.rmtree(WORK)
