@@ -62,8 +62,8 @@ struct FileContents {
 
 enum class LinkPolicy { follow, refuse };
 
-/// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte names nothing and is never
-/// cut off there. Each call handles a whole item, leaves no handle open and may come from any thread.
+/// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte or is longer than the
+/// system allows names nothing and is never cut off. Each call handles a whole item, leaves no handle open and may come from any thread.
 class FileManager {
 public:
     using Visitor = std::function<void(const DirectoryEntry&)>;
@@ -92,9 +92,9 @@ public:
     /// What is at `path` itself, links not followed; absent when that cannot be determined.
     virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
 
-    /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, or is a pipe, a device,
-    /// a socket or a folder. These are never read or waited for, and only opened when they replace a file at the moment
-    /// of the call. Throws only std::bad_alloc.
+    /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, is larger than half of
+    /// the machine's memory, or is a pipe, a device, a socket or a folder. These are never read or waited for, and only
+    /// opened when they replace a file at the moment of the call. Throws only std::bad_alloc.
     virtual std::optional<FileContents> contents(const std::filesystem::path& path) const = 0;
 
     /// Creates the file `path` with `contents` and mode 0666 minus the umask, durably: when this returns an identity,

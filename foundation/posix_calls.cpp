@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <climits>
 #include <cstdio>
 
 namespace tarvolt::posix {
@@ -36,6 +37,10 @@ Place::Place(const std::filesystem::path& path, const char* call) {
     const std::string& bytes = path.native();
     if (holdsNul(path)) {
         throw FileError(EINVAL, call, path);
+    }
+    if (bytes.size() >= PATH_MAX) {
+        // The calls below would accept the name alone, but afterwards no program could open the item by its path.
+        throw FileError(ENAMETOOLONG, call, path);
     }
     const auto slash = bytes.rfind('/');
     const std::string folder = slash == std::string::npos ? "." : bytes.substr(0, slash + 1);

@@ -35,6 +35,11 @@ DirectoryEntry examine(int folder, const dirent64& item) {
 
 std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t expectedSize) {
     constexpr std::size_t leastRoom = 4096;
+    const std::size_t mostSize =
+        static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    if (expectedSize > mostSize) {
+        return std::nullopt;
+    }
     std::size_t room = expectedSize + 1; // one more, so that the read at the end has room
     FileContents contents{std::make_unique_for_overwrite<char[]>(room)};
     for (;;) {
@@ -48,6 +53,9 @@ std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t exp
             return contents;
         }
         if (contents.size == room) { // the file is growing
+            if (room > mostSize) {
+                return std::nullopt;
+            }
             room += std::max(room, leastRoom);
             auto larger = std::make_unique_for_overwrite<char[]>(room);
             std::copy_n(contents.bytes.get(), contents.size, larger.get());

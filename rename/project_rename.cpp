@@ -89,8 +89,11 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     if (fileManager.fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);
     }
-    // Only what is here now may later be moved and removed, as far as that can be determined.
+    // Only what is here now may later be moved and removed.
     const auto oldFileSeen = fileManager.state(project.xpjURL());
+    if (!oldFileSeen) {
+        throw RenameError::readFailed(project.xpjURL().filename());
+    }
     const auto oldFolderSeen =
         project.dataFolderURL() ? fileManager.state(*project.dataFolderURL()) : std::optional<FileState>();
     const FileContents oldText = readText(fileManager, project.xpjURL());

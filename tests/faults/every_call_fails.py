@@ -21,6 +21,7 @@ ERRORS = {
     "close": ["EIO", "EINTR", "ENOSPC", "EDQUOT"],
     "fcntl": ["EMFILE", "EINVAL"],
     "getrandom": ["EINTR", "ENOSYS", "EIO"],
+    "sysinfo": [],  # cannot fail
     "brk": [],  # the kernel refuses by answering with the old end of the heap, which the tracer cannot know
     "mmap": ["ENOMEM", "EACCES"],
     "munmap": ["EINVAL"],
@@ -66,8 +67,8 @@ def steps_of(calls):
 
 
 def look(call, _):
-    # What cannot be checked counts as absent. For the old file, at the end, that means that it may have been replaced.
-    return UNREMOVED if f'/{OLD}.xpj"' in call.line else RENAMED
+    # What cannot be checked counts as absent. Without having seen the old file, the rename does not begin.
+    return UNREAD if f'/{OLD}.xpj"' in call.line else RENAMED
 
 
 def read(call, error):

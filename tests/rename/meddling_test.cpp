@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <functional>
 #include <string>
 
@@ -92,6 +93,12 @@ TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneHasBeenReplaced) {
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(disk.disk(),
                 ElementsAre("/p/", "/p/Beat.xpj=foreign", "/p/Beat_[ProjectData]/", "/p/Song.xpj=Song_[ProjectData]"));
+}
+
+TEST_F(Meddling, StopsBeforeAnythingIsWrittenWhenTheOldFileCannotBeExamined) {
+    // It can be read a moment later, but whether it is then still the same file is unknown.
+    EXPECT_EQ(rename("exists", [&] { disk.fail("state", EIO); }), "Failed to read file: Song.xpj");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
 }
 
 TEST_F(Meddling, ReportsAnOldFileThatIsGoneBeforeItsRemoval) {

@@ -19,6 +19,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fstream>
 
@@ -147,6 +148,52 @@ TEST_F(ProjectRenameOnDisk, RollsBackANameThatIsTooLongOnlyForTheDataFolder) {
 TEST_F(ProjectRenameOnDisk, AcceptsTheLongestNameThatTheDataFolderCanHave) {
     makeSong();
     EXPECT_EQ(rename(std::string(241, 'n')), "");
+}
+
+/// In a folder whose path is so long that Song_[ProjectData] in it has the longest path there can be.
+class ProjectRenameDeepDown : public ProjectRenameOnDisk {
+protected:
+    ProjectRenameDeepDown() {
+        fs::path deep = folder.path();
+        constexpr std::size_t length = PATH_MAX - sizeof "/Song_[ProjectData]";
+        while (deep.native().size() < length) {
+            const std::size_t left = length - deep.native().size() - 1;
+            deep /= std::string(left > 202 ? 200 : left, 'd');
+        }
+        fs::create_directories(deep / "Song_[ProjectData]");
+        std::ofstream(deep / "Song.xpj") << "Song_[ProjectData]";
+        scanner->folderURL.set(deep);
+    }
+
+    std::string rename(const std::string& newName) {
+        return errorOfRename(*scanner, projectIn(*scanner->folderURL.get()), newName);
+    }
+};
+
+TEST_F(ProjectRenameDeepDown, SucceedsUpToTheLongestPath) {
+    EXPECT_EQ(rename("Beat"), "");
+    EXPECT_TRUE(folder.tree().back().ends_with("/Beat_[ProjectData]/"));
+}
+
+TEST_F(ProjectRenameDeepDown, FailsToWriteAProjectFileWithALongerPath) {
+    const auto before = folder.tree();
+    const std::string name(40, 'n');
+    EXPECT_EQ(rename(name), "Failed to write file: " + name + ".xpj");
+    EXPECT_TRUE(folder.tree() == before); // too long to be printed
+}
+
+TEST_F(ProjectRenameDeepDown, RollsBackWhenOnlyTheDataFolderWouldHaveALongerPath) {
+    const auto before = folder.tree();
+    EXPECT_EQ(rename("Beats"), "Failed to write file: Could not rename data folder: File name too long");
+    EXPECT_TRUE(folder.tree() == before);
+}
+
+TEST_F(ProjectRenameOnDisk, FailsToReadAHoleThatIsLargerThanTheMemory) {
+    makeSong();
+    fs::resize_file(folder / "Song.xpj", std::uintmax_t{1} << 40U);
+    EXPECT_EQ(rename("Beat"), "Failed to read file: Song.xpj");
+    fs::resize_file(folder / "Song.xpj", 3);
+    EXPECT_THAT(folder.tree(), ElementsAre("Song.xpj=<a>", "Song_[ProjectData]/", "Song_[ProjectData]/kick.wav=boom"));
 }
 
 TEST_F(ProjectRenameOnDisk, NeverCutsANameAtANulByte) {

@@ -145,8 +145,7 @@ bool FakeFileManager::fileExists(const std::filesystem::path& path) const {
 
 std::optional<FileState> FakeFileManager::state(const std::filesystem::path& path) const {
     const Guard guard(mutex_);
-    begin("state", path.native());
-    return stateOf(path);
+    return begin("state", path.native()) == 0 ? stateOf(path) : std::nullopt;
 }
 
 std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& path) const {

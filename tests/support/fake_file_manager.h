@@ -38,7 +38,7 @@ public:
     Item& addPipe(const std::string& path);
 
     /// The `nth` call from now on of the operation ("list", "exists", "state", "read", "create", "move", "remove")
-    /// fails with this error number; "exists" and "state" cannot fail.
+    /// fails with this error number; "exists" cannot fail.
     void fail(const std::string& operation, int errorNumber, int nth = 1);
 
     /// Called before each operation with its line of traffic; may change the scene.
