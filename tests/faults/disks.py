@@ -19,12 +19,11 @@ MADE_BY = {
     "ntfs": (64, ["mkfs.ntfs", "-F", "-Q", "-q"]),
 }
 CHECKED_BY = {
-    "ext4": ["e2fsck", "-fn"],
-    "xfs": ["xfs_repair", "-n"],
-    "btrfs": ["btrfs", "check", "--readonly"],
     "exfat": ["fsck.exfat", "-n"],
     "ntfs": ["ntfsfix", "-n"],
 }
+
+REPAIRED_BY = {"exfat": ["fsck.exfat", "-y"], "ntfs": ["ntfsfix", "-d"]}
 
 
 class Disk:
@@ -35,8 +34,12 @@ class Disk:
         self.image, self.options = f"{work}/{name}.image", []
         self.server = self.process = self.device = None
         os.makedirs(self.folder, exist_ok=True)
-        if name in MADE_BY:
-            megabytes, command = MADE_BY[name]
+        self.make()
+
+    def make(self):
+        """Makes the file system on its image anew, empty."""
+        if self.name in MADE_BY:
+            megabytes, command = MADE_BY[self.name]
             with open(self.image, "wb") as file:
                 file.truncate(megabytes << 20)
             run(*command, self.image)
@@ -64,10 +67,9 @@ class Disk:
             run("umount", f"{self.work}/under")
 
     def kill(self):
-        """Kills the file system's own process, as a crash would, and unmounts what it leaves."""
+        """Kills the file system's own process, as a crash would. Everything in the folder then fails."""
         self.process.kill()
-        self.end_process()
-        run("umount", "-l", self.folder)
+        self.process.wait()
 
     def end_process(self):
         if self.process:
@@ -84,6 +86,11 @@ class Disk:
         except Unavailable as damage:
             return str(damage)
         return None
+
+    def repair(self):
+        """Lets the file system's own repairer put the image right, as far as it can."""
+        subprocess.run([*REPAIRED_BY[self.name], self.image], check=False, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def mount_image(self):
         run("mount", "-o", ",".join(["loop", *self.options]), "-t", self.name, self.image, self.folder)

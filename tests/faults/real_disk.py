@@ -1,4 +1,4 @@
-"""Everything that the other drivers do, on one real file system: real_disk.py PROGRAMS CORE_TESTS FILE_SYSTEM
+"""Everything that the other drivers do, on one real file system: real_disk.py PROGRAMS FILE_SYSTEM CORE_TESTS
 
 Every system call of a rename fails with every error, the rename is killed before each call, others interfere at each
 call, transfers are short, and every row of the tables of failures is caused. Then the file system is unmounted and
@@ -84,7 +84,7 @@ def misses_planted_faults(programs, work):
 
 
 if __name__ == "__main__":
-    PROGRAMS, CORE_TESTS, NAME = sys.argv[1:]
+    PROGRAMS, NAME, CORE_TESTS = sys.argv[1:]
     WORK = tempfile.mkdtemp(prefix="tarvolt-disk-")
     try:
         PLANTED = misses_planted_faults(PROGRAMS, WORK)
@@ -94,8 +94,8 @@ if __name__ == "__main__":
             Folder.home, Folder.ended = DISK.folder, {}
             RESULT = tried(PROGRAMS, CORE_TESTS, DISK)
         verdict(*RESULT)
-    except Unavailable as reason:
-        print(f"skipped: {NAME} cannot be had here ({reason})")
+    except Unavailable as REASON:
+        print(f"skipped: {NAME} cannot be had here ({REASON})")
         sys.exit(SKIPPED)
     finally:
         shutil.rmtree(WORK)
