@@ -30,8 +30,7 @@ class WindowTest(unittest.TestCase):
     toolkitsWords = r"QAccessible(?:Table|Tree)::\w+: [Ii]nvalid index.*\n"
 
     def setUp(self):
-        desktop = Desktop(self.palette, self.screen, self.fontSize, self.characters, self.environment, self.portal)
-        self.desktop = self.enterContext(desktop)
+        self.desktop = self.enterContext(self.newDesktop(Desktop))
         (self.desktop.folder / "holding_shim.so").symlink_to(os.environ["TARVOLT_SHIM"])
         self.errors = self.desktop.folder / "errors"
         self.folder = self.desktop.home / "Projects"
@@ -47,6 +46,10 @@ class WindowTest(unittest.TestCase):
         value = context.__enter__()
         self.addCleanup(context.__exit__, None, None, None)
         return value
+
+    def newDesktop(self, kind, **others):
+        words = self.palette, self.screen, self.fontSize, self.characters, self.environment, self.portal
+        return kind(*words, **others)
 
     def start(self):
         first, *others = *self.before, os.environ["TARVOLT"]
@@ -119,6 +122,16 @@ class WindowTest(unittest.TestCase):
             path.relative_to(self.folder).as_posix(): path.read_text() if path.suffix == ".xpj" else None
             for path in self.folder.rglob("*")
         }
+
+    def renamed(self, disk, old, new):
+        """What the disk holds after a rename of a disk like this."""
+
+        def name(path):
+            return re.sub(rf"^{re.escape(old)}(\.xpj$|_\[ProjectData\])", lambda match: new + match[1], path)
+
+        after = {name(path): text for path, text in disk.items()}
+        after[f"{new}.xpj"] = after[f"{new}.xpj"].replace(f"{old}_[ProjectData]", f"{new}_[ProjectData]")
+        return after
 
     def assertDisk(self, expected):
         """Compares with what disk() said or should say; the texts are too long to be shown."""

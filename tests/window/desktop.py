@@ -100,13 +100,52 @@ class Desktop:
             ["xdotool", *map(str, words)], env=self.environment, check=True, capture_output=True, text=True, timeout=30
         ).stdout
 
+    def key(self, *names):
+        """Presses keys as xdotool names them, one after the other: "Return", "ctrl+a"."""
+        self.input("key", "--delay", "20", *names)
+
+    def keyDown(self, name):
+        """Presses a key and leaves it down."""
+        self.input("keydown", name)
+
+    def keyUp(self, name):
+        self.input("keyup", name)
+
+    def type(self, text):
+        """Presses the keys of a text."""
+        self.input("type", "--delay", "12", "--", text)
+
+    def point(self, x, y):
+        """Moves the mouse to a pixel of the screen."""
+        self.input("mousemove", x, y)
+
+    def click(self):
+        self.input("click", "1")
+
+    def activeWindow(self, process):
+        """The active window's number, if it is one of this process, else None."""
+        try:
+            window = self.input("getactivewindow").strip()
+            owner = self.input("getwindowpid", window).strip()
+        except subprocess.CalledProcessError:
+            return None
+        return window if owner == str(process) else None
+
+    def widthOf(self, window):
+        """In pixels."""
+        return int(re.search(r"WIDTH=(\d+)", self.input("getwindowgeometry", "--shell", window))[1])
+
+    def grab(self):
+        """A Picture of the screen as it is now."""
+        return self.screen.grab()
+
     def stillPicture(self, seconds):
         """The screen once it has been the same for so long."""
-        last, since = self.screen.grab(), time.monotonic()
+        last, since = self.grab(), time.monotonic()
 
         def still():
             nonlocal last, since
-            picture = self.screen.grab()
+            picture = self.grab()
             if picture != last:
                 last, since = picture, time.monotonic()
             return time.monotonic() - since >= seconds

@@ -6,8 +6,6 @@ they are drawn, types with real keys, and waits for what should happen.
 """
 
 import os
-import re
-import subprocess
 
 import gi
 
@@ -33,8 +31,7 @@ class Program:
         # Before it has been drawn, neither where things stand nor whom a click reaches is settled.
         self.desktop.stillPicture(0.1)
         # On a scaled display the tree may count in the toolkit's units and not in pixels.
-        pixels = int(re.search(r"WIDTH=(\d+)", self.desktop.input("getwindowgeometry", "--shell", window))[1])
-        self.scale = pixels / self.find("frame").box[2]
+        self.scale = self.desktop.widthOf(window) / self.find("frame").box[2]
         return self
 
     def __exit__(self, *_):
@@ -84,29 +81,24 @@ class Program:
         return focused[-1] if focused else None
 
     def key(self, *names):
-        """Presses keys as xdotool names them, one after the other: "Return", "ctrl+a"."""
-        self.desktop.input("key", "--delay", "20", *names)
+        """As Desktop.key."""
+        self.desktop.key(*names)
 
     def type(self, text):
         """Presses the keys of a text; those beyond ASCII must be among the characters the desktop was made with."""
         for character in text:
             if not character.isascii() and character not in self.desktop.characters:
                 raise ValueError(f"no key of this desktop has {character!r}")
-        self.desktop.input("type", "--delay", "12", "--", text)
+        self.desktop.type(text)
 
     def activeWindow(self):
         """The active window's number, if it is one of this program's, else None."""
-        try:
-            window = self.desktop.input("getactivewindow").strip()
-            owner = self.desktop.input("getwindowpid", window).strip()
-        except subprocess.CalledProcessError:
-            return None
-        return window if owner == str(self.process.pid) else None
+        return self.desktop.activeWindow(self.process.pid)
 
     def picture(self, hideMouse=True, still=0.3):
         """The active window without its frame, once nothing has moved for so many seconds."""
         if hideMouse:
-            self.desktop.input("mousemove", *self.desktop.size)
+            self.desktop.point(*self.desktop.size)
         windows = Element(self.tree, self).children
         active = self.waitFor(lambda: [each for each in windows() if each.has("active")], "an active window")
         return self.desktop.stillPicture(still).cut(*active[-1].box)
@@ -191,12 +183,12 @@ class Element:
     def click(self):
         """A real click into its middle."""
         self.point()
-        self.program.desktop.input("click", "1")
+        self.program.desktop.click()
 
     def point(self):
         """Moves the mouse to its middle."""
         x, y, width, height = self.box
-        self.program.desktop.input("mousemove", x + width // 2, y + height // 2)
+        self.program.desktop.point(x + width // 2, y + height // 2)
 
     def actions(self):
         """The names of what assistive technology can do with it."""
@@ -214,7 +206,7 @@ class Element:
 def _connect(desktop):
     """Points the accessibility library, which reads the process's own environment, at the desktop."""
     for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
-        os.environ[name] = desktop.environment[name]
+        os.environ[name] = desktop.environment.get(name, "")
     Atspi.init()
     Atspi.set_timeout(3000, 15000)
 

@@ -11,9 +11,9 @@ class Focus(case.WindowTest):
     held = 3
 
     def hold(self, key):
-        self.desktop.input("keydown", key)
+        self.desktop.keyDown(key)
         time.sleep(self.held)
-        self.desktop.input("keyup", key)
+        self.desktop.keyUp(key)
 
     def chooseByKeys(self):
         self.program.key("Tab")

@@ -8,16 +8,6 @@ import case
 class Rename(case.WindowTest):
     characters = "Üé→"
 
-    def renamed(self, disk, old, new):
-        """What the disk holds after a rename of a disk like this."""
-
-        def name(path):
-            return re.sub(rf"^{re.escape(old)}(\.xpj$|_\[ProjectData\])", lambda match: new + match[1], path)
-
-        after = {name(path): text for path, text in disk.items()}
-        after[f"{new}.xpj"] = after[f"{new}.xpj"].replace(f"{old}_[ProjectData]", f"{new}_[ProjectData]")
-        return after
-
     def assertNoAlert(self):
         if self.program.elements("label", "Rename Failed"):
             self.fail(f"there is an alert\n{self.program.dump()}")
