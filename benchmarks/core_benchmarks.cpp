@@ -68,9 +68,8 @@ void scan(benchmark::State& state) {
     const ProjectsFolder folder(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     const auto disk = makePosixFileManager();
     for (auto _ : state) {
-        FolderListing listing = listFolder(*disk, folder.path());
-        sortByName(listing.projectFiles, "en_US");
-        benchmark::DoNotOptimize(measureProjects(*disk, folder.path(), listing).data());
+        const FolderListing listing = listFolder(*disk, folder.path());
+        benchmark::DoNotOptimize(measureProjects(*disk, folder.path(), listing, "en_US").data());
     }
 }
 BENCHMARK(scan)->Args({50, 100})->Args({500, 100})->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -123,14 +122,13 @@ void rewrite(benchmark::State& state) {
 BENCHMARK(rewrite)->Arg(100)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 void order(benchmark::State& state) {
-    std::vector<FolderListing::ProjectFile> files;
-    for (const auto& project : namedProjects(20'000, state.range(0) != 0)) {
-        files.push_back({project.baseName() + std::string(projectFileExtension), 0});
+    const auto projects = namedProjects(20'000, state.range(0) != 0);
+    std::vector<std::string_view> names;
+    for (const auto& project : projects) {
+        names.push_back(project.baseName());
     }
     for (auto _ : state) {
-        auto sorted = files;
-        sortByName(sorted, "en_US");
-        benchmark::DoNotOptimize(sorted.data());
+        benchmark::DoNotOptimize(localizedCaseInsensitiveCompareOrder(names, "en_US").data());
     }
 }
 BENCHMARK(order)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);

@@ -31,7 +31,7 @@ private:
 struct DirectoryEntry {
     std::string_view name;                ///< bytes as on disk, never "." or ".."
     std::optional<bool> isDirectory;      ///< of the entry itself: false for a link; absent when unknown
-    std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder and when unknown
+    std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder, when unknown or unasked
 };
 
 /// Identifies an item on disk. It stays the same when the item is moved, and changes when the item is replaced.
@@ -45,7 +45,7 @@ struct FileIdentity {
 /// An item on disk at one moment. It changes when the item is replaced or written to.
 struct FileState {
     FileIdentity identity;
-    std::int64_t size = 0;                ///< bytes
+    std::int64_t size = 0;                ///< bytes; 0 for a folder
     std::int64_t modified = 0;            ///< whole seconds since 1970; any date is possible
     std::int64_t modifiedNanoseconds = 0; ///< the rest of that time
 
@@ -62,8 +62,12 @@ struct FileContents {
 
 enum class LinkPolicy { follow, refuse };
 
+/// Whether a listing asks for the sizes of files, which takes a call for each.
+enum class Sizes { ask, skip };
+
 /// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte or is longer than the
-/// system allows names nothing and is never cut off. Each call handles a whole item, leaves no handle open and may come from any thread.
+/// system allows names nothing and is never cut off. Each call handles a whole item, leaves no handle open and may come
+/// from any thread.
 class FileManager {
 public:
     using Visitor = std::function<void(const DirectoryEntry&)>;
@@ -83,7 +87,7 @@ public:
     /// With `LinkPolicy::refuse` a path whose last component is a link is not a folder. An entry that vanishes
     /// meanwhile is visited without a size. Throws FileError when the folder cannot be opened or the listing fails
     /// halfway. In the latter case entries have been visited, which the caller must discard.
-    virtual void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+    virtual void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links, Sizes sizes,
                                      const Visitor& visit) const = 0;
 
     /// Whether anything is at `path`, dangling links included. False when that cannot be determined.

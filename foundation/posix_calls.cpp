@@ -25,7 +25,8 @@ bool synchronise(const Descriptor& descriptor) {
 }
 
 FileState stateOf(const struct stat& status) {
-    return {{status.st_dev, status.st_ino}, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    const auto size = S_ISDIR(status.st_mode) ? 0 : status.st_size;
+    return {{status.st_dev, status.st_ino}, size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 std::optional<FileState> stateAt(int folder, const char* name) {

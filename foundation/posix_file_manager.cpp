@@ -15,10 +15,10 @@ using posix::Descriptor;
 using posix::Place;
 using posix::uninterrupted;
 
-DirectoryEntry examine(int folder, const dirent64& item) {
+DirectoryEntry examine(int folder, const dirent64& item, Sizes sizes) {
     DirectoryEntry entry{item.d_name, std::nullopt, std::nullopt};
-    if (item.d_type == DT_DIR) {
-        entry.isDirectory = true;
+    if (item.d_type == DT_DIR || (item.d_type != DT_UNKNOWN && sizes == Sizes::skip)) {
+        entry.isDirectory = item.d_type == DT_DIR;
         return entry;
     }
     struct stat status {};
@@ -66,7 +66,7 @@ std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t exp
 
 class PosixFileManager final : public FileManager {
 public:
-    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links, Sizes sizes,
                              const Visitor& visit) const override {
         if (posix::holdsNul(folder)) {
             throw FileError(EINVAL, "open", folder);
@@ -90,7 +90,7 @@ public:
             for (const char* at = items.data(); at < items.data() + length;) {
                 const auto& item = *reinterpret_cast<const dirent64*>(at);
                 if (item.d_name[0] != '.') {
-                    visit(examine(directory.number(), item));
+                    visit(examine(directory.number(), item, sizes));
                 }
                 at += item.d_reclen;
             }

@@ -31,27 +31,41 @@ void addSize(std::int64_t& sum, std::int64_t size) {
     }
 }
 
-/// One project of the listing, paired with its data folder and measured.
-MPCProject projectOf(const FileManager& fileManager, const std::filesystem::path& folder, const FolderListing& listing,
-                     const FolderListing::ProjectFile& file) {
-    std::string baseName(baseNameOf(file.name));
-    std::optional<std::filesystem::path> dataFolder;
+/// One project of the listing, paired with its data folder and measured. `prefix` is the folder's path with a slash.
+MPCProject projectOf(const FileManager& fileManager, const std::string& prefix, const FolderListing& listing,
+                     const std::string& fileName) {
+    std::string baseName(baseNameOf(fileName));
+    std::optional<std::string> dataFolder;
     std::int64_t count = 0;
     std::int64_t total = 0;
     if (const auto expected = baseName + std::string(dataFolderSuffix); listing.dataFolderNames.contains(expected)) {
-        dataFolder = folder / expected;
+        dataFolder = prefix + expected;
         try {
-            fileManager.contentsOfDirectory(*dataFolder, LinkPolicy::refuse, [&](const DirectoryEntry& entry) {
-                ++count;
-                addSize(total, entry.fileSize.value_or(0));
-            });
+            fileManager.contentsOfDirectory(*dataFolder, LinkPolicy::refuse, Sizes::ask,
+                                            [&](const DirectoryEntry& entry) {
+                                                ++count;
+                                                addSize(total, entry.fileSize.value_or(0));
+                                            });
         } catch (const FileError&) {
             // A data folder that cannot be listed counts as empty: the project can still be seen and renamed.
             count = total = 0;
         }
     }
-    addSize(total, file.fileSize.value_or(0));
-    return {std::move(baseName), folder / file.name, std::move(dataFolder), count, total};
+    std::string file = prefix + fileName;
+    if (const auto state = fileManager.state(file)) {
+        addSize(total, state->size);
+    }
+    return {std::move(baseName), std::move(file), std::move(dataFolder), count, total};
+}
+
+/// The indices of `files`, sorted by the projects' names.
+std::vector<std::size_t> orderByName(const std::vector<std::string>& files, std::string_view locale) {
+    std::vector<std::string_view> names;
+    names.reserve(files.size());
+    for (const std::string_view file : files) {
+        names.push_back(baseNameOf(file));
+    }
+    return localizedCaseInsensitiveCompareOrder(names, locale);
 }
 
 /// Calls `work` once for each index below `count`, on this thread and, with `inParallel`, on a few others, which are
@@ -101,9 +115,9 @@ std::string_view baseNameOf(std::string_view projectFileName) {
 
 FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder) {
     FolderListing listing;
-    fileManager.contentsOfDirectory(folder, LinkPolicy::follow, [&](const DirectoryEntry& entry) {
+    fileManager.contentsOfDirectory(folder, LinkPolicy::follow, Sizes::skip, [&](const DirectoryEntry& entry) {
         if (isProjectFileName(entry.name)) {
-            listing.projectFiles.push_back({std::string(entry.name), entry.fileSize});
+            listing.projectFileNames.emplace_back(entry.name);
         }
         if (entry.isDirectory.value_or(false) && entry.name.find(dataFolderMark) != std::string_view::npos) {
             listing.dataFolderNames.emplace(entry.name);
@@ -112,31 +126,24 @@ FolderListing listFolder(const FileManager& fileManager, const std::filesystem::
     return listing;
 }
 
-void sortByName(std::vector<FolderListing::ProjectFile>& files, std::string_view locale) {
-    std::vector<std::string_view> names;
-    names.reserve(files.size());
-    for (const auto& file : files) {
-        names.push_back(baseNameOf(file.name));
-    }
-    std::vector<FolderListing::ProjectFile> sorted;
-    sorted.reserve(files.size());
-    for (const std::size_t index : localizedCaseInsensitiveCompareOrder(names, locale)) {
-        sorted.push_back(std::move(files[index]));
-    }
-    files = std::move(sorted);
-}
-
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
-                                        const FolderListing& listing) {
-    const auto& files = listing.projectFiles;
+                                        const FolderListing& listing, std::string_view locale) {
+    const auto& files = listing.projectFileNames;
+    const std::string prefix = folder / "";
+    std::vector<std::size_t> order;
     std::vector<std::optional<MPCProject>> measured(files.size());
     const bool inParallel = std::min(files.size(), listing.dataFolderNames.size()) >= foldersWorthThreads;
-    forEachIndex(files.size(), inParallel,
-                 [&](std::size_t i) { measured[i] = projectOf(fileManager, folder, listing, files[i]); });
+    forEachIndex(1 + files.size(), inParallel, [&](std::size_t i) {
+        if (i == 0) { // one thread sorts while the others measure
+            order = orderByName(files, locale);
+        } else {
+            measured[i - 1] = projectOf(fileManager, prefix, listing, files[i - 1]);
+        }
+    });
     std::vector<MPCProject> projects;
-    projects.reserve(measured.size());
-    for (auto& project : measured) {
-        projects.push_back(*std::move(project));
+    projects.reserve(files.size());
+    for (const std::size_t index : order) {
+        projects.push_back(*std::move(measured[index]));
     }
     return projects;
 }

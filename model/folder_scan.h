@@ -3,9 +3,7 @@
 #include "foundation/file_manager.h"
 #include "model/mpc_project.h"
 
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -27,11 +25,7 @@ std::string_view baseNameOf(std::string_view projectFileName);
 
 /// The project files and data folders among a folder's entries.
 struct FolderListing {
-    struct ProjectFile {
-        std::string name;
-        std::optional<std::int64_t> fileSize;
-    };
-    std::vector<ProjectFile> projectFiles;
+    std::vector<std::string> projectFileNames;
     std::unordered_set<std::string> dataFolderNames;
 };
 
@@ -39,13 +33,11 @@ struct FolderListing {
 /// Throws FileError.
 FolderListing listFolder(const FileManager& fileManager, const std::filesystem::path& folder);
 
-/// Sorts by the projects' names, ascending, ignoring case by the rules of `locale`. Equal names keep their order.
-void sortByName(std::vector<FolderListing::ProjectFile>& files, std::string_view locale);
-
-/// The projects of a listing, in its order, each paired with its data folder and measured. What cannot be read
-/// counts as nothing. Throws only when memory or the random generator fails. Ends the process when a sum of sizes
-/// exceeds 64 bits. May use threads of its own, which end with the call.
+/// The projects of a listing, each paired with its data folder and measured, sorted by name: ascending, ignoring case
+/// by the rules of `locale`; equal names keep their order. What cannot be read counts as nothing. Throws only when
+/// memory, ICU or the random generator fails. Ends the process when a sum of sizes exceeds 64 bits. May use threads of
+/// its own, which end with the call.
 std::vector<MPCProject> measureProjects(const FileManager& fileManager, const std::filesystem::path& folder,
-                                        const FolderListing& listing);
+                                        const FolderListing& listing, std::string_view locale);
 
 } // namespace tarvolt

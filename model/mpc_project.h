@@ -15,7 +15,7 @@ namespace tarvolt {
 /// made. Two records are equal when their `id` is, whatever else they hold, so each scan makes different ones.
 class MPCProject {
 public:
-    MPCProject(std::string baseName, std::filesystem::path xpjURL, std::optional<std::filesystem::path> dataFolderURL,
+    MPCProject(std::string baseName, std::string xpjURL, std::optional<std::string> dataFolderURL,
                std::int64_t fileCount, std::int64_t totalSize)
         : baseName_(std::move(baseName)), xpjURL_(std::move(xpjURL)), dataFolderURL_(std::move(dataFolderURL)),
           fileCount_(fileCount), totalSize_(totalSize) {}
@@ -24,9 +24,9 @@ public:
     const UUID& id() const { return id_; }
     /// The project file's name without its extension; bytes, which need not be UTF-8.
     const std::string& baseName() const { return baseName_; }
-    const std::filesystem::path& xpjURL() const { return xpjURL_; }
+    std::filesystem::path xpjURL() const { return xpjURL_; }
     /// `<baseName>_[ProjectData]` beside the project file; absent when there is none.
-    const std::optional<std::filesystem::path>& dataFolderURL() const { return dataFolderURL_; }
+    std::optional<std::filesystem::path> dataFolderURL() const { return dataFolderURL_; }
     /// Entries directly in the data folder, without hidden ones; 0 when there is none or it cannot be listed.
     std::int64_t fileCount() const { return fileCount_; }
     /// Bytes of those entries and of the project file.
@@ -37,8 +37,8 @@ public:
 private:
     UUID id_ = UUID::random();
     std::string baseName_;
-    std::filesystem::path xpjURL_;
-    std::optional<std::filesystem::path> dataFolderURL_;
+    std::string xpjURL_; // a path object takes several times the memory
+    std::optional<std::string> dataFolderURL_;
     std::int64_t fileCount_;
     std::int64_t totalSize_;
 };

@@ -34,12 +34,11 @@ std::string scanErrorText(const std::exception& failure) {
 MPCScanner::Projects findProjects(MPCScanner& scanner, const std::filesystem::path& folder) {
     const Services& services = scanner.services();
     try {
-        FolderListing listing = listFolder(*services.fileManager, folder);
-        scanner.log("Found " + std::to_string(listing.projectFiles.size()) + " .xpj file(s) and " +
+        const FolderListing listing = listFolder(*services.fileManager, folder);
+        scanner.log("Found " + std::to_string(listing.projectFileNames.size()) + " .xpj file(s) and " +
                         std::to_string(listing.dataFolderNames.size()) + " data folder(s)",
                     false);
-        sortByName(listing.projectFiles, services.locale.collate);
-        return measureProjects(*services.fileManager, folder, listing);
+        return measureProjects(*services.fileManager, folder, listing, services.locale.collate);
     } catch (const std::exception& failure) {
         scanner.log(scanErrorText(failure), true);
         return {};

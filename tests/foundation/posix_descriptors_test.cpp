@@ -32,7 +32,7 @@ TEST(PosixDescriptors, AreClosedInStartedPrograms) {
         return isUnnamed && ++unnamed == 2 ? std::optional<long>(-EOPNOTSUPP) : std::nullopt;
     };
     const auto reason = testing::withCallsAnswered({SYS_openat, SYS_fcntl}, watch, [&] {
-        disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, [](const DirectoryEntry&) {});
+        disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, Sizes::ask, [](const DirectoryEntry&) {});
         EXPECT_TRUE(disk->createFile(folder / "unnamed at first", testing::inOnePart("text")));
         EXPECT_TRUE(disk->contents(folder / "unnamed at first"));
         EXPECT_TRUE(disk->createFile(folder / "hidden at first", testing::inOnePart("text")));

@@ -35,7 +35,7 @@ class PosixListing : public ::testing::Test {
 protected:
     std::map<std::string, Found> list(const std::filesystem::path& path, LinkPolicy links = LinkPolicy::follow) const {
         std::map<std::string, Found> found;
-        disk->contentsOfDirectory(path, links, [&](const DirectoryEntry& entry) {
+        disk->contentsOfDirectory(path, links, Sizes::ask, [&](const DirectoryEntry& entry) {
             found[std::string(entry.name)] = {entry.isDirectory, entry.fileSize};
         });
         return found;
@@ -61,6 +61,27 @@ TEST_F(PosixListing, GivesTheSizesOfFilesButNotOfFolders) {
     EXPECT_EQ(found.at("Song.xpj"), (Found{false, 500}));
     EXPECT_EQ(found.at("Song_[ProjectData]"), (Found{true, std::nullopt}));
     EXPECT_EQ(found.size(), 2U);
+}
+
+TEST_F(PosixListing, AsksForNoSizesUnlessTheyAreWanted) {
+    folder.write("Song.xpj", "x");
+    folder.makeFolder("folder");
+    std::map<std::string, Found> found;
+    int asked = 0;
+    const auto counting = [&](const testing::SystemCall& call) {
+        asked += testing::isStatusOfOpenFile(call) ? 0 : 1;
+        return std::optional<long>();
+    };
+    if (const auto reason = withCallsAnswered({SYS_newfstatat}, counting, [&] {
+            disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, Sizes::skip, [&](const DirectoryEntry& entry) {
+                found[std::string(entry.name)] = {entry.isDirectory, entry.fileSize};
+            });
+        })) {
+        GTEST_SKIP() << *reason;
+    }
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(found.at("Song.xpj"), (Found{false, std::nullopt}));
+    EXPECT_EQ(found.at("folder"), (Found{true, std::nullopt}));
 }
 
 TEST_F(PosixListing, LeavesOutHiddenEntries) {
@@ -175,7 +196,8 @@ TEST_F(PosixListing, FailsWhenItBreaksOffHalfway) {
     int error = 0;
     const auto reason = withCallsAnswered({SYS_getdents64}, breaking, [&] {
         try {
-            disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, [&](const DirectoryEntry&) { ++visited; });
+            disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, Sizes::ask,
+                                      [&](const DirectoryEntry&) { ++visited; });
         } catch (const FileError& failure) {
             error = failure.code().value();
         }
@@ -222,7 +244,7 @@ TEST_F(PosixListing, LeavesNoDescriptorOpenWhenTheVisitorThrows) {
     folder.write("a", "x");
     const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
     const auto before = open();
-    EXPECT_THROW(disk->contentsOfDirectory(folder.path(), LinkPolicy::follow,
+    EXPECT_THROW(disk->contentsOfDirectory(folder.path(), LinkPolicy::follow, Sizes::ask,
                                            [](const DirectoryEntry&) { throw std::bad_alloc(); }),
                  std::bad_alloc);
     EXPECT_EQ(open(), before);

@@ -117,7 +117,7 @@ TEST_F(FolderScanOnDisk, CountsNothingInADataFolderThatHasVanishedSinceTheListin
     const auto files = makePosixFileManager();
     const auto listing = listFolder(*files, folder.path());
     fs::remove(folder / "Song_[ProjectData]");
-    const auto projects = measureProjects(*files, folder.path(), listing);
+    const auto projects = measureProjects(*files, folder.path(), listing, "");
     ASSERT_EQ(projects.size(), 1U);
     EXPECT_EQ(projects.front().fileCount(), 0);
     EXPECT_EQ(projects.front().totalSize(), 1);
@@ -132,7 +132,7 @@ TEST_F(FolderScanOnDisk, DoesNotEnterADataFolderThatHasBecomeALinkSinceTheListin
     const auto listing = listFolder(*files, folder.path());
     fs::remove(folder / "Song_[ProjectData]");
     fs::create_directory_symlink(outside.path(), folder / "Song_[ProjectData]");
-    EXPECT_EQ(measureProjects(*files, folder.path(), listing).front().totalSize(), 1);
+    EXPECT_EQ(measureProjects(*files, folder.path(), listing, "").front().totalSize(), 1);
 }
 
 TEST_F(FolderScanOnDisk, AsksOnceForEachFileAndFourTimesForEachFolder) {
@@ -154,7 +154,7 @@ TEST_F(FolderScanOnDisk, AsksOnceForEachFileAndFourTimesForEachFolder) {
     };
     if (const auto reason = testing::withCallsAnswered(
             {SYS_openat, SYS_close, SYS_getdents64, SYS_newfstatat, SYS_fstat, SYS_fcntl, SYS_getrandom}, counting,
-            [&] { found = measureProjects(*files, folder.path(), listFolder(*files, folder.path())).size(); })) {
+            [&] { found = measureProjects(*files, folder.path(), listFolder(*files, folder.path()), "").size(); })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_EQ(found, std::size_t{projects});

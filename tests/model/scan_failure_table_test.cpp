@@ -53,7 +53,8 @@ void PrintTo(const Row& row, std::ostream* out) {
 Circumstances whileUnreadable(const Lines& names) {
     const auto answer = [names](const SystemCall& call) -> std::optional<long> {
         if (call.number == SYS_newfstatat) {
-            const bool isUnreadable = std::find(names.begin(), names.end(), call.text(1)) != names.end();
+            const auto name = std::filesystem::path(call.text(1)).filename().native();
+            const bool isUnreadable = std::find(names.begin(), names.end(), name) != names.end();
             return isUnreadable ? std::optional<long>(-EACCES) : std::nullopt;
         }
         return testing::listingWithoutKinds(call);
@@ -75,6 +76,7 @@ const std::string none = "Scan complete: 0 project(s)";
 const std::string one = "Scan complete: 1 project(s)";
 const std::string listedIt = "list /p";
 const std::string listedData = "list /p/Song_[ProjectData]";
+const std::string asked = "state /p/Song.xpj";
 
 const Row rows[] = {
     {.fact = "WithoutAChosenFolderNothingHappens", .folderChosen = false},
@@ -117,14 +119,14 @@ const Row rows[] = {
      .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Song_[ProjectData]").kindUnreadable = true; },
      .during = whileUnreadable({"Song_[ProjectData]"}),
      .log = {one, "Found 1 .xpj file(s) and 0 data folder(s)"},
-     .traffic = {listedIt},
+     .traffic = {listedIt, asked},
      .projects = {"Song, no data folder, 0 entries, 5 bytes"}},
     {.fact = "AProjectWhoseDataFolderCannotBeListedIsKeptWithItsOwnSize",
      .onFake = [](FakeFileManager& disk) { disk.addFolder("/p/Song_[ProjectData]").listError = EACCES; },
      .closed = "p/Song_[ProjectData]",
      .during = asOrdinaryUser,
      .log = {one, foundBoth},
-     .traffic = {listedIt, listedData},
+     .traffic = {listedIt, listedData, asked},
      .projects = {"Song, 0 entries, 5 bytes"}},
     {.fact = "ASizeThatCannotBeReadIsNotAddedButItsEntryCounts",
      .onFake =
@@ -134,7 +136,7 @@ const Row rows[] = {
          },
      .during = whileUnreadable({"Song.xpj", "a.wav"}),
      .log = {one, foundBoth},
-     .traffic = {listedIt, listedData},
+     .traffic = {listedIt, listedData, asked},
      .projects = {"Song, 2 entries, 100 bytes"}},
 };
 

@@ -97,7 +97,14 @@ bool FakeFileManager::isInAFolder(const std::filesystem::path& path) const {
     return folder != nullptr && folder->kind == Kind::folder;
 }
 
-void FakeFileManager::contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+std::optional<std::int64_t> FakeFileManager::sizeOf(const Item& item) {
+    if (item.kind == Kind::folder || item.sizeUnreadable) {
+        return std::nullopt;
+    }
+    return item.fakeSize.value_or(static_cast<std::int64_t>(item.contents.size()));
+}
+
+void FakeFileManager::contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links, Sizes sizes,
                                           const Visitor& visit) const {
     const Guard guard(mutex_);
     if (const int error = begin("list", folder.native())) {
@@ -127,8 +134,8 @@ void FakeFileManager::contentsOfDirectory(const std::filesystem::path& folder, L
         if (item.kindUnreadable) {
             entry.isDirectory.reset();
         }
-        if (item.kind != Kind::folder && !item.sizeUnreadable) {
-            entry.fileSize = item.fakeSize.value_or(static_cast<std::int64_t>(item.contents.size()));
+        if (sizes == Sizes::ask) {
+            entry.fileSize = sizeOf(item);
         }
         visit(entry);
     }
@@ -145,7 +152,9 @@ bool FakeFileManager::fileExists(const std::filesystem::path& path) const {
 
 std::optional<FileState> FakeFileManager::state(const std::filesystem::path& path) const {
     const Guard guard(mutex_);
-    return begin("state", path.native()) == 0 ? stateOf(path) : std::nullopt;
+    const int error = begin("state", path.native());
+    const auto* item = find(path.native(), false);
+    return error != 0 || item == nullptr || item->sizeUnreadable ? std::nullopt : stateOf(path);
 }
 
 std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& path) const {
@@ -153,10 +162,10 @@ std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& p
     if (found == items_.end()) {
         return std::nullopt;
     }
-    const auto& contents = found->second.item.contents;
+    const auto& item = found->second.item;
     return FileState{{1, found->second.serial},
-                     static_cast<std::int64_t>(contents.size()),
-                     static_cast<std::int64_t>(std::hash<std::string>{}(contents) >> 1U)};
+                     sizeOf(item).value_or(0),
+                     static_cast<std::int64_t>(std::hash<std::string>{}(item.contents) >> 1U)};
 }
 
 void FakeFileManager::expect(const char* call, const std::filesystem::path& path,

@@ -24,7 +24,7 @@ public:
         Kind kind = Kind::file;
         std::string contents;                 ///< of a file; of a link, its target
         std::optional<std::int64_t> fakeSize; ///< reported instead of the size of `contents`
-        bool sizeUnreadable = false;          ///< the size is unknown
+        bool sizeUnreadable = false;          ///< the size and state are unknown
         bool kindUnreadable = false;          ///< whether it is a folder is unknown
         int listError = 0;                    ///< listing it fails with this error
         int listErrorAfter = 0;               ///< so many entries are visited first
@@ -51,7 +51,7 @@ public:
     /// Every item: a path ending in "/" for a folder, else "path=contents".
     std::vector<std::string> disk() const;
 
-    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links, Sizes sizes,
                              const Visitor& visit) const override;
     bool fileExists(const std::filesystem::path& path) const override;
     /// A file that is written to gets a new state.
@@ -78,6 +78,7 @@ private:
     int begin(const std::string& operation, const std::string& rest) const;
     void expect(const char* call, const std::filesystem::path& path, const std::optional<FileIdentity>& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;
+    static std::optional<std::int64_t> sizeOf(const Item& item);
     std::optional<FileState> stateOf(const std::filesystem::path& path) const;
     bool isInAFolder(const std::filesystem::path& path) const;
 

@@ -55,7 +55,7 @@ protected:
         return 0;
     }
     int errorOfListing(const std::string& name, LinkPolicy links = LinkPolicy::follow) {
-        return errorOf([&] { disk->contentsOfDirectory(path(name), links, [](const DirectoryEntry&) {}); });
+        return errorOf([&] { disk->contentsOfDirectory(path(name), links, Sizes::ask, [](const DirectoryEntry&) {}); });
     }
     int errorOfMove(const std::string& from, const std::string& to, std::optional<FileIdentity> onlyIf = {}) {
         return errorOf([&] { disk->moveItem(path(from), path(to), onlyIf); });
@@ -81,7 +81,7 @@ TEST_P(FileManagerContract, ListsOneLevelWithKindsAndSizesButWithoutHiddenEntrie
     makeLink("link", "folder");
     makePipe("pipe");
     std::map<std::string, std::string> found;
-    disk->contentsOfDirectory(path(""), LinkPolicy::follow, [&](const DirectoryEntry& entry) {
+    disk->contentsOfDirectory(path(""), LinkPolicy::follow, Sizes::ask, [&](const DirectoryEntry& entry) {
         found[std::string(entry.name)] = (entry.isDirectory.value_or(false) ? "folder " : "") +
                                          (entry.fileSize ? std::to_string(*entry.fileSize) : "no size");
     });
@@ -89,6 +89,16 @@ TEST_P(FileManagerContract, ListsOneLevelWithKindsAndSizesButWithoutHiddenEntrie
                                                          {"folder", "folder no size"},
                                                          {"link", std::to_string(path("folder").size())},
                                                          {"pipe", "0"}}));
+}
+
+TEST_P(FileManagerContract, GivesTheSizeOfAnItemThatIsNoFolder) {
+    write("file", "12345");
+    makeFolder("folder");
+    write("folder/inside", "1");
+    makeLink("link", "folder");
+    EXPECT_EQ(disk->state(path("file"))->size, 5);
+    EXPECT_EQ(disk->state(path("folder"))->size, 0);
+    EXPECT_EQ(disk->state(path("link"))->size, static_cast<std::int64_t>(path("folder").size()));
 }
 
 TEST_P(FileManagerContract, ListsOnlyFoldersAndFollowsLinksOnlyWhenAsked) {

@@ -20,10 +20,10 @@ public:
 
     const std::vector<std::string>& traffic() const { return traffic_; }
 
-    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links,
+    void contentsOfDirectory(const std::filesystem::path& folder, LinkPolicy links, Sizes sizes,
                              const Visitor& visit) const override {
         note("list " + folder.native());
-        disk_->contentsOfDirectory(folder, links, visit);
+        disk_->contentsOfDirectory(folder, links, sizes, visit);
     }
     bool fileExists(const std::filesystem::path& path) const override {
         note("exists " + path.native());
