@@ -140,21 +140,11 @@ void SymbolItem::draw(QPainter& painter, const QRectF& box) const {
 
 QPixmap applicationIcon(int side) {
     constexpr int smallUpTo = 24;
-    constexpr double houseShare = 26.0 / 32;
     QPixmap icon(side, side);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
-    QSvgRenderer renderer(drawing(QStringLiteral("tarvolt")));
-    const QRectF tile(0, 0, side, side);
-    if (side > smallUpTo) {
-        renderer.render(&painter, tile);
-        return icon;
-    }
-    QRectF house = renderer.boundsOnElement(QStringLiteral("house"));
-    house.setSize(house.size().scaled(tile.size() * houseShare, Qt::KeepAspectRatio));
-    house.moveCenter(tile.center());
-    renderer.render(&painter, QStringLiteral("tile"), tile);
-    renderer.render(&painter, QStringLiteral("house"), house);
+    QSvgRenderer(drawing(side > smallUpTo ? QStringLiteral("tarvolt") : QStringLiteral("tarvolt.small")))
+        .render(&painter);
     return icon;
 }
 

@@ -94,7 +94,7 @@ private:
     double angle_ = 0;
 };
 
-/// The program's own icon, `side` pixels wide. A small one has no margin and a larger house.
+/// The program's own icon, `side` pixels wide. A small one has a drawing of its own.
 QPixmap applicationIcon(int side);
 
 } // namespace tarvolt
