@@ -15,25 +15,33 @@ heading() {
     printf '\n== %s\n' "$*"
 }
 
-# The code name of this Debian release, or nothing if the package list does not cover it.
+# What the package list has for this system: the code name of a Debian release, "relative" for a system that has
+# Debian's package names, or nothing.
 debianRelease() {
     (
-        ID='' VERSION_CODENAME=''
+        ID='' VERSION_ID='' VERSION_CODENAME='' DEBIAN_CODENAME=''
         # shellcheck disable=SC1090 # the file is the system's own
         [ -r "$osRelease" ] && . "$osRelease"
-        case "$ID:$VERSION_CODENAME" in
+        case "$ID:${DEBIAN_CODENAME:-$VERSION_CODENAME}" in
             debian:bookworm | debian:trixie) printf '%s\n' "$VERSION_CODENAME" ;;
+            linuxmint:bookworm | linuxmint:trixie) echo relative ;; # Mint's edition that is made from Debian
+            ubuntu:*) [ "${VERSION_ID%%.*}" -lt 24 ] || echo relative ;;
+            linuxmint:*) [ "${VERSION_ID%%.*}" -lt 22 ] || echo relative ;;
         esac
     )
 }
 
-# packagesOf RELEASE GROUP...: the packages in these groups, one a line; without a release, those common to both.
+# packagesOf RELEASE GROUP...: the packages in these groups, one a line; without a release, those common to both. A
+# relative of Debian gets these and, of those that only one release has, the ones that its apt knows.
 packagesOf() {
     local release=$1
     shift
     awk -v release="$release" -v groups=" $* " '
         /^[[:space:]]*(#|$)/ { next }
         index(groups, " " $1 " ") && ($3 == "" || $3 == release) { print $2 }
+        index(groups, " " $1 " ") && $3 != "" && release == "relative" {
+            if (system("apt-cache show " $2 " >/dev/null 2>&1") == 0) print $2
+        }
     ' "$packageList"
 }
 
@@ -50,9 +58,12 @@ needPackages() {
     release=$(debianRelease)
     if [ -z "$release" ]; then
         names=$(packagesOf '' "$@" | tr '\n' ' ')
-        fail "packages can be installed on Debian 12 and 13 only; elsewhere, install the equivalents of these Debian" \
-            "packages and build with CMake as README.md shows: $names"
+        fail "packages can be installed on Debian 12 and 13, Ubuntu 24.04, Linux Mint 22 and later ones only;" \
+            "elsewhere, install the equivalents of these Debian packages and build with CMake as README.md shows:" \
+            "$names"
     fi
+    [ "$release" != relative ] ||
+        echo "Tarvolt has not been tried on this relative of Debian; going on with Debian's package names."
     missing=$(packagesOf "$release" "$@" | missingOf)
     [ -n "$missing" ] || return 0
     # shellcheck disable=SC2086 # package names contain no spaces

@@ -53,8 +53,9 @@ class Setup(unittest.TestCase):
     def userIs(self, number):
         self.command("id", f"echo {number}", records=False)
 
-    def system(self, name, codeName):
-        (self.folder / "os-release").write_text(f'PRETTY_NAME="X Y"\nID={name}\nVERSION_CODENAME={codeName}\n')
+    def system(self, name, codeName, version="", basis=""):
+        (self.folder / "os-release").write_text(f'PRETTY_NAME="X Y"\nID={name}\nVERSION_CODENAME={codeName}\n'
+                                                f'VERSION_ID="{version}"\n{basis}\n')
 
     def run_(self, script):
         """Runs `script` after sourcing the library; returns status, output and recorded calls."""
@@ -133,13 +134,37 @@ class Setup(unittest.TestCase):
         self.assertIn("test: the packages could not be installed; see build/packages.log", output)
 
     def testNamesThePackagesAndStopsOnAnotherDistribution(self):
-        for name, codeName in (("fedora", ""), ("ubuntu", "noble"), ("debian", "bullseye")):
-            with self.subTest(name=name):
-                self.system(name, codeName)
+        for system in (
+            ("fedora", "", "42"),
+            ("ubuntu", "mantic", "23.10"),
+            ("linuxmint", "virginia", "21.3", "UBUNTU_CODENAME=jammy"),
+            ("linuxmint", "elsie", "5", "DEBIAN_CODENAME=bullseye"),
+            ("debian", "bullseye", "11"),
+        ):
+            with self.subTest(system):
+                self.system(*system)
                 status, output, calls = self.run_("needPackages build run; echo went on")
                 self.assertEqual((status, calls), (1, []))
-                self.assertRegex(output, "^test: packages can be installed on Debian 12 and 13 only; ")
+                self.assertRegex(output, "^test: packages can be installed on Debian 12 and 13, Ubuntu 24.04, Linux Mint 22 ")
                 self.assertRegex(output, ": cmake window-module \n$")
+
+    def testGoesOnWithARelativeOfDebianAfterSayingThatItIsUntried(self):
+        self.command("apt-cache", '[ "$2" = libnew-dev ]', records=False)
+        for system in (
+            ("ubuntu", "noble", "24.04"),
+            ("ubuntu", "of-the-future", "31.10"),
+            ("linuxmint", "wilma", "22", "UBUNTU_CODENAME=noble"),
+            ("linuxmint", "faye", "6", "DEBIAN_CODENAME=bookworm"),
+            ("linuxmint", "gigi", "7", "DEBIAN_CODENAME=trixie"),
+        ):
+            with self.subTest(system):
+                self.system(*system)
+                self.calls.unlink(missing_ok=True)
+                status, output, calls = self.run_("needPackages build run; echo went on")
+                self.assertEqual(status, 0, output)
+                self.assertRegex(output, "^Tarvolt has not been tried on this relative of Debian; ")
+                self.assertRegex(output, "Installing 1 missing packages: libnew-dev\nwent on\n$")
+                self.assertRegex(calls[1], "^apt-get install .* libnew-dev$")
 
     def testStopsWhenTheSystemIsUnknown(self):
         (self.folder / "os-release").unlink()
