@@ -1,146 +1,115 @@
-// The jobs a person waits for: a scan, a rename and in it the rewriting of the project file, the order of the list and
-// the search.
-// Figures mean something only beside others of the same run; compare medians of two builds measured in turn.
+// The jobs a person waits for, as the program does them: tarvolt_benchmarks OPERATION INPUT. Figures mean something
+// only beside others of the same run, as ./benchmark prints them.
+#include "benchmarks/operations.h"
 #include "foundation/file_manager.h"
 #include "foundation/text.h"
 #include "model/folder_scan.h"
 #include "model/mpc_scanner.h"
 
-#include <benchmark/benchmark.h>
-
-#include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 namespace {
 
 using namespace tarvolt;
-namespace fs = std::filesystem;
+using tarvolt::benchmarks::linesOf;
+using tarvolt::benchmarks::otherName;
+using tarvolt::benchmarks::projectName;
 
-/// A folder of projects on the real disk, each with `entries` small files, gone with its object.
-class ProjectsFolder {
+/// Runs everything at once.
+class ImmediateQueue final : public DispatchQueue {
 public:
-    ProjectsFolder(int projects, int entries) {
-        std::string name = (fs::temp_directory_path() / "tarvolt-benchmark-XXXXXX").native();
-        if (::mkdtemp(name.data()) == nullptr) {
-            throw std::system_error(errno, std::generic_category(), "mkdtemp");
-        }
-        path_ = name;
-        for (int i = 0; i < projects; ++i) {
-            const auto stem = (path_ / ("Project " + std::to_string(i))).native();
-            fs::create_directories(stem + "_[ProjectData]");
-            std::ofstream(stem + ".xpj") << "text";
-            for (int k = 0; k < entries; ++k) {
-                std::ofstream(stem + "_[ProjectData]/sample " + std::to_string(k) + ".wav") << "sample";
-            }
-        }
-    }
-    ProjectsFolder(const ProjectsFolder&) = delete;
-    ProjectsFolder& operator=(const ProjectsFolder&) = delete;
-    ~ProjectsFolder() { fs::remove_all(path_); }
-
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
+    void async(Task task) override { task(); }
+    void asyncAfter(std::chrono::milliseconds, Task task) override { task(); }
 };
 
-std::vector<MPCProject> namedProjects(int count, bool accents) {
-    std::mt19937 random(7);
-    std::vector<MPCProject> projects;
-    for (int i = 0; i < count; ++i) {
-        const std::string start = accents && random() % 4 == 0 ? "Caf\u00e9 " : "Midnight Ferry ";
-        projects.emplace_back(start + std::to_string(random()), fs::path(), std::nullopt, 0, 0);
-    }
-    return projects;
+std::shared_ptr<MPCScanner> makeScanner() {
+    const auto queue = std::make_shared<ImmediateQueue>();
+    return MPCScanner::create({makePosixFileManager(), queue, queue, nullptr});
 }
 
-void scan(benchmark::State& state) {
-    const ProjectsFolder folder(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+void scanBenchmark(benchmark::State& state, const std::string& folder) {
     const auto disk = makePosixFileManager();
     for (auto _ : state) {
-        const FolderListing listing = listFolder(*disk, folder.path());
-        benchmark::DoNotOptimize(measureProjects(*disk, folder.path(), listing, "en_US").data());
+        benchmark::DoNotOptimize(measureProjects(*disk, folder, listFolder(*disk, folder), "en_US").data());
     }
 }
-BENCHMARK(scan)->Args({50, 100})->Args({500, 100})->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// Some 5 MB of a project file of "Night Drive", with so many bytes between one reference and the next.
-std::string projectText(std::int64_t bytesBetween) {
-    std::string text;
-    while (text.size() < 5'000'000) {
-        text += "<Layer><File>Night Drive_[ProjectData]/kick.wav</File></Layer>";
-        text += std::string(static_cast<std::size_t>(bytesBetween), 'N');
-    }
-    return text;
-}
-
-/// Drops everything: a rename needs a queue for its line in the log alone.
-class NoQueue final : public DispatchQueue {
-public:
-    void async(Task) override {}
-    void asyncAfter(std::chrono::milliseconds, Task) override {}
-};
-
-/// Renames one project forth and back on the real disk, which is brought up to date each time.
-void rename(benchmark::State& state) {
-    const ProjectsFolder folder(0, 0);
+void renameBenchmark(benchmark::State& state, const std::string& folder) {
     const auto projectNamed = [&](const std::string& name) {
-        return MPCProject(name, folder.path() / (name + ".xpj"), folder.path() / (name + "_[ProjectData]"), 0, 0);
+        const auto start = folder + "/" + name;
+        return MPCProject(name, start + ".xpj", start + std::string(dataFolderSuffix), 0, 0);
     };
-    auto project = projectNamed("Night Drive");
-    auto renamed = projectNamed("Dawn");
-    fs::create_directories(*project.dataFolderURL());
-    std::ofstream(project.xpjURL()) << projectText(state.range(0));
-    const auto queue = std::make_shared<NoQueue>();
-    const auto scanner = MPCScanner::create({makePosixFileManager(), queue, queue, nullptr});
-    scanner->folderURL.set(folder.path());
+    const auto scanner = makeScanner();
+    scanner->folderURL.set(folder);
+    auto present = projectNamed(projectName);
+    auto absent = projectNamed(otherName);
     for (auto _ : state) {
-        scanner->rename(project, renamed.baseName());
-        std::swap(project, renamed);
+        scanner->rename(present, absent.baseName());
+        std::swap(present, absent);
+    }
+    if (present.baseName() == otherName) {
+        scanner->rename(present, projectName);
     }
 }
-BENCHMARK(rename)->Arg(100)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void rewrite(benchmark::State& state) {
-    const std::string text = projectText(state.range(0));
+/// The order of the names and the records moved into it.
+void sortBenchmark(benchmark::State& state, const std::string& list) {
+    const std::vector<std::string> names = linesOf(list);
     for (auto _ : state) {
-        replaceAllBeforeTail(text, "Night Drive", "Dawn", dataFolderSuffix,
-                             [](std::string_view part) { benchmark::DoNotOptimize(part.data()); });
+        state.PauseTiming();
+        std::vector<MPCProject> records;
+        records.reserve(names.size());
+        for (const auto& name : names) {
+            records.emplace_back(name, name + ".xpj", std::nullopt, 0, 0);
+        }
+        std::vector<MPCProject> sorted;
+        state.ResumeTiming();
+        const auto order = localizedCaseInsensitiveCompareOrder({names.begin(), names.end()}, "en_US");
+        sorted.reserve(order.size());
+        for (const std::size_t index : order) {
+            sorted.push_back(std::move(records[index]));
+        }
+        benchmark::DoNotOptimize(sorted.data());
+        state.PauseTiming();
+        records.clear();
+        sorted.clear();
+        state.ResumeTiming();
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(text.size()));
 }
-BENCHMARK(rewrite)->Arg(100)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
-void order(benchmark::State& state) {
-    const auto projects = namedProjects(20'000, state.range(0) != 0);
-    std::vector<std::string_view> names;
-    for (const auto& project : projects) {
-        names.push_back(project.baseName());
-    }
+void filterBenchmark(benchmark::State& state, const std::string& list) {
+    const std::vector<std::string> names = linesOf(list);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(localizedCaseInsensitiveCompareOrder(names, "en_US").data());
-    }
-}
-BENCHMARK(order)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
-
-void search(benchmark::State& state) {
-    const auto projects = namedProjects(20'000, state.range(0) != 0);
-    for (auto _ : state) {
-        for (const auto& project : projects) {
-            benchmark::DoNotOptimize(localizedCaseInsensitiveContains(project.baseName(), "ferry 77", "en_US"));
+        for (const auto& name : names) {
+            benchmark::DoNotOptimize(localizedCaseInsensitiveContains(name, benchmarks::searchText, "en_US"));
         }
     }
 }
-BENCHMARK(search)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+void logBenchmark(benchmark::State& state, const std::string& lines) {
+    for (auto _ : state) {
+        const auto scanner = makeScanner();
+        for (int i = std::stoi(lines); i > 0; --i) {
+            scanner->log("Found 12 .xpj file(s) and 12 data folder(s)", false);
+        }
+    }
+}
 
 } // namespace
+
+int main(int argc, char** argv) {
+    return benchmarks::runOperation(argc, argv,
+                                    {{"scan", scanBenchmark},
+                                     {"rename", renameBenchmark},
+                                     {"flushed rename", renameBenchmark},
+                                     {"sort", sortBenchmark},
+                                     {"filter", filterBenchmark},
+                                     {"log", logBenchmark}});
+}

@@ -1,0 +1,167 @@
+"""Measures the program beside the least its jobs can cost and beside other programs; ./benchmark starts it.
+
+    compare.py BUILD    prints the table and leaves it and the plot in BUILD/results
+
+What is compared runs in turn, so that a machine whose speed varies slows all of it down alike. A figure is the median
+of the rounds.
+"""
+
+import os
+import shutil
+import statistics
+import subprocess
+import tempfile
+from pathlib import Path
+
+import inputs
+import plot
+from measure import ROUNDS, Table, as_process, build, in_process, medians, programs, progress
+
+NAME, NEW_NAME = "Night Drive", "Dawn Patrol"
+
+
+def floor(operation, path):
+    return in_process("tarvolt_benchmarks", operation, path), {"least": in_process("tarvolt_floors", operation, path)}
+
+
+def scans(table, disk):
+    for projects, entries in (50, 100), (2_000, 100), (20_000, 5), (100, 5_000):
+        work = f"{projects:,} x {entries:,}"
+        folder = inputs.tree(disk, projects, entries, progress)
+        table.compare("scan", work, *floor("scan", folder))
+        if projects == 50:
+            continue
+        others = {
+            "usual code": [programs / "usual_scan", folder],
+            "find": ["find", folder, "-maxdepth", "2", "-printf", "%s\n"],
+            "du": ["du", "-d1", "-b", folder],
+            "ncdu": ["ncdu", "-0", "-o", "/dev/null", folder],
+            "gdu": ["gdu", "-n", "-p", "-c", folder],
+            "fd": ["fdfind", "-u", "-d", "2", "-t", "f", "-S", "+0b", ".", folder],
+        }
+        table.compare("scan, whole process", work, as_process(programs / "tarvolt_once", "scan", folder),
+                      {name: as_process(*command) for name, command in others.items() if shutil.which(command[0])})
+
+
+def renames(table, disk, memory):
+    for work, size, references, accents in (
+        ("100 kB", 100_000, 100, 0),
+        ("5 MB, 100 references", 5_000_000, 100, 0),
+        ("5 MB, 40,000 references", 5_000_000, 40_000, 0),
+        ("5 MB, 5 % of lines accented", 5_000_000, 100, 5),
+        ("100 MB, 100 references", 100_000_000, 100, 0),
+        ("100 MB, 800,000 references", 100_000_000, 800_000, 0),
+    ):
+        folder = inputs.project(memory / work, NAME, size, references, accents)
+        table.compare("rename in memory", work, *floor("rename", folder))
+    for work in "100 kB", "5 MB, 40,000 references":
+        folder = shutil.copytree(memory / work, disk / work)
+        table.compare("rename on disk, flushed", work, *floor("flushed rename", folder))
+
+
+def peers_of_rename(table, memory):
+    folder = memory / "5 MB, 40,000 references"
+    old, new = folder / f"{NAME}.xpj", folder / f"{NEW_NAME}.xpj"
+
+    def back():
+        if new.exists():
+            subprocess.run([programs / "tarvolt_once", "rename", folder, NEW_NAME, NAME], check=True,
+                           stdout=subprocess.DEVNULL)
+
+    change = f"s/{NAME}_\\[ProjectData\\]/{NEW_NAME}_[ProjectData]/g"
+    copy = memory / "copy.xpj"
+    table.compare("rename, whole process", folder.name,
+                  as_process(programs / "tarvolt_once", "rename", folder, NAME, NEW_NAME, before=back),
+                  {"cp": as_process("cp", old, copy, before=back),
+                   "sed": as_process("sed", "-n", f"{change};w {copy}", old, before=back),
+                   "perl": as_process("perl", "-0777", "-ne", f"{change};print", old, before=back)})
+    back()
+
+
+def peak_memory(table, memory):
+    for work in "100 MB, 100 references", "100 MB, 800,000 references":
+        folder = memory / work
+        command = [programs / "tarvolt_once", "rename", folder]
+        size = (folder / f"{NAME}.xpj").stat().st_size
+        peaks = []
+        for names in [(NAME, NEW_NAME), (NEW_NAME, NAME)] * 3:
+            peaks.append(int(subprocess.run([*command, *names], check=True, capture_output=True).stdout))
+        peak = statistics.median(peaks)
+        table.rows.append(["rename, memory above start", work, f"{peak / 2**20:.1f} MiB", "size of the file",
+                           f"{size / 2**20:.1f} MiB", f"{peak / size:.2f}"])
+
+
+def texts(table, disk):
+    for work, accented in ("ASCII", 0), ("a quarter accented", 25), ("all accented", 100):
+        path = inputs.name_list(disk / f"{work}.txt", 20_000, accented)
+        for operation in "sort", "filter":
+            table.compare(operation, f"20,000 names, {work}", *floor(operation, path))
+
+
+def slow_disk(table, disk):
+    folder = inputs.tree(disk, 100, 10, progress)
+    scan = [programs / "tarvolt_once", "scan", folder]
+    slow = {"LD_PRELOAD": str(programs / "libslow_disk.so")}
+    table.compare("scan, 1 ms for each size", "100 x 10", as_process(*scan, **slow),
+                  {"one thread": as_process(*scan, **slow, ONE_THREAD="1")})
+
+
+def growth(disk, memory):
+    """What 1, 10 and 100 times the work cost, as multiples of the first: for each job, the program and the least."""
+
+    def work(operation, count):
+        if operation == "scan":
+            return inputs.tree(disk, 200 * count, 5, progress)
+        if operation == "rename":
+            return inputs.project(memory / f"grown {count}", NAME, 1_000_000 * count, 200 * count)
+        return inputs.name_list(disk / f"grown {count}.txt", 200 * count, 25)
+
+    def costs(program, operation, given):
+        figures = medians(f"growth of {operation}", [in_process(program, operation, each) for each in given])
+        return [figure / figures[0] for figure in figures]
+
+    own, least = {}, {}
+    for operation in "scan", "rename", "filter", "sort":
+        given = [work(operation, count) for count in (1, 10, 100)]
+        own[operation] = costs("tarvolt_benchmarks", operation, given)
+        least[operation] = costs("tarvolt_floors", operation, given)
+    own["log"] = costs("tarvolt_benchmarks", "log", ["100", "1000", "10000"])
+    return own, least
+
+
+def machine():
+    model = next((line.split(":")[1].strip() for line in Path("/proc/cpuinfo").read_text().splitlines()
+                  if line.startswith("model name")), "unknown processor")
+    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30
+    return f"{os.cpu_count()} cores ({model}), {memory:.0f} GiB, Linux {os.uname().release.split('-')[0]}, " \
+           f"load {os.getloadavg()[0]:.1f} at the start"
+
+
+def main():
+    about = machine()
+    results = build / "results"
+    results.mkdir(exist_ok=True)
+    table = Table("what", "work", "Tarvolt", "beside it", "takes", "ratio")
+    with tempfile.TemporaryDirectory(dir=build) as disk, tempfile.TemporaryDirectory(dir="/dev/shm") as memory:
+        disk, memory = Path(disk), Path(memory)
+        texts(table, disk)
+        renames(table, disk, memory)
+        peers_of_rename(table, memory)
+        peak_memory(table, memory)
+        slow_disk(table, disk)
+        scans(table, disk)
+        own, least = growth(disk, memory)
+        # The rows of the window come here.
+        progress("removing the inputs")
+    grown = Table("cost of", "1x", "10x", "100x the work", "least, 100x")
+    for name, costs in own.items():
+        grown.rows.append([name, *(f"{cost:.1f}" for cost in [*costs, *least.get(name, [])[2:]])])
+    text = f"{about}; medians of {ROUNDS} rounds.\n\n{table.text()}\n{grown.text()}"
+    (results / "table.md").write_text(text)
+    (results / "growth.svg").write_text(plot.growth(own))
+    progress(f"done; the table and the plot are in {os.path.relpath(results)}/")
+    print("\n\n" + text, end="")
+
+
+if __name__ == "__main__":
+    main()
