@@ -8,6 +8,7 @@ import subprocess
 import tempfile
 import unittest
 from pathlib import Path
+from xml.etree import ElementTree
 
 packaging = Path(__file__).resolve().parents[2] / "packaging"
 
@@ -45,7 +46,8 @@ class Desktop(unittest.TestCase):
             install = [os.environ["CMAKE"], "--install", os.environ["BUILD"], "--prefix", folder]
             subprocess.run(install, check=True, stdout=subprocess.DEVNULL)
             share = Path(folder, "share")
-            for file in ("applications/tarvolt.desktop", "metainfo/tarvolt.metainfo.xml", "man/man1/tarvolt.1"):
+            id = ElementTree.parse(packaging / "tarvolt.metainfo.xml").findtext("id")
+            for file in ("applications/tarvolt.desktop", f"metainfo/{id}.metainfo.xml", "man/man1/tarvolt.1"):
                 self.assertTrue((share / file).is_file(), file)
             entry = configparser.RawConfigParser()
             entry.read(share / "applications/tarvolt.desktop")
