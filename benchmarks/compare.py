@@ -10,6 +10,7 @@ import os
 import shutil
 import statistics
 import subprocess
+import sys
 import tempfile
 from pathlib import Path
 
@@ -138,6 +139,8 @@ def machine():
 
 
 def main():
+    if shutil.disk_usage("/dev/shm").free < 2**29:
+        sys.exit("benchmark: the renames in memory need 512 MiB of room in /dev/shm; make it larger and start again")
     about = machine()
     results = build / "results"
     results.mkdir(exist_ok=True)
