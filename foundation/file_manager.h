@@ -42,14 +42,27 @@ struct FileIdentity {
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
-/// An item on disk at one moment. It changes when the item is replaced or written to.
+/// An item on disk at one moment.
 struct FileState {
     FileIdentity identity;
+    std::uint32_t kind = 0;               ///< stands for file, folder, link and so on
     std::int64_t size = 0;                ///< bytes; 0 for a folder
     std::int64_t modified = 0;            ///< whole seconds since 1970; any date is possible
     std::int64_t modifiedNanoseconds = 0; ///< the rest of that time
+    std::uint64_t changed = 0;            ///< stands for the moment at which anything about the item last changed
 
-    friend bool operator==(const FileState&, const FileState&) = default;
+    /// Different when the item has been replaced or written to, but not when only something about it has changed.
+    friend bool operator==(const FileState& one, const FileState& other) {
+        return one.identity == other.identity && one.size == other.size && one.modified == other.modified &&
+               one.modifiedNanoseconds == other.modifiedNanoseconds;
+    }
+
+    /// Whether nothing but the number tells them apart. User-space file systems number an item anew when the system has
+    /// forgotten it.
+    bool isRenumbered(FileState later) const {
+        later.identity.inode = identity.inode;
+        return *this == later && kind == later.kind && changed == later.changed;
+    }
 };
 
 /// The bytes of a whole file.
@@ -101,13 +114,12 @@ public:
     /// opened when they replace a file at the moment of the call. Throws only std::bad_alloc.
     virtual std::optional<FileContents> contents(const std::filesystem::path& path) const = 0;
 
-    /// Creates the file `path` with `contents` and mode 0666 minus the umask, durably: when this returns an identity,
+    /// Creates the file `path` with `contents` and mode 0666 minus the umask, durably: when this returns its state,
     /// the bytes and the name are on disk, as far as the file system can guarantee that. The file appears whole or not
     /// at all and replaces nothing (see moveItem). An absent result means that it was not created, or could not be made
     /// durable and was removed again. Only if that removal fails does a whole file stay. `contents` is called once for
     /// each attempt to write the file; what it throws leaves this call, and the file is then not created.
-    virtual std::optional<FileIdentity> createFile(const std::filesystem::path& path,
-                                                   const ContentsWriter& contents) = 0;
+    virtual std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) = 0;
 
     /// Moves an item within one file system and flushes both folders as far as possible. Never replaces anything, not
     /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. With

@@ -26,7 +26,11 @@ bool synchronise(const Descriptor& descriptor) {
 
 FileState stateOf(const struct stat& status) {
     const auto size = S_ISDIR(status.st_mode) ? 0 : status.st_size;
-    return {{status.st_dev, status.st_ino}, size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    constexpr std::uint64_t nanoseconds = 1'000'000'000; // where this overflows, it still stands for one moment
+    const auto changed = static_cast<std::uint64_t>(status.st_ctim.tv_sec) * nanoseconds +
+                         static_cast<std::uint64_t>(status.st_ctim.tv_nsec);
+    return {{status.st_dev, status.st_ino}, status.st_mode & S_IFMT, size,
+            status.st_mtim.tv_sec,          status.st_mtim.tv_nsec,  changed};
 }
 
 std::optional<FileState> stateAt(int folder, const char* name) {

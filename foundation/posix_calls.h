@@ -85,6 +85,6 @@ private:
 int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);
 
 /// Makes the file at `place`; see FileManager::createFile. Throws FileError when the file cannot be written.
-std::optional<FileIdentity> createFile(const Place& place, const FileManager::ContentsWriter& contents);
+std::optional<FileState> createFile(const Place& place, const FileManager::ContentsWriter& contents);
 
 } // namespace tarvolt::posix

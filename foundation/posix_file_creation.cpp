@@ -40,9 +40,9 @@ public:
     /// Writes all of the contents and flushes them to disk. Throws FileError.
     void fill(const FileManager::ContentsWriter& contents);
 
-    /// Gives the file the name of its place and returns its identity under that name; absent when the name is taken or
+    /// Gives the file the name of its place and returns its state under that name; absent when the name is taken or
     /// cannot be given.
-    std::optional<FileIdentity> giveName();
+    std::optional<FileState> giveName();
 
 private:
     void write(std::string_view bytes);
@@ -96,18 +96,17 @@ bool Draft::closesWithoutLoss() const {
     return second && second.close();
 }
 
-std::optional<FileIdentity> Draft::giveName() {
+std::optional<FileState> Draft::giveName() {
     const bool isLinked = link();
     const auto named = place_.state();
     FileState likeWritten = written_;
     if (isLinked && named) {
         // Some user-space file systems number names instead of files. There the rest of the state identifies the file.
         likeWritten.identity.inode = named->identity.inode;
-        return (named == likeWritten ? likeWritten : written_).identity;
+        return named == likeWritten ? named : written_;
     }
     // A network drive can give the name and lose the reply.
-    return isLinked || (named && named->identity == written_.identity) ? std::optional(written_.identity)
-                                                                       : std::nullopt;
+    return isLinked || (named && named->identity == written_.identity) ? std::optional(written_) : std::nullopt;
 }
 
 bool Draft::link() {
@@ -135,7 +134,7 @@ void Draft::removeHiddenName() {
 
 } // namespace
 
-std::optional<FileIdentity> createFile(const Place& place, const FileManager::ContentsWriter& contents) {
+std::optional<FileState> createFile(const Place& place, const FileManager::ContentsWriter& contents) {
     // The hidden name is for file systems that cannot create unnamed files or cannot name them. They report that by
     // different errors; any other failure, such as a name that is taken, occurs again with the hidden name.
     for (const auto kind : {Draft::Kind::unnamed, Draft::Kind::hidden}) {
@@ -144,11 +143,11 @@ std::optional<FileIdentity> createFile(const Place& place, const FileManager::Co
             continue;
         }
         draft.fill(contents);
-        if (const auto identity = draft.giveName()) {
+        if (const auto created = draft.giveName()) {
             if (place.synchroniseFolder()) {
-                return identity;
+                return created;
             }
-            if (place.holds(identity)) {
+            if (place.holds(created->identity)) {
                 ::unlinkat(place.folder(), place.name(), 0); // a failed creation leaves nothing behind if it can
             }
             return std::nullopt;

@@ -118,7 +118,7 @@ public:
         return readToTheEnd(file, static_cast<std::size_t>(status.st_size));
     }
 
-    std::optional<FileIdentity> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override {
+    std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override {
         try {
             return posix::createFile(Place(path, "open"), contents);
         } catch (const FileError&) {

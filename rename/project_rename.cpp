@@ -18,8 +18,42 @@ std::string reason(const std::exception& failure) {
     return fileError != nullptr ? fileError->localizedDescription() : failure.what();
 }
 
-std::optional<FileIdentity> identityOf(const std::optional<FileState>& state) {
-    return state ? std::optional(state->identity) : std::nullopt;
+/// An item of the project that this rename has seen or made, and may therefore move or remove.
+struct OwnItem {
+    const path& where;
+    FileState seen;
+    const FileManager::ContentsWriter* text; ///< of a file
+};
+
+bool contains(const FileManager& fileManager, const path& file, const FileManager::ContentsWriter& text) {
+    const auto found = fileManager.contents(file);
+    std::string_view rest = found ? std::string_view(*found) : std::string_view();
+    bool isSame = found.has_value();
+    text([&](std::string_view part) {
+        isSame = isSame && rest.starts_with(part);
+        rest.remove_prefix(isSame ? part.size() : 0);
+    });
+    return isSame && rest.empty();
+}
+
+/// Whether `present` is the item under another number. The dates of some file systems are whole seconds, too coarse to
+/// tell a file that has just been replaced, so the text decides.
+bool isRenumbered(const FileManager& fileManager, const OwnItem& item, const std::optional<FileState>& present) {
+    return present && item.seen.isRenumbered(*present) &&
+           (item.text == nullptr || contains(fileManager, item.where, *item.text));
+}
+
+/// Calls `act` with the identity of the item: first the one it was seen with and, if it is busy, the one it has now.
+template<class Act> void actOn(const FileManager& fileManager, const OwnItem& item, Act act) {
+    try {
+        act(item.seen.identity);
+    } catch (const FileError& failure) {
+        const auto present = failure.code().value() == EBUSY ? fileManager.state(item.where) : std::nullopt;
+        if (!present || present->identity == item.seen.identity || !isRenumbered(fileManager, item, present)) {
+            throw;
+        }
+        act(present->identity);
+    }
 }
 
 FileContents readText(const FileManager& fileManager, const path& projectFile) {
@@ -30,17 +64,9 @@ FileContents readText(const FileManager& fileManager, const path& projectFile) {
     return *std::move(bytes);
 }
 
-FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile, std::string_view oldText,
-                              const std::string& oldName, const std::string& newName) {
-    if (!isValidUtf8(newName)) { // the rest of the text is known to be
-        throw RenameError::writeFailed("Could not encode updated XML");
-    }
+FileState writeProjectFile(FileManager& fileManager, const path& projectFile, const FileManager::ContentsWriter& text) {
     try {
-        // References are matched in the raw text: entities are neither read nor written.
-        const auto created = fileManager.createFile(projectFile, [&](const FileManager::PartWriter& write) {
-            replaceAllBeforeTail(oldText, oldName, newName, dataFolderSuffix, write);
-        });
-        if (created) {
+        if (const auto created = fileManager.createFile(projectFile, text)) {
             return *created;
         }
     } catch (const std::exception&) {
@@ -50,12 +76,17 @@ FileIdentity writeProjectFile(FileManager& fileManager, const path& projectFile,
 }
 
 void moveDataFolder(FileManager& fileManager, const path& from, const std::optional<FileState>& seen, const path& to,
-                    const path& newProjectFile, const FileIdentity& created) {
+                    const OwnItem& newFile) {
     try {
-        fileManager.moveItem(from, to, identityOf(seen));
+        if (seen) {
+            actOn(fileManager, {from, *seen, nullptr},
+                  [&](auto identity) { fileManager.moveItem(from, to, identity); });
+        } else {
+            fileManager.moveItem(from, to);
+        }
     } catch (const std::exception& moveFailure) {
         try {
-            fileManager.removeItem(newProjectFile, created);
+            actOn(fileManager, newFile, [&](auto identity) { fileManager.removeItem(newFile.where, identity); });
         } catch (const std::exception&) {
             // The message is about the failed move. The old project is whole, with or without the new file beside it.
         }
@@ -63,16 +94,21 @@ void moveDataFolder(FileManager& fileManager, const path& from, const std::optio
     }
 }
 
-void removeOldProjectFile(FileManager& fileManager, const path& projectFile, const std::optional<FileState>& seen,
-                          const path& newProjectFile, const FileIdentity& created) {
+void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, const OwnItem& newFile) {
     try {
         // If another process has written to the old file, it holds the only copy of that; if another process has
         // removed the new file, it holds the only copy of everything.
-        const auto present = fileManager.state(projectFile);
-        if (present && (present != seen || identityOf(fileManager.state(newProjectFile)) != created)) {
-            throw FileError(EBUSY, "unlink", projectFile);
+        const auto isReplaced = [&] {
+            const auto present = fileManager.state(newFile.where);
+            return !(present && present->identity == newFile.seen.identity) &&
+                   !isRenumbered(fileManager, newFile, present);
+        };
+        const auto present = fileManager.state(oldFile.where);
+        if (present && ((present != oldFile.seen && !isRenumbered(fileManager, oldFile, present)) || isReplaced())) {
+            throw FileError(EBUSY, "unlink", oldFile.where);
         }
-        fileManager.removeItem(projectFile, identityOf(seen));
+        actOn(fileManager, {oldFile.where, present.value_or(oldFile.seen), oldFile.text},
+              [&](auto identity) { fileManager.removeItem(oldFile.where, identity); });
     } catch (const std::exception& failure) {
         // Nothing is rolled back: the project is whole under its new name, and the old file does no harm.
         throw RenameError::deleteFailed("Could not remove old .xpj: " + reason(failure));
@@ -97,11 +133,20 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     const auto oldFolderSeen =
         project.dataFolderURL() ? fileManager.state(*project.dataFolderURL()) : std::optional<FileState>();
     const FileContents oldText = readText(fileManager, project.xpjURL());
-    const FileIdentity created = writeProjectFile(fileManager, newProjectFile, oldText, project.baseName(), newName);
-    if (project.dataFolderURL()) {
-        moveDataFolder(fileManager, *project.dataFolderURL(), oldFolderSeen, newDataFolder, newProjectFile, created);
+    if (!isValidUtf8(newName)) { // the rest of the text is known to be
+        throw RenameError::writeFailed("Could not encode updated XML");
     }
-    removeOldProjectFile(fileManager, project.xpjURL(), oldFileSeen, newProjectFile, created);
+    const FileManager::ContentsWriter writeOldText = [&](const auto& write) { write(oldText); };
+    // References are matched in the raw text: entities are neither read nor written.
+    const FileManager::ContentsWriter writeNewText = [&](const auto& write) {
+        replaceAllBeforeTail(oldText, project.baseName(), newName, dataFolderSuffix, write);
+    };
+    const OwnItem oldFile{project.xpjURL(), *oldFileSeen, &writeOldText};
+    const OwnItem newFile{newProjectFile, writeProjectFile(fileManager, newProjectFile, writeNewText), &writeNewText};
+    if (project.dataFolderURL()) {
+        moveDataFolder(fileManager, *project.dataFolderURL(), oldFolderSeen, newDataFolder, newFile);
+    }
+    removeOldProjectFile(fileManager, oldFile, newFile);
 }
 
 } // namespace

@@ -175,12 +175,12 @@ private:
 class PosixCreation : public ::testing::TestWithParam<FileSystem> {
 protected:
     /// Creates the file on a file system of the given kind; skips the test where there is none.
-    std::optional<FileIdentity> create(const std::filesystem::path& path, const std::string& contents) {
-        std::optional<FileIdentity> identity;
-        if (const auto reason = calls.watch([&] { identity = disk->createFile(path, testing::inOnePart(contents)); })) {
+    std::optional<FileState> create(const std::filesystem::path& path, const std::string& contents) {
+        std::optional<FileState> created;
+        if (const auto reason = calls.watch([&] { created = disk->createFile(path, testing::inOnePart(contents)); })) {
             skipped = *reason;
         }
-        return identity;
+        return created;
     }
 
     const TemporaryFolder folder;
@@ -198,13 +198,13 @@ INSTANTIATE_TEST_SUITE_P(On, PosixCreation, ::testing::ValuesIn(fileSystems),
 
 TEST_P(PosixCreation, CreatesTheWholeFileAndNothingElse) {
     const auto text = textOfSize(300'000);
-    const auto identity = create(folder / "New.xpj", text);
+    const auto created = create(folder / "New.xpj", text);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
-    ASSERT_TRUE(identity.has_value());
+    ASSERT_TRUE(created.has_value());
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=" + text));
     struct stat status {};
     ASSERT_EQ(::lstat((folder / "New.xpj").c_str(), &status), 0);
-    EXPECT_EQ(*identity, (FileIdentity{status.st_dev, status.st_ino}));
+    EXPECT_EQ(created->identity, (FileIdentity{status.st_dev, status.st_ino}));
     EXPECT_EQ(status.st_nlink, 1U);
 }
 
@@ -246,15 +246,15 @@ TEST_P(PosixCreation, ContinuesAfterShortWritesAndSignals) {
     // The kernel writes what fits below the limit and the rest once the limit is lifted.
     const auto text = textOfSize(100'000);
     int writes = 0;
-    std::optional<FileIdentity> identity;
+    std::optional<FileState> created;
     const auto reason = testing::withCallsAnswered(
         {SYS_write},
         [&](const SystemCall& call) -> std::optional<long> {
             return ++writes > 20 ? std::nullopt
                                  : std::optional<long>(::syscall(SYS_write, call.arguments[0], call.arguments[1], 999));
         },
-        [&] { identity = disk->createFile(folder / "Short.xpj", testing::inOnePart(text)); });
-    ASSERT_TRUE(reason || identity);
+        [&] { created = disk->createFile(folder / "Short.xpj", testing::inOnePart(text)); });
+    ASSERT_TRUE(reason || created);
     EXPECT_TRUE(create(folder / "New.xpj", text).has_value() || !skipped.empty());
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=" + text, "Short.xpj=" + text));
@@ -448,7 +448,7 @@ TEST(PosixCreationByName, IdentifiesTheFileOnAFileSystemThatNumbersNames) {
     if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_newfstatat}, numberingNames, [&] {
             const auto created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
             ASSERT_TRUE(created);
-            disk->removeItem(folder / "New.xpj", created);
+            disk->removeItem(folder / "New.xpj", created->identity);
         })) {
         GTEST_SKIP() << *reason;
     }
@@ -477,12 +477,13 @@ TEST(PosixCreationByName, DoesNotIdentifyAFileThatDiffersInAnythingElse) {
             }
             return result == 0 ? result : -errno;
         };
-        std::optional<FileIdentity> created;
+        std::optional<FileState> created;
         if (const auto reason = testing::withCallsAnswered(
                 {SYS_newfstatat}, another, [&] { created = disk->createFile(path, testing::inOnePart("text")); })) {
             GTEST_SKIP() << *reason;
         }
-        EXPECT_EQ(created, disk->state(path)->identity) << path;
+        ASSERT_TRUE(created);
+        EXPECT_EQ(created->identity, disk->state(path)->identity) << path;
     }
 }
 
@@ -492,13 +493,14 @@ TEST(PosixCreationByName, IdentifiesTheFileEvenIfItsNameCannotBeExamined) {
     const auto blind = [](const SystemCall& call) {
         return call.text(1).empty() ? std::nullopt : std::optional<long>(-EIO);
     };
-    std::optional<FileIdentity> created;
+    std::optional<FileState> created;
     if (const auto reason = testing::withCallsAnswered({SYS_newfstatat}, blind, [&] {
             created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
         })) {
         GTEST_SKIP() << *reason;
     }
-    EXPECT_EQ(created, disk->state(folder / "New.xpj")->identity);
+    ASSERT_TRUE(created);
+    EXPECT_EQ(created->identity, disk->state(folder / "New.xpj")->identity);
 }
 
 TEST(PosixCreationByName, FailsAndLeavesNothingWhenTheWrittenFileCannotBeDuplicatedOrExamined) {
@@ -638,17 +640,17 @@ TEST(PosixCreationOfParts, CollectsSmallOnesAndCopiesNoLargeOne) {
     };
     int writes = 0;
     bool isWrittenInPlace = false;
-    std::optional<FileIdentity> identity;
+    std::optional<FileState> created;
     const auto counting = [&](const SystemCall& call) {
         ++writes;
         isWrittenInPlace |= call.arguments[1] == reinterpret_cast<std::uintptr_t>(large.data());
         return std::optional<long>();
     };
     if (const auto reason = testing::withCallsAnswered(
-            {SYS_write}, counting, [&] { identity = disk->createFile(folder / "New.xpj", parts); })) {
+            {SYS_write}, counting, [&] { created = disk->createFile(folder / "New.xpj", parts); })) {
         GTEST_SKIP() << *reason;
     }
-    ASSERT_TRUE(identity);
+    ASSERT_TRUE(created);
     EXPECT_EQ(std::filesystem::file_size(folder / "New.xpj"), 1'500'000U);
     EXPECT_LE(writes, 3);
     EXPECT_TRUE(isWrittenInPlace);

@@ -58,9 +58,9 @@ TEST_F(PosixRemoval, RemovesTheCreatedFileButNotAnotherOfItsName) {
     // The created file is kept under another name, so that the other one cannot get its inode number.
     std::filesystem::rename(folder / "New.xpj", folder / "elsewhere");
     folder.write("New.xpj", "of another program");
-    EXPECT_EQ(errorOfRemoval(folder / "New.xpj", created), EBUSY);
-    EXPECT_EQ(errorOfRemoval(folder / "gone", created), ENOENT);
-    EXPECT_EQ(errorOfRemoval(folder / "elsewhere", created), 0);
+    EXPECT_EQ(errorOfRemoval(folder / "New.xpj", created->identity), EBUSY);
+    EXPECT_EQ(errorOfRemoval(folder / "gone", created->identity), ENOENT);
+    EXPECT_EQ(errorOfRemoval(folder / "elsewhere", created->identity), 0);
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
 }
 

@@ -12,6 +12,7 @@ FakeFileManager::Item& FakeFileManager::add(const std::string& path, Kind kind) 
     const Guard guard(mutex_);
     auto& placed = items_[path];
     placed.serial = nextSerial_++;
+    placed.number = placed.serial;
     placed.item = Item{};
     placed.item.kind = kind;
     return placed.item;
@@ -46,6 +47,13 @@ FakeFileManager::Item& FakeFileManager::addPipe(const std::string& path) {
 void FakeFileManager::fail(const std::string& operation, int errorNumber, int nth) {
     const Guard guard(mutex_);
     failures_[operation] = {errorNumber, nth};
+}
+
+void FakeFileManager::renumber(const std::string& path) {
+    const Guard guard(mutex_);
+    if (const auto found = items_.find(path); found != items_.end()) {
+        found->second.number = nextSerial_++;
+    }
 }
 
 std::vector<std::string> FakeFileManager::traffic() const {
@@ -162,10 +170,13 @@ std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& p
     if (found == items_.end()) {
         return std::nullopt;
     }
-    const auto& item = found->second.item;
-    return FileState{{1, found->second.serial},
-                     sizeOf(item).value_or(0),
-                     static_cast<std::int64_t>(std::hash<std::string>{}(item.contents) >> 1U)};
+    const auto& [serial, number, item] = found->second;
+    const auto written = static_cast<std::int64_t>(std::hash<std::string>{}(item.contents) >> 1U);
+    return FileState{.identity = {1, number},
+                     .kind = static_cast<std::uint32_t>(item.kind),
+                     .size = sizeOf(item).value_or(0),
+                     .modified = item.fakeDate.value_or(written),
+                     .changed = item.fakeDate ? static_cast<std::uint64_t>(*item.fakeDate) : serial};
 }
 
 void FakeFileManager::expect(const char* call, const std::filesystem::path& path,
@@ -188,16 +199,16 @@ std::optional<FileContents> FakeFileManager::contents(const std::filesystem::pat
     return contents;
 }
 
-std::optional<FileIdentity> FakeFileManager::createFile(const std::filesystem::path& path,
-                                                        const ContentsWriter& contents) {
+std::optional<FileState> FakeFileManager::createFile(const std::filesystem::path& path,
+                                                     const ContentsWriter& contents) {
     const Guard guard(mutex_);
     if (begin("create", path.native()) != 0 || find(path.native(), false) != nullptr || !isInAFolder(path)) {
         return std::nullopt;
     }
     std::string bytes;
     contents([&](std::string_view part) { bytes += part; });
-    addFile(path.native(), std::move(bytes));
-    return FileIdentity{1, items_.at(path.native()).serial};
+    addFile(path.native(), std::move(bytes)).fakeDate = dateOfNewFiles;
+    return stateOf(path);
 }
 
 void FakeFileManager::moveItem(const std::filesystem::path& from, const std::filesystem::path& to,

@@ -24,6 +24,7 @@ public:
         Kind kind = Kind::file;
         std::string contents;                 ///< of a file; of a link, its target
         std::optional<std::int64_t> fakeSize; ///< reported instead of the size of `contents`
+        std::optional<std::int64_t> fakeDate; ///< reported as its dates; otherwise writing to it changes them
         bool sizeUnreadable = false;          ///< the size and state are unknown
         bool kindUnreadable = false;          ///< whether it is a folder is unknown
         int listError = 0;                    ///< listing it fails with this error
@@ -44,6 +45,13 @@ public:
     /// Called before each operation with its line of traffic; may change the scene.
     std::function<void(const std::string& line)> onCall;
 
+    /// Gives the item, if there is one, another number, as user-space file systems do after the system has forgotten
+    /// it.
+    void renumber(const std::string& path);
+
+    /// Reported as the dates of files that are created from now on.
+    std::optional<std::int64_t> dateOfNewFiles;
+
     // Checking the outcome.
     /// One line per call, in order: "list /p", "exists /p/N.xpj", "state /p/B.xpj", "read /p/B.xpj", "create /p/N.xpj",
     /// "move /a -> /b", "remove /p/B.xpj".
@@ -57,7 +65,7 @@ public:
     /// A file that is written to gets a new state.
     std::optional<FileState> state(const std::filesystem::path& path) const override;
     std::optional<FileContents> contents(const std::filesystem::path& path) const override;
-    std::optional<FileIdentity> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override;
+    std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override;
     void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                   std::optional<FileIdentity> onlyIf) override;
     void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override;
@@ -65,6 +73,7 @@ public:
 private:
     struct Placed {
         std::uint64_t serial = 0;
+        std::uint64_t number = 0; ///< of its identity
         Item item;
     };
     struct Failure {

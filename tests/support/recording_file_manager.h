@@ -37,7 +37,7 @@ public:
         note("read " + path.native());
         return disk_->contents(path);
     }
-    std::optional<FileIdentity> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override {
+    std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override {
         note("create " + path.native());
         return disk_->createFile(path, contents);
     }

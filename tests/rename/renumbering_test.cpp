@@ -1,0 +1,118 @@
+// Some user-space file systems give an item another number when the system has forgotten it. A rename goes on as long
+// as nothing else tells the item from the one that was seen, and takes nothing foreign for its own.
+#include "model/mpc_scanner.h"
+#include "rename/rename_error.h"
+#include "tests/support/scene.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tarvolt {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string oldFile = "/p/Song.xpj=Song_[ProjectData]";
+const std::string oldFolder = "/p/Song_[ProjectData]/";
+
+class Renumbering : public ::testing::TestWithParam<const char*> {
+protected:
+    Renumbering() {
+        disk.addFolder("/p");
+        disk.addFile("/p/Song.xpj", "Song_[ProjectData]").fakeDate = 1;
+        disk.addFolder("/p/Song_[ProjectData]").fakeDate = 1;
+        disk.dateOfNewFiles = 2;
+        scanner->folderURL.set("/p");
+    }
+
+    /// Renames Song to Beat; `meddle` runs once, just before the first operation of this name from the reading on.
+    std::string rename(const std::string& operation, const std::function<void()>& meddle) {
+        bool isBegun = false;
+        bool isDone = false;
+        disk.onCall = [&](const std::string& line) {
+            isBegun = isBegun || line.starts_with("read");
+            if (isBegun && !isDone && line.starts_with(operation)) {
+                isDone = true;
+                meddle();
+            }
+        };
+        try {
+            scanner->rename({"Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 0}, "Beat");
+            return "renamed";
+        } catch (const RenameError& error) {
+            return error.errorDescription();
+        }
+    }
+
+    void renumber() {
+        for (const std::string name : {"Song.xpj", "Beat.xpj", "Song_[ProjectData]", "Beat_[ProjectData]"}) {
+            disk.renumber("/p/" + name);
+        }
+    }
+
+    void replaceNewFile(const std::string& text) { disk.addFile("/p/Beat.xpj", text).fakeDate = 2; }
+
+    testing::Scene scene;
+    testing::FakeFileManager& disk = *scene.disk;
+    std::shared_ptr<MPCScanner> scanner = MPCScanner::create(scene.services());
+};
+
+const Lines renamed{"/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/"};
+
+INSTANTIATE_TEST_SUITE_P(BeforeEachOperation, Renumbering,
+                         ::testing::Values("read", "create", "move", "state /p/Song", "state /p/Beat", "remove"),
+                         [](const auto& test) { return std::to_string(test.index); });
+
+TEST_P(Renumbering, StopsNoRename) {
+    EXPECT_EQ(rename(GetParam(), [&] { renumber(); }), "renamed");
+    EXPECT_EQ(disk.disk(), renamed);
+}
+
+TEST_F(Renumbering, LetsARollBackRemoveTheNewFile) {
+    const auto meddle = [&] {
+        disk.addFolder("/p/Beat_[ProjectData]");
+        renumber();
+    };
+    EXPECT_EQ(rename("move", meddle), "Failed to write file: Could not rename data folder: File exists");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
+}
+
+TEST_F(Renumbering, DoesNotMakeAForeignFolderOurs) {
+    EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Song_[ProjectData]").fakeDate = 2; }),
+              "Failed to write file: Could not rename data folder: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, oldFolder}));
+}
+
+TEST_F(Renumbering, DoesNotMakeALinkOurs) {
+    EXPECT_EQ(rename("move", [&] { disk.addLink("/p/Song_[ProjectData]", "").fakeDate = 1; }),
+              "Failed to write file: Could not rename data folder: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, "/p/Song_[ProjectData]="}));
+}
+
+TEST_F(Renumbering, DoesNotMakeAnOldFileOursThatDiffersInItsTextOnly) {
+    EXPECT_EQ(rename("move", [&] { disk.addFile("/p/Song.xpj", "song_[ProjectData]").fakeDate = 1; }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=song_[ProjectData]"}));
+}
+
+TEST_F(Renumbering, DoesNotMakeANewFileOursThatDiffersInItsTextOnly) {
+    EXPECT_EQ(rename("move", [&] { replaceNewFile("beat_[ProjectData]"); }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", "/p/Beat.xpj=beat_[ProjectData]", renamed[2], oldFile}));
+}
+
+TEST_F(Renumbering, LetsNoRollBackRemoveAFileThatDiffersInItsTextOnly) {
+    const auto meddle = [&] {
+        disk.addFolder("/p/Beat_[ProjectData]");
+        replaceNewFile("beat_[ProjectData]");
+    };
+    EXPECT_EQ(rename("move", meddle), "Failed to write file: Could not rename data folder: File exists");
+    EXPECT_EQ(disk.disk(),
+              Lines({"/p/", "/p/Beat.xpj=beat_[ProjectData]", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
+}
+
+} // namespace
+} // namespace tarvolt
