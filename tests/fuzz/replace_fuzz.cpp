@@ -1,9 +1,9 @@
 #include "foundation/text.h"
+#include "tests/fuzz/input.h"
 #include "tests/fuzz/require.h"
 #include "tests/support/replaced_text.h"
 #include "tests/support/slow_text.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,28 +13,6 @@ using namespace tarvolt;
 namespace {
 
 constexpr std::string_view tail = "_[ProjectData]";
-
-std::string_view cutLine(std::string_view& rest) {
-    const std::string_view whole = rest;
-    const std::size_t end = std::min(whole.find('\n'), whole.size());
-    rest = whole.substr(std::min(end + 1, whole.size()));
-    return whole.substr(0, end);
-}
-
-/// `text` with "\1" made the tail and "\2" the old name: what the fuzzer would hardly ever write of itself.
-std::string expanded(std::string_view text, std::string_view oldName) {
-    std::string result;
-    for (const char byte : text) {
-        if (byte == '\1') {
-            result += tail;
-        } else if (byte == '\2') {
-            result += oldName;
-        } else {
-            result += byte;
-        }
-    }
-    return result;
-}
 
 } // namespace
 
