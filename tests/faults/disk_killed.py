@@ -31,6 +31,16 @@ KNOWN = ["Bystander.xpj", *(name + suffix for name in (OLD, NEW) for suffix in (
 HIDDEN = (".tarvolt-", ".fuse_hidden")
 
 
+def fitting(message, state, items):
+    """What is wrong with a folder of these items in this state after this message."""
+    allowed = [states for start, states in ALLOWED.items() if message.startswith(start)]
+    odd = [item for item in items if item not in KNOWN and not item.startswith(HIDDEN)]
+    if not isinstance(state, int):
+        return [state]
+    return ([f"{message} in state {state}"] if not allowed or state not in allowed[0] else []) + (
+        [f"{odd} is left"] if odd else [])
+
+
 class Kill:
     """One kill before call number `at`, and what was there after it. `call` is None if there are fewer calls."""
 
@@ -53,13 +63,9 @@ class Kill:
 
     def faults(self, reached):
         """What is wrong after it; no state before `reached` may come up."""
-        allowed = [states for start, states in ALLOWED.items() if self.message.startswith(start)]
-        odd = [item for item in self.items if item not in KNOWN and not item.startswith(HIDDEN)]
-        if not isinstance(self.state, int):
-            return [self.state]
-        return ([f"{self.message} in state {self.state}"] if not allowed or self.state not in allowed[0] else []) + (
-            [f"{odd} is left"] if odd else []) + (
-            [f"from state {reached} back to {self.state}"] if self.state < reached else [])
+        goes_back = isinstance(self.state, int) and self.state < reached
+        return fitting(self.message, self.state, self.items) + (
+            [f"from state {reached} back to {self.state}"] if goes_back else [])
 
 
 def faults_of(programs, disk, shim):

@@ -60,7 +60,13 @@ class Disk:
                 raise Unavailable(f"{self.process.args[0]} ended with {self.process.returncode}")
 
     def unmount(self):
-        run("umount", self.folder)
+        try:
+            run("umount", self.folder)
+        except Unavailable:
+            if os.path.ismount(self.folder):  # sshfs unmounts itself when its server dies
+                raise
+        if self.name == "sshfs":
+            self.process.kill()  # everything is on the server; without one, its process waits for a connection
         # A file system in a process of its own may go on writing after the unmount. The image is whole when it ends.
         self.end_process()
         if self.name == "overlay":

@@ -47,8 +47,12 @@ class Server:
 
 
 def descendants(process):
-    with contextlib.suppress(FileNotFoundError):
-        with open(f"/proc/{process}/task/{process}/children", encoding="ascii") as file:
-            children = [int(child) for child in file.read().split()]
-        return children + [each for child in children for each in descendants(child)]
-    return []
+    """The processes that a process has started, and those that these have started."""
+    children = []
+    for entry in filter(str.isdigit, os.listdir("/proc")):
+        with contextlib.suppress(FileNotFoundError, ProcessLookupError):
+            with open(f"/proc/{entry}/stat", encoding="utf-8", errors="replace") as file:
+                parent = file.read().rpartition(")")[2].split()[1]
+            if int(parent) == process:
+                children.append(int(entry))
+    return children + [each for child in children for each in descendants(child)]

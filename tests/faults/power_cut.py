@@ -1,10 +1,10 @@
 """Cuts the power at each step of a rename: power_cut.py PROGRAMS FILE_SYSTEM
 
-The rename runs on an image of a journalling file system that is told to commit as often as it can. It is stopped before
-each of its calls. The image is copied there at once, and again when everything has been committed; a copy is what a disk
-holds after a power cut at that moment. Each copy is mounted, and the project must be complete, in one of the clean
-states, and as far as the rename had promised by then. The driver first has to find damage
-in what a program leaves that never flushes.
+The rename runs on an image of a journalling file system that is told to commit as often as it can. It is stopped
+before each of its calls. The image is copied there at once, and again when everything has been committed; a copy is
+what a disk holds after a power cut at that moment. Each copy is mounted, and the project must be complete, in one of
+the clean states, and as far as the rename had promised by then. The driver first has to find damage in what a program
+leaves that never flushes.
 
 Needs root and loop devices; without them it says so and is skipped (exit status 77).
 """
