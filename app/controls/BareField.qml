@@ -89,7 +89,7 @@ T.TextField {
     TextLabel {
         objectName: "placeholder"
         anchors.verticalCenter: parent.verticalCenter
-        x: root.leftPadding + Theme.caretWidth / 2 // beside the caret
+        x: root.leftPadding + Theme.caretWidth // a pixel beside the caret
         width: root.width - x - root.rightPadding
         elide: Text.ElideRight
         visible: root.length === 0 && root.preeditText === ""
