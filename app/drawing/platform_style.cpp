@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFontDatabase>
+#include <QPixmap>
 #include <QScreen>
 #include <QStyle>
 #include <QWindow>
@@ -86,6 +87,9 @@ bool PlatformStyle::reducedMotion() {
 
 QFont PlatformStyle::styled(QFont family, double ratio, int weight, double tracking) {
     constexpr double leastPixels = 9;
+    // On Wayland the toolkit reads the system's fonts before it knows the display and gives them another resolution.
+    const QPixmap display(1, 1);
+    family = QFont(family, &display);
     // In points, because a size in pixels can only be a whole one.
     family.setPointSizeF(std::max(systemPoints() * ratio, leastPixels / pixelsPerPoint()));
     family.setWeight(static_cast<QFont::Weight>(weight));
