@@ -47,7 +47,11 @@ PlatformStyle::PlatformStyle(QObject* parent) : QObject(parent) {
 }
 
 bool PlatformStyle::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == qApp && event->type() == QEvent::ApplicationFontChange) {
+    bool changed = watched == qApp && event->type() == QEvent::ApplicationFontChange;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    changed = changed || event->type() == QEvent::DevicePixelRatioChange;
+#endif
+    if (changed) {
         emit settingsChanged();
     }
     return false;
@@ -77,7 +81,9 @@ double PlatformStyle::pixelsPerPoint() {
 }
 
 double PlatformStyle::hairline() {
-    const double ratio = qGuiApp->devicePixelRatio();
+    // On Wayland a screen's scale is rounded up, and only a window has the real one. Windows are listed newest first.
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const double ratio = windows.isEmpty() ? qGuiApp->devicePixelRatio() : windows.last()->devicePixelRatio();
     return std::max(1.0, std::floor(ratio)) / ratio;
 }
 
