@@ -50,7 +50,8 @@ std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t exp
         }
         contents.size += static_cast<std::size_t>(count);
         if (count == 0) {
-            return contents;
+            // A network drive that has lost its connection may report the end of the file too early.
+            return contents.size >= expectedSize ? std::optional(std::move(contents)) : std::nullopt;
         }
         if (contents.size == room) { // the file is growing
             if (room > mostSize) {

@@ -133,6 +133,14 @@ TEST_F(PosixContents, IncludeWhatIsAppendedDuringTheRead) {
     }
 }
 
+TEST_F(PosixContents, AreAbsentWhenTheFileEndsBeforeItsSize) {
+    const auto file = folder.write("file", "text");
+    const auto ending = [](const testing::SystemCall&) { return std::optional<long>(0); };
+    if (const auto reason = withCallsAnswered({SYS_read}, ending, [&] { EXPECT_EQ(contents(file), std::nullopt); })) {
+        GTEST_SKIP() << *reason;
+    }
+}
+
 TEST_F(PosixContents, AreAbsentWhenReadingFailsHalfway) {
     const auto file = folder.write("file", std::string(50'000, 'x'));
     int calls = 0;
