@@ -3,7 +3,6 @@
 #include <fcntl.h>
 
 #include <climits>
-#include <cstdio>
 
 namespace tarvolt::posix {
 
@@ -50,14 +49,11 @@ Place::Place(const std::filesystem::path& path, const char* call) {
     const auto slash = bytes.rfind('/');
     const std::string folder = slash == std::string::npos ? "." : bytes.substr(0, slash + 1);
     name_ = bytes.substr(slash == std::string::npos ? 0 : slash + 1);
-    const auto openFolder = [&](int access) {
-        return uninterrupted([&] { return ::open(folder.c_str(), access | O_DIRECTORY | O_CLOEXEC); });
-    };
-    folder_ = Descriptor(openFolder(O_RDONLY));
+    folder_ = Descriptor(uninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     if (!folder_ && errno == EACCES) {
         // Names can be created and removed in a folder even where listing it is forbidden.
         isReadable_ = false;
-        folder_ = Descriptor(openFolder(O_PATH));
+        folder_ = Descriptor(uninterrupted([&] { return openForNames(folder.c_str()); }));
     }
     if (!folder_) {
         throw FileError(errno, call, path);
@@ -78,22 +74,6 @@ bool Place::holds(const std::optional<FileIdentity>& expected) const {
 
 bool Place::synchroniseFolder() const {
     return !isReadable_ || synchronise(folder_);
-}
-
-int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to) {
-    if (::renameat2(fromFolder, from, toFolder, to, RENAME_NOREPLACE) == 0) {
-        return 0;
-    }
-    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) {
-        return -1;
-    }
-    // The file system does not support the flag (FAT, network and user-space ones). A file or an empty folder that
-    // appears at `to` between the check and the move is replaced: no smaller gap is possible on such a file system.
-    if (stateAt(toFolder, to)) {
-        errno = EEXIST;
-        return -1;
-    }
-    return errno == ENOENT ? ::renameat(fromFolder, from, toFolder, to) : -1;
 }
 
 } // namespace tarvolt::posix

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -41,7 +42,11 @@ private:
 
 /// Repeats `call` as long as a signal interrupts it.
 template<class Call> auto uninterrupted(Call call) {
-    return static_cast<decltype(call())>(TEMP_FAILURE_RETRY(call()));
+    auto result = call();
+    while (result == -1 && errno == EINTR) {
+        result = call();
+    }
+    return result;
 }
 
 /// Whether `path` contains a NUL byte, where the kernel would cut it off.
@@ -80,6 +85,21 @@ private:
     bool isReadable_ = true;
     std::string name_;
 };
+
+/// Opens a folder so that names in it can be created and removed; where possible even if it must not be listed. Returns
+/// -1 and sets errno when it cannot be opened.
+int openForNames(const char* folder);
+
+/// Visits every name in an open folder, and whether it is that of a folder, where the listing tells. The descriptor may
+/// be closed afterwards. False, with errno set, when the listing fails.
+bool listNames(Descriptor& folder, const std::function<void(const char* name, std::optional<bool> isFolder)>& visit);
+
+/// Creates a file without a name in an open folder and opens it for writing. Returns -1 and sets errno when there are
+/// no such files.
+int openUnnamed(int folder, mode_t mode);
+
+/// Names a file that openUnnamed has created, without replacing anything. Returns 0, or -1 and sets errno.
+int nameUnnamed(int file, int folder, const char* name);
 
 /// Moves `from` in one folder to `to` in another without replacing anything. Returns 0, or -1 and sets errno.
 int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);

@@ -16,17 +16,16 @@ public:
     enum class Kind { unnamed, hidden };
 
     Draft(const Place& place, Kind kind) : place_(place) {
-        const char* path = ".";
-        int way = O_TMPFILE;
-        if (kind == Kind::hidden) {
+        if (kind == Kind::unnamed) {
+            file_ = Descriptor(uninterrupted([&] { return openUnnamed(place.folder(), newFileMode); }));
+        } else {
             constexpr std::uint64_t leastLongNumber = 1'000'000'000'000'000'000; // all names have the same length
             const auto number = leastLongNumber + std::hash<UUID>{}(UUID::random()) % leastLongNumber;
             hiddenName_ = ".tarvolt-" + std::to_string(number);
-            path = hiddenName_.c_str();
-            way = O_CREAT | O_EXCL | O_NOFOLLOW;
+            constexpr int flags = O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC;
+            file_ = Descriptor(
+                uninterrupted([&] { return ::openat(place.folder(), hiddenName_.c_str(), flags, newFileMode); }));
         }
-        file_ = Descriptor(
-            uninterrupted([&] { return ::openat(place.folder(), path, way | O_WRONLY | O_CLOEXEC, newFileMode); }));
         if (!file_) {
             hiddenName_.clear();
         }
@@ -111,8 +110,7 @@ std::optional<FileState> Draft::giveName() {
 
 bool Draft::link() {
     if (hiddenName_.empty()) {
-        const std::string self = "/proc/self/fd/" + std::to_string(file_.number());
-        return ::linkat(AT_FDCWD, self.c_str(), place_.folder(), place_.name(), AT_SYMLINK_FOLLOW) == 0;
+        return nameUnnamed(file_.number(), place_.folder(), place_.name()) == 0;
     }
     if (::linkat(place_.folder(), hiddenName_.c_str(), place_.folder(), place_.name(), 0) == 0) {
         removeHiddenName();

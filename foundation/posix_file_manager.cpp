@@ -1,10 +1,8 @@
 #include "foundation/posix_calls.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <utility>
 
@@ -15,20 +13,15 @@ using posix::Descriptor;
 using posix::Place;
 using posix::uninterrupted;
 
-DirectoryEntry examine(int folder, const dirent64& item, Sizes sizes) {
-    DirectoryEntry entry{item.d_name, std::nullopt, std::nullopt};
-    if (item.d_type == DT_DIR || (item.d_type != DT_UNKNOWN && sizes == Sizes::skip)) {
-        entry.isDirectory = item.d_type == DT_DIR;
-        return entry;
-    }
+DirectoryEntry examine(int folder, const char* name, std::optional<bool> isDirectory, Sizes sizes) {
+    DirectoryEntry entry{name, isDirectory, std::nullopt};
+    const bool isKnown = isDirectory && (*isDirectory || sizes == Sizes::skip);
     struct stat status {};
-    if (::fstatat(folder, item.d_name, &status, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) == 0) {
+    if (!isKnown && ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) == 0) {
         entry.isDirectory = S_ISDIR(status.st_mode);
         if (!*entry.isDirectory) {
             entry.fileSize = status.st_size;
         }
-    } else if (item.d_type != DT_UNKNOWN) {
-        entry.isDirectory = false;
     }
     return entry;
 }
@@ -73,28 +66,17 @@ public:
             throw FileError(EINVAL, "open", folder);
         }
         const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (links == LinkPolicy::refuse ? O_NOFOLLOW : 0);
-        const Descriptor directory(uninterrupted([&] { return ::open(folder.c_str(), flags); }));
+        Descriptor directory(uninterrupted([&] { return ::open(folder.c_str(), flags); }));
         if (!directory) {
             throw FileError(errno, "open", folder);
         }
-        // To list an open folder, the C library's fdopendir makes three more calls and allocates a buffer of this size.
-        alignas(dirent64) std::array<char, 32768> items;
-        for (;;) {
-            const auto length =
-                uninterrupted([&] { return ::getdents64(directory.number(), items.data(), items.size()); });
-            if (length < 0) {
-                throw FileError(errno, "getdents64", folder);
-            }
-            if (length == 0) {
-                return;
-            }
-            for (const char* at = items.data(); at < items.data() + length;) {
-                const auto& item = *reinterpret_cast<const dirent64*>(at);
-                if (item.d_name[0] != '.') {
-                    visit(examine(directory.number(), item, sizes));
+        const int number = directory.number();
+        if (!posix::listNames(directory, [&](const char* name, std::optional<bool> isDirectory) {
+                if (*name != '.') {
+                    visit(examine(number, name, isDirectory, sizes));
                 }
-                at += item.d_reclen;
-            }
+            })) {
+            throw FileError(errno, "readdir", folder);
         }
     }
 

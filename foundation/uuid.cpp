@@ -4,20 +4,17 @@
 #include <cstring>
 #include <system_error>
 
-#include <sys/random.h>
+#include <unistd.h>
 
 namespace tarvolt {
 
 UUID UUID::random() {
-    // A scan draws thousands. This many are never delivered in part: up to 256 bytes, a signal can only interrupt the
-    // wait for the generator's first seed.
+    // A scan draws thousands. This is the most that one call gives.
     thread_local std::array<UUID, 256 / sizeof(UUID)> drawn;
     thread_local std::size_t left = 0;
     if (left == 0) {
-        while (getrandom(drawn.data(), sizeof drawn, 0) < 0) {
-            if (errno != EINTR) {
-                throw std::system_error(errno, std::generic_category(), "getrandom");
-            }
+        if (::getentropy(drawn.data(), sizeof drawn) != 0) {
+            throw std::system_error(errno, std::generic_category(), "getentropy");
         }
         left = drawn.size();
     }

@@ -1,6 +1,7 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/file_contents.h"
+#include "tests/support/plain_posix.h"
 #include "tests/support/privileges.h"
 #include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
@@ -362,6 +363,14 @@ INSTANTIATE_TEST_SUITE_P(On, CallOrder, ::testing::ValuesIn(fileSystems),
 TEST_P(CallOrder, IsWriteThenFlushThenNameThenFlushTheFolder) {
     create(folder / "New.xpj", "text");
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
+#ifdef TARVOLT_PLAIN_POSIX
+    // As on a file system without unnamed files and the flag, except that these are not even asked for.
+    const std::vector<std::string> linked{"open folder", "make hidden",   "write",      "sync file",
+                                          "link",        "unlink hidden", "sync folder"};
+    const std::vector<std::string> moved{"open folder", "make hidden", "write",      "sync file",
+                                         "link",        "move",        "sync folder"};
+    EXPECT_EQ(calls.trace(), GetParam().links ? linked : moved);
+#else
     const std::map<std::string, std::vector<std::string>> expected{
         {"Complete", {"open folder", "make unnamed", "write", "sync file", "name", "sync folder"}},
         {"WithoutUnnamedFiles",
@@ -377,6 +386,7 @@ TEST_P(CallOrder, IsWriteThenFlushThenNameThenFlushTheFolder) {
           "sync folder"}},
     };
     EXPECT_EQ(calls.trace(), expected.at(GetParam().name));
+#endif
 }
 
 TEST(PosixCreationByName, UsesAHiddenNameOfFixedLengthThatIsNotAProjectFile) {
@@ -595,6 +605,7 @@ TEST_F(PosixCreationFails, InAFolderWithoutWritePermission) {
 }
 
 TEST_F(PosixCreationFails, NotInAFolderThatCanBeWrittenButNotListed) {
+    TARVOLT_SKIP_WITH_PLAIN_POSIX("open a folder without reading it");
     ASSERT_EQ(::chmod(folder.path().c_str(), 0300), 0);
     testing::withoutPrivileges([&] { EXPECT_TRUE(disk->createFile(folder / "New.xpj", testing::inOnePart("text"))); });
     EXPECT_EQ(testing::readFile(folder / "New.xpj"), "text");

@@ -154,14 +154,14 @@ TEST_F(PosixMovingCalls, FlushEachFolderOnceAfterTheMoveAndIgnoreFailuresOfThat)
     folder.makeFolder("b");
     std::vector<std::string> trace;
     const auto noting = [&](const SystemCall& call) -> std::optional<long> {
-        if (call.number == SYS_renameat2) {
+        if (call.number != SYS_fsync) {
             trace.emplace_back("move");
             return std::nullopt;
         }
         trace.push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(call.arguments[0])).filename());
         return -EIO;
     };
-    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_fsync}, noting, [&] {
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_renameat, SYS_fsync}, noting, [&] {
             disk->moveItem(folder / "a/from", folder / "b/to");
             disk->moveItem(folder / "b/to", folder / "b/there");
         })) {
@@ -173,13 +173,13 @@ TEST_F(PosixMovingCalls, FlushEachFolderOnceAfterTheMoveAndIgnoreFailuresOfThat)
 TEST_F(PosixMovingCalls, SucceedWhenOnlyTheirReplyIsLost) {
     folder.write("from", "1");
     const auto losingTheAnswer = [](const SystemCall& call) -> std::optional<long> {
-        ::syscall(SYS_renameat2, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3],
+        ::syscall(call.number, call.arguments[0], call.arguments[1], call.arguments[2], call.arguments[3],
                   call.arguments[4]);
         return -EIO;
     };
     const auto item = disk->state(folder / "from");
     ASSERT_TRUE(item);
-    if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, losingTheAnswer, [&] {
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_renameat}, losingTheAnswer, [&] {
             EXPECT_NO_THROW(disk->moveItem(folder / "from", folder / "to", item->identity));
         })) {
         GTEST_SKIP() << *reason;
@@ -218,8 +218,8 @@ TEST_F(PosixMovingCalls, DoNotFallBackWhenTheDestinationCannotBeExamined) {
 TEST_F(PosixMovingCalls, DoNotFallBackWhenTheMoveFailsForAnotherReason) {
     folder.write("from", "1");
     int error = 0;
-    if (const auto reason =
-            testing::withCallsAnswered({SYS_renameat2}, testing::refuseWith(EIO), [&] { error = errorOfMove(); })) {
+    if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_renameat}, testing::refuseWith(EIO),
+                                                       [&] { error = errorOfMove(); })) {
         GTEST_SKIP() << *reason;
     }
     EXPECT_EQ(error, EIO);
