@@ -77,34 +77,50 @@ T.ApplicationWindow {
         }
     }
 
-    RenameSheet {
-        id: sheet
-        sheet: root.view.sheet
+    OnDemand {
+        id: renaming
+        needed: root.view.sheet.open
+        RenameSheet {
+            visible: renaming.ready
+            sheet: root.view.sheet
+        }
     }
 
-    AlertPanel {
-        visible: root.view.sheet.alertOpen
-        title: qsTr("Rename Failed")
-        message: root.view.sheet.alertMessage
-        button: qsTr("OK")
-        onDismissed: root.view.sheet.dismissAlert()
-        onAboutToHide: sheet.form.focusField()
+    OnDemand {
+        id: failure
+        needed: root.view.sheet.alertOpen
+        AlertPanel {
+            visible: failure.ready
+            title: qsTr("Rename Failed")
+            message: root.view.sheet.alertMessage
+            button: qsTr("OK")
+            onDismissed: root.view.sheet.dismissAlert()
+            onAboutToHide: (renaming.made as RenameSheet)?.form.focusField()
+        }
     }
 
-    PanelCover {
-        visible: root.view.panelOpen
-        // The toolkit gives the focus back only in an active window, and this one is active again a moment later.
-        onClosed: root.contentItem.focus = true
+    OnDemand {
+        id: cover
+        needed: root.view.panelOpen
+        PanelCover {
+            visible: cover.ready
+            // The toolkit gives the focus back only in an active window, and this one is active again a moment later.
+            onClosed: root.contentItem.focus = true
+        }
     }
 
     // Shown only to someone who stays in this window: the panel has not opened, or is hidden behind other windows.
-    AlertPanel {
-        visible: lostPanel.late
-        scrim: "transparent"
-        title: qsTr("Waiting for a Folder")
-        message: qsTr("Choose it in the folder panel. If you cannot see the panel, cancel and try again.")
-        button: qsTr("Cancel")
-        onDismissed: root.view.withdrawPanel()
+    OnDemand {
+        id: wait
+        needed: lostPanel.late
+        AlertPanel {
+            visible: wait.ready
+            scrim: "transparent"
+            title: qsTr("Waiting for a Folder")
+            message: qsTr("Choose it in the folder panel. If you cannot see the panel, cancel and try again.")
+            button: qsTr("Cancel")
+            onDismissed: root.view.withdrawPanel()
+        }
     }
 
     Timer {

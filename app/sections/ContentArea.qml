@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tarvolt
 
@@ -28,7 +30,7 @@ FocusScope {
         else if (showsSplit)
             split.forceActiveFocus(Qt.TabFocusReason);
         else
-            emptyState.takeFocus();
+            (emptyState.made as EmptyStateView).takeFocus();
     }
 
     NumberAnimation {
@@ -46,18 +48,29 @@ FocusScope {
         onFolderWanted: root.view.selectFolder()
     }
 
-    EmptyStateView {
+    OnDemand {
         id: emptyState
         anchors.fill: parent
+        needed: visible
         visible: root.shown === WindowBridge.EmptyState
-        onFolderWanted: root.view.selectFolder()
+
+        EmptyStateView {
+            anchors.fill: parent
+            onFolderWanted: root.view.selectFolder()
+        }
     }
 
-    SplitArea {
+    OnDemand {
         id: split
         anchors.fill: parent
+        needed: visible
         visible: root.shown === WindowBridge.ProjectList
         focus: true
-        view: root.view
+
+        SplitArea {
+            anchors.fill: parent
+            focus: true
+            view: root.view
+        }
     }
 }

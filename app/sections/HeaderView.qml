@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Tarvolt
@@ -70,47 +72,52 @@ Item {
             Layout.fillWidth: true
         }
 
-        RowLayout {
-            objectName: "headerActions"
+        OnDemand {
+            needed: visible
             visible: root.view.folderPath !== ""
-            spacing: 8
 
-            Item {
-                objectName: "badge"
-                implicitWidth: Math.ceil(badgeText.implicitWidth) + 2 * badgeText.x
-                implicitHeight: badgeText.implicitHeight + 2 * badgeText.y
+            RowLayout {
+                anchors.fill: parent
+                objectName: "headerActions"
+                spacing: 8
 
-                BoxItem {
-                    objectName: "badgeFill"
-                    anchors.fill: parent
-                    radius: 6
-                    color: Theme.badge
-                    opacity: Theme.badgeOpacity
+                Item {
+                    objectName: "badge"
+                    implicitWidth: Math.ceil(badgeText.implicitWidth) + 2 * badgeText.x
+                    implicitHeight: badgeText.implicitHeight + 2 * badgeText.y
+
+                    BoxItem {
+                        objectName: "badgeFill"
+                        anchors.fill: parent
+                        radius: 6
+                        color: Theme.badge
+                        opacity: Theme.badgeOpacity
+                    }
+
+                    TextLabel {
+                        id: badgeText
+                        objectName: "badgeText"
+                        x: 8
+                        y: 4
+                        text: root.view.projectCountText
+                        font: Theme.caption
+                        color: Theme.secondary
+                    }
                 }
 
-                TextLabel {
-                    id: badgeText
-                    objectName: "badgeText"
-                    x: 8
-                    y: 4
-                    text: root.view.projectCountText
-                    font: Theme.caption
-                    color: Theme.secondary
+                BorderedButton {
+                    objectName: "rescanButton"
+                    symbol: "arrow.clockwise"
+                    spokenName: qsTr("Rescan")
+                    enabled: !root.view.scanning
+                    onClicked: root.view.rescan()
                 }
-            }
 
-            BorderedButton {
-                objectName: "rescanButton"
-                symbol: "arrow.clockwise"
-                spokenName: qsTr("Rescan")
-                enabled: !root.view.scanning
-                onClicked: root.view.rescan()
-            }
-
-            BorderedButton {
-                objectName: "changeFolderButton"
-                text: qsTr("Change Folder")
-                onClicked: root.view.selectFolder()
+                BorderedButton {
+                    objectName: "changeFolderButton"
+                    text: qsTr("Change Folder")
+                    onClicked: root.view.selectFolder()
+                }
             }
         }
     }

@@ -13,7 +13,6 @@ ModalPanel {
     width: 480
     height: 380
     padding: Theme.sheetPadding
-    visible: sheet.open
     scrim: Theme.scrim
     timeIn: Theme.still(180)
     timeOut: Theme.still(120)

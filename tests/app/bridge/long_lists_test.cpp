@@ -41,6 +41,18 @@ protected:
     SceneWindow w;
 };
 
+TEST(WindowStart, MakesOnlyWhatIsSeen) {
+    SceneWindow w;
+    const std::vector<QString> later{"headerActions", "splitArea", "emptyStateView", "panelFace"};
+    for (const auto& name : later) {
+        EXPECT_EQ(w.window->findChild<QQuickItem*>(name), nullptr) << name.toStdString();
+    }
+    w.addProject("Blue Hour");
+    w.choose();
+    EXPECT_NE(w.window->findChild<QQuickItem*>("splitArea"), nullptr);
+    EXPECT_EQ(w.window->findChild<QQuickItem*>("emptyStateView"), nullptr);
+}
+
 TEST_F(LongListsTest, BuildOnlyTheVisibleRowsOfTwentyThousandProjects) {
     showProjects(20000);
     QQuickItem* list = w.find("projectList");

@@ -157,6 +157,20 @@ TEST_F(MovementTest, TheSpinnerTurnsWhileVisible) {
     EXPECT_FALSE(spinner->isVisible());
 }
 
+TEST_F(MovementTest, ATurnOfTheSpinnerIsDrawnTwentySevenTimes) {
+    w.bridge->rescan();
+    clock->begin();
+    const QQuickItem* spinner = w.find("spinnerQuarter");
+    std::set<double> angles;
+    for (int millisecond = 0; millisecond < 890; millisecond += 5) {
+        angles.insert(spinner->property("angle").toDouble());
+        clock->move(5);
+    }
+    EXPECT_EQ(angles.size(), 27U);
+    EXPECT_EQ(*angles.begin(), 0);
+    EXPECT_LT(*angles.rbegin(), 360);
+}
+
 /// The style of a system that asks for no movement.
 class StillStyle final : public QProxyStyle {
 public:
