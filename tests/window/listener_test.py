@@ -47,7 +47,7 @@ class Listener(case.WindowTest):
         field.setText("Blue Hour")
         self.program.find("button", "Rename").press()
         self.told(lambda: (focus, 1, "OK") in self.named(events), "the focus on the alert's button")
-        button = next(element for _, _, element in events if element.name == "OK")
+        button = next(element for kind, _, element in events if (kind, element.name) == (focus, "OK"))
         alert = button.parent()
         self.assertEqual((alert.role, alert.name, alert.description), ("dialog", "Rename Failed", ""))
         self.program.find("label", 'A project named "Blue Hour" already exists.')
