@@ -55,8 +55,10 @@ protected:
         w.settle();
     }
 
-    /// Holds Space on what has the focus while it repeats five times, and lets it go.
+    /// Holds Space on what has the focus while it repeats five times, and lets it go. Waits before the press as long as
+    /// a finger does: a press right after a release would pass for a repeat.
     void holdSpace() {
+        QTest::qWait(100);
         QTest::keyPress(w.window, Qt::Key_Space);
         for (int i = 0; i < 5; ++i) {
             repeat(Qt::Key_Space, " ");
