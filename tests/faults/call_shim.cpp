@@ -16,6 +16,7 @@
 //   blind-identity   take whatever is at a path for the file just written
 //   deaf-sync        report success when a flush failed
 //   deaf-removal     report success when a removal failed
+//   deaf-listing     report the end of a listing when it failed
 //   early-name       give the new file its name before it is written
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -136,6 +137,13 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to, un
     }
     return real<int (*)(int, const char*, int, const char*, unsigned)>("renameat2")(fromFolder, from, toFolder, to,
                                                                                     replaces ? 0 : flags);
+}
+
+ssize_t getdents64(int folder, void* items, size_t size) {
+    before("getdents64");
+    static const bool isDeaf = asked("deaf-listing");
+    const auto done = real<ssize_t (*)(int, void*, size_t)>("getdents64")(folder, items, size);
+    return isDeaf && done < 0 ? 0 : done;
 }
 
 int unlinkat(int folder, const char* path, int flags) {

@@ -85,11 +85,12 @@ PROGRAM, SHIM = "./tarvolt_rename_once", "./libtarvolt_call_shim.so"
 
 
 class Run:
-    """The rename program under the shim, in the mode `shim`. With "stop" it can be stepped from call to call."""
+    """The rename program under the shim, in the mode `shim`. With "stop" it can be stepped from call to call. Without
+    the names it scans."""
 
-    def __init__(self, programs, folder, shim, new=NEW):
+    def __init__(self, programs, folder, shim, names=(OLD, NEW)):
         environment = dict(os.environ, LD_PRELOAD=SHIM, TARVOLT_SHIM=shim)
-        self.process = subprocess.Popen([PROGRAM, folder, OLD, new], cwd=programs, env=environment,
+        self.process = subprocess.Popen([PROGRAM, folder, *names], cwd=programs, env=environment,
                                         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.calls = []
 
@@ -112,7 +113,7 @@ class Run:
         output, errors = self.process.communicate()
         if self.process.returncode != 0:
             raise SystemExit(f"the rename program ended with {self.process.returncode}: {errors.decode()}")
-        return output.decode().split("\n", 1)[1].strip()
+        return output.decode().removeprefix("begin\n").strip()
 
 
 class Folder:
