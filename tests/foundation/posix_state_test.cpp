@@ -8,8 +8,12 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <filesystem>
+#include <functional>
+#include <iterator>
+#include <set>
 #include <string_view>
 
 namespace tarvolt {
@@ -58,6 +62,52 @@ TEST_F(PosixState, DistinguishesTwoWritesInOneSecond) {
     EXPECT_EQ(after->modified, before->modified);
     EXPECT_EQ(after->modifiedNanoseconds - before->modifiedNanoseconds, 1000);
     EXPECT_NE(before, after);
+}
+
+TEST_F(PosixState, ChangesInItsLastChangeOnlyWhenOnlyRightsDo) {
+    using std::chrono::steady_clock;
+    const auto file = folder.write("a", "12345");
+    const auto before = state("a");
+    const auto isChanged = [&] { return state("a")->changed != before->changed; };
+    const auto deadline = steady_clock::now() + std::chrono::seconds(5);
+    while (!isChanged() && steady_clock::now() < deadline) { // a file system's clock has coarse ticks
+        ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
+    }
+    EXPECT_TRUE(isChanged());
+    EXPECT_EQ(before, state("a"));
+}
+
+TEST_F(PosixState, DistinguishesTheKindsOfItems) {
+    folder.write("file", "");
+    folder.write("second", "");
+    folder.makeFolder("folder");
+    std::filesystem::create_symlink("file", folder / "link");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(state("file")->kind, state("second")->kind);
+    const std::set<std::uint32_t> kinds{state("file")->kind, state("folder")->kind, state("link")->kind,
+                                        state("pipe")->kind};
+    EXPECT_EQ(kinds.size(), 4U);
+}
+
+TEST_F(PosixState, IsRenumberedWhenNothingButItsNumberDiffers) {
+    folder.write("a", "12345");
+    const auto before = *state("a");
+    FileState later = before;
+    ++later.identity.inode;
+    EXPECT_TRUE(before.isRenumbered(later));
+    const std::function<void(FileState&)> differences[] = {
+        [](auto& other) { ++other.identity.device; },
+        [](auto& other) { ++other.kind; },
+        [](auto& other) { ++other.size; },
+        [](auto& other) { ++other.modified; },
+        [](auto& other) { ++other.modifiedNanoseconds; },
+        [](auto& other) { ++other.changed; },
+    };
+    for (std::size_t row = 0; row < std::size(differences); ++row) {
+        FileState other = later;
+        differences[row](other);
+        EXPECT_FALSE(before.isRenumbered(other)) << "row " << row;
+    }
 }
 
 TEST_F(PosixState, CoversDatesBeyondNanosecondsIn64Bits) {

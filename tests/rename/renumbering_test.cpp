@@ -1,5 +1,5 @@
-// Some user-space file systems give an item another number when the system has forgotten it. A rename goes on as long
-// as nothing else tells the item from the one that was seen, and takes nothing foreign for its own.
+// Some user-space file systems give an item a new number once the system has forgotten it. If everything else about the
+// item is the same, the rename goes on. An item of another program is never taken for the project's own.
 #include "model/mpc_scanner.h"
 #include "rename/rename_error.h"
 #include "tests/support/scene.h"
@@ -71,7 +71,7 @@ TEST_P(Renumbering, StopsNoRename) {
     EXPECT_EQ(disk.disk(), renamed);
 }
 
-TEST_F(Renumbering, LetsARollBackRemoveTheNewFile) {
+TEST_F(Renumbering, RollsBackTheNewFileUnderItsNewNumber) {
     const auto meddle = [&] {
         disk.addFolder("/p/Beat_[ProjectData]");
         renumber();
@@ -80,31 +80,37 @@ TEST_F(Renumbering, LetsARollBackRemoveTheNewFile) {
     EXPECT_EQ(disk.disk(), Lines({"/p/", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
 }
 
-TEST_F(Renumbering, DoesNotMakeAForeignFolderOurs) {
+TEST_F(Renumbering, LeavesAFolderAloneThatReplacedTheDataFolder) {
     EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Song_[ProjectData]").fakeDate = 2; }),
               "Failed to write file: Could not rename data folder: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, oldFolder}));
 }
 
-TEST_F(Renumbering, DoesNotMakeALinkOurs) {
+TEST_F(Renumbering, LeavesALinkAloneThatReplacedTheDataFolder) {
     EXPECT_EQ(rename("move", [&] { disk.addLink("/p/Song_[ProjectData]", "").fakeDate = 1; }),
               "Failed to write file: Could not rename data folder: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, "/p/Song_[ProjectData]="}));
 }
 
-TEST_F(Renumbering, DoesNotMakeAnOldFileOursThatDiffersInItsTextOnly) {
+TEST_F(Renumbering, LeavesAnOldFileAloneWhoseTextAloneDiffers) {
     EXPECT_EQ(rename("move", [&] { disk.addFile("/p/Song.xpj", "song_[ProjectData]").fakeDate = 1; }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=song_[ProjectData]"}));
 }
 
-TEST_F(Renumbering, DoesNotMakeANewFileOursThatDiffersInItsTextOnly) {
+TEST_F(Renumbering, LeavesAnOldFileAloneThatWasReplacedAfterTheLastCheck) {
+    EXPECT_EQ(rename("remove", [&] { disk.addFile("/p/Song.xpj", "song_[ProjectData]").fakeDate = 1; }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=song_[ProjectData]"}));
+}
+
+TEST_F(Renumbering, KeepsTheOldFileWhenTheNewOneDiffersInItsTextAlone) {
     EXPECT_EQ(rename("move", [&] { replaceNewFile("beat_[ProjectData]"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", "/p/Beat.xpj=beat_[ProjectData]", renamed[2], oldFile}));
 }
 
-TEST_F(Renumbering, LetsNoRollBackRemoveAFileThatDiffersInItsTextOnly) {
+TEST_F(Renumbering, RollsBackWithoutRemovingAFileWhoseTextAloneDiffers) {
     const auto meddle = [&] {
         disk.addFolder("/p/Beat_[ProjectData]");
         replaceNewFile("beat_[ProjectData]");
