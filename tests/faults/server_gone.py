@@ -83,7 +83,7 @@ def faults_of_renames(programs, disk, shim, ending):
         if ending is go_on and said != "renamed":
             faults.append(f"it said {said}")
         yield [f"{ending.__name__} before {call}: {fault}" for fault in faults]
-    if set(states) != ({4} if ending is go_on else {1, 2, 3, 4}):
+    if ending is die and set(states) != {1, 2, 3, 4}:  # elsewhere a roll-back may succeed, or not, as time will have it
         yield [f"{ending.__name__}: the states {states} came up"]
 
 
