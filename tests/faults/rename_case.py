@@ -6,12 +6,15 @@ import signal
 import subprocess
 import sys
 import tempfile
+import threading
 
 OLD, NEW = "Night Drive", "Dawn"
 DATA = "_[ProjectData]"
 TEXT = "".join(f'<Sample path="{OLD}{DATA}/kick {i}.wav" of="{OLD}"/>\r\n' for i in range(40)).encode()
 NEW_TEXT = TEXT.replace((OLD + DATA).encode(), (NEW + DATA).encode())
 SAMPLES = {"kick.wav": b"k" * 999, "deep/snare.wav": b"s" * 77}
+
+A_HANG = 60  # seconds; a rename takes a tenth of one
 
 
 def fill(folder):
@@ -106,11 +109,14 @@ class Run:
         return None
 
     def result(self):
-        """Runs to the end and returns the message."""
+        """Runs to the end, which must come, and returns the message."""
+        hang = threading.Timer(A_HANG, self.process.kill)
+        hang.start()
         if self.calls and self.process.returncode is None:
             while self.next_call() is not None:
                 pass
         output, errors = self.process.communicate()
+        hang.cancel()
         if self.process.returncode != 0:
             raise SystemExit(f"the rename program ended with {self.process.returncode}: {errors.decode()}")
         return output.decode().removeprefix("begin\n").strip()

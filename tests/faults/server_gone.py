@@ -22,7 +22,7 @@ from disk_killed import fitting
 from disks import Disk
 from processes import Unavailable
 from rename_case import NEW, OLD, Run, clean_state, fill, verdict
-from traced import A_HANG, SKIPPED
+from traced import SKIPPED, side_by_side
 
 WAIT = 0.1  # seconds for which a call waits in vain
 RENAME, SCAN = (OLD, NEW), ()
@@ -45,39 +45,38 @@ def change(server):
 ENDINGS = {go_on: [], die: [], change: ["reconnect"]}
 
 
-def tries(programs, disk, shim, names, ending):
+def tries(programs, work, shim, names, ending):
     """Stops the server before each call but the first of a rename, which is not its own. Yields the call, what the
     program said, and the folder on the server."""
-    disk.options = ENDINGS[ending]
-    for at in itertools.count(2 if names else 1):
-        if not os.path.ismount(disk.folder):
-            disk.mount()
-        folder = tempfile.mkdtemp(dir=f"{disk.work}/served")  # a new one each time: the drive remembers nothing of it
-        fill(folder)
-        program = Run(programs, f"{disk.folder}/{os.path.basename(folder)}", shim, names)
-        for _ in range(at):
-            call = program.next_call()
-        if not call:
-            program.result()
-            break
-        disk.server.signal(signal.SIGSTOP)
-        end, hang = threading.Timer(WAIT, ending, [disk.server]), threading.Timer(A_HANG, program.process.kill)
-        end.start()
-        hang.start()
-        said = program.result()
-        hang.cancel()
-        end.join()
-        if ending is die:
-            disk.unmount()
-            disk.server.start()
-        yield call, said, folder
-    disk.unmount()
+    with Disk("sshfs", tempfile.mkdtemp(dir=work)) as disk:
+        disk.options = ENDINGS[ending]
+        for at in itertools.count(2 if names else 1):
+            if not os.path.ismount(disk.folder):
+                disk.mount()
+            folder = tempfile.mkdtemp(dir=f"{disk.work}/served")  # a new one each time, of which nothing is remembered
+            fill(folder)
+            program = Run(programs, f"{disk.folder}/{os.path.basename(folder)}", shim, names)
+            for _ in range(at):
+                call = program.next_call()
+            if not call:
+                program.result()
+                break
+            disk.server.signal(signal.SIGSTOP)
+            end = threading.Timer(WAIT, ending, [disk.server])
+            end.start()
+            said = program.result()
+            end.join()
+            if ending is die:
+                disk.unmount()
+                disk.server.start()
+            yield call, said, folder
+        disk.unmount()
 
 
-def faults_of_renames(programs, disk, shim, ending):
+def faults_of_renames(programs, work, shim, ending):
     """Yields a list of faults for each call, and in the end one for all."""
     states = []
-    for call, said, folder in tries(programs, disk, shim, RENAME, ending):
+    for call, said, folder in tries(programs, work, shim, RENAME, ending):
         states.append(clean_state(folder))
         faults = fitting(said, states[-1], os.listdir(folder))
         if ending is go_on and said != "renamed":
@@ -87,30 +86,34 @@ def faults_of_renames(programs, disk, shim, ending):
         yield [f"{ending.__name__}: the states {states} came up"]
 
 
-def faults_of_scans(programs, disk, shim, ending):
-    for call, said, folder in tries(programs, disk, shim, SCAN, ending):
+def faults_of_scans(programs, work, shim, ending):
+    for call, said, folder in tries(programs, work, shim, SCAN, ending):
         whole = said.splitlines() == ["Bystander", OLD]
         unread = said.startswith(f'Scan error: The folder "{os.path.basename(folder)}" could not be read: ')
         yield [] if whole or (unread and ending is not go_on) else [f"{ending.__name__} before {call}: it said {said}"]
 
 
-def tried(programs, disk):
-    for planted, faults_of in (("early-name", faults_of_renames), ("deaf-listing", faults_of_scans)):
-        with contextlib.closing(faults_of(programs, disk, f"stop,{planted}", die)) as found:
-            if not any(found):
-                sys.exit(f"the planted fault {planted} went unnoticed: this check finds nothing")
-    found = [faults for faults_of in (faults_of_renames, faults_of_scans) for ending in ENDINGS
-             for faults in faults_of(programs, disk, "stop", ending)]
-    return [fault for faults in found for fault in faults], f"{len(found)} times without a server"
+def notices(programs, work, planted, faults_of):
+    with contextlib.closing(faults_of(programs, work, f"stop,{planted}", die)) as found:
+        return any(found)
+
+
+def tried(programs, work):
+    """Every fault of the program, and how often it was left without a server."""
+    planted = (("early-name", faults_of_renames), ("deaf-listing", faults_of_scans))
+    if not all(side_by_side(lambda case: notices(programs, work, *case), planted)):
+        sys.exit("a planted fault went unnoticed: this check finds nothing")
+    found = side_by_side(lambda case: list(case[0](programs, work, "stop", case[1])),
+                         itertools.product((faults_of_renames, faults_of_scans), ENDINGS))
+    tries_ = [faults for each in found for faults in each]
+    return [fault for faults in tries_ for fault in faults], f"{len(tries_)} times without a server"
 
 
 if __name__ == "__main__":
     PROGRAMS = sys.argv[1]
     WORK = tempfile.mkdtemp(prefix="tarvolt-server-")
     try:
-        with Disk("sshfs", WORK) as DISK:
-            RESULT = tried(PROGRAMS, DISK)
-        verdict(*RESULT)
+        verdict(*tried(PROGRAMS, WORK))
     except Unavailable as REASON:
         print(f"skipped: sshfs cannot be had here ({REASON})")
         sys.exit(SKIPPED)

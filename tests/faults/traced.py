@@ -7,7 +7,7 @@ import signal
 import subprocess
 import sys
 
-from rename_case import DATA, NEW, OLD, PROGRAM, SAMPLES, SHIM, Folder, clean_state, tree
+from rename_case import A_HANG, DATA, NEW, OLD, PROGRAM, SAMPLES, SHIM, Folder, clean_state, tree
 
 SKIPPED = 77
 # What may exist at some time; clean_state says what must exist when.
@@ -17,8 +17,6 @@ KNOWN = {"projects", "projects/Bystander.xpj"}.union(
 
 # Used between threads and for the random numbers of newer C libraries. They do not concern the folder and cannot fail.
 THE_LIBRARYS_OWN = ("futex", "rt_sigprocmask")
-
-A_HANG = 60  # seconds; a rename takes a tenth of one
 
 # The file systems on which the rename is tried: the real one, and those that the shim imitates by refusing calls as FAT
 # sticks, network drives and FUSE do.
