@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -90,8 +91,8 @@ private:
 /// -1 and sets errno when it cannot be opened.
 int openForNames(const char* folder);
 
-/// Visits every name in an open folder, and whether it is that of a folder, where the listing tells. The descriptor may
-/// be closed afterwards. False, with errno set, when the listing fails.
+/// Visits every name in an open folder, with whether it names a folder, if the listing says so. The descriptor may be
+/// closed afterwards. False, with errno set, when the listing fails.
 bool listNames(Descriptor& folder, const std::function<void(const char* name, std::optional<bool> isFolder)>& visit);
 
 /// Creates a file without a name in an open folder and opens it for writing. Returns -1 and sets errno when there are
@@ -103,6 +104,9 @@ int nameUnnamed(int file, int folder, const char* name);
 
 /// Moves `from` in one folder to `to` in another without replacing anything. Returns 0, or -1 and sets errno.
 int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);
+
+/// Half of the machine's memory in bytes; where that is unknown, more than any file has.
+std::size_t halfOfMemory();
 
 /// Makes the file at `place`; see FileManager::createFile. Throws FileError when the file cannot be written.
 std::optional<FileState> createFile(const Place& place, const FileManager::ContentsWriter& contents);

@@ -28,8 +28,7 @@ DirectoryEntry examine(int folder, const char* name, std::optional<bool> isDirec
 
 std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t expectedSize) {
     constexpr std::size_t leastRoom = 4096;
-    const std::size_t mostSize =
-        static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    const std::size_t mostSize = posix::halfOfMemory();
     if (expectedSize > mostSize) {
         return std::nullopt;
     }

@@ -1,5 +1,5 @@
-// What Linux has and POSIX has not. CMake looks for each; where it is missing, its function goes the way of POSIX or
-// fails as on a file system that does not support it, and the caller goes the way it has for that.
+// Calls that Linux has and POSIX lacks. CMake checks for each one. Without it, its function uses what POSIX has or
+// fails as it would on a file system without support, which the callers handle.
 #include "foundation/posix_calls.h"
 
 #include <dirent.h>
@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdio>
+#include <limits>
 #include <memory>
 
 namespace tarvolt::posix {
@@ -81,6 +82,15 @@ int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const c
         return -1;
     }
     return errno == ENOENT ? ::renameat(fromFolder, from, toFolder, to) : -1;
+}
+
+std::size_t halfOfMemory() {
+#ifdef TARVOLT_HAS_PHYS_PAGES
+    // The answer -1, for unknown, makes a number that is larger than any file, too.
+    return static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+#else
+    return std::numeric_limits<std::size_t>::max();
+#endif
 }
 
 } // namespace tarvolt::posix
