@@ -31,7 +31,7 @@ private:
 struct DirectoryEntry {
     std::string_view name;                ///< bytes as on disk, never "." or ".."
     std::optional<bool> isDirectory;      ///< of the entry itself: false for a link; absent when unknown
-    std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder, when unknown or unasked
+    std::optional<std::int64_t> fileSize; ///< bytes of the entry itself; absent for a folder and when unknown
 };
 
 /// Identifies an item on disk. It stays the same when the item is moved, and changes when the item is replaced.
@@ -75,7 +75,7 @@ struct FileContents {
 
 enum class LinkPolicy { follow, refuse };
 
-/// Whether a listing asks for the sizes of files, which takes a call for each.
+/// Whether a listing has to tell the sizes of files, which takes a call for each.
 enum class Sizes { ask, skip };
 
 /// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte or is longer than the
@@ -109,9 +109,10 @@ public:
     /// What is at `path` itself, links not followed; absent when that cannot be determined.
     virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
 
-    /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, is larger than half of
-    /// the machine's memory, or is a pipe, a device, a socket or a folder. These are never read or waited for, and only
-    /// opened when they replace a file at the moment of the call. Throws only std::bad_alloc.
+    /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, ends before the size it
+    /// had, is larger than half of the machine's memory (if that is known), or is a pipe, a device, a socket or a
+    /// folder. These are never read or waited for, and only opened when they replace a file at the moment of the call.
+    /// Throws only std::bad_alloc.
     virtual std::optional<FileContents> contents(const std::filesystem::path& path) const = 0;
 
     /// Creates the file `path` with `contents` and mode 0666 minus the umask, durably: when this returns its state,
