@@ -86,7 +86,16 @@ def canMount():
     return subprocess.run(["unshare", "--mount", "true"], capture_output=True).returncode == 0
 
 
-@unittest.skipUnless(canMount(), "a card can be mounted for the program alone by root only, and not in a changed root")
+onlyWithMounts = unittest.skipUnless(
+    canMount(), "a card can be mounted for the program alone by root only, and not in a changed root")
+
+
+def places(program):
+    program.find("button", "Select Folder").click()
+    return [place.name for place in program.find("list", "Sidebar").children()]
+
+
+@onlyWithMounts
 class OwnPanelWithACard(case.WindowTest):
     card = "/media/mara/SD CARD"
     # Of these, a system's own mount, a network drive and the folder of all cards are no places to choose.
@@ -95,9 +104,16 @@ class OwnPanelWithACard(case.WindowTest):
     before = ("unshare", "--mount", "sh", "-c", "".join(commands) + 'exec "$0"')
 
     def testOffersOnlyHomeAndTheCard(self):
-        self.program.find("button", "Select Folder").click()
-        places = self.program.find("list", "Sidebar")
-        self.assertEqual([place.name for place in places.children()], ["mara", "SD CARD"])
+        self.assertEqual(places(self.program), ["mara", "SD CARD"])
+
+
+@onlyWithMounts
+class OwnPanelWithoutAListOfMounts(case.WindowTest):
+    # The list is in /proc, which not every system has.
+    before = ("unshare", "--mount", "sh", "-c", 'mount -t tmpfs none /proc && exec "$0"')
+
+    def testOffersOnlyHome(self):
+        self.assertEqual(places(self.program), ["mara"])
 
 
 if __name__ == "__main__":
