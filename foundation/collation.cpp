@@ -45,7 +45,7 @@ void appendSortKey(std::string& keys, const icu::Collator& collator, std::string
 std::vector<std::size_t> localizedCaseInsensitiveCompareOrder(const std::vector<std::string_view>& names,
                                                               std::string_view locale) {
     const auto collator = caseInsensitiveCollator(locale);
-    std::string keys; // one after the other, because they are sorted faster if they lie close together
+    std::string keys; // back to back, because keys that lie close together sort faster
     std::vector<std::size_t> ends;
     for (const std::string_view name : names) {
         appendSortKey(keys, *collator, name);

@@ -21,7 +21,7 @@ std::chrono::milliseconds usersOffset(std::chrono::milliseconds sinceEpoch) {
     return ::localtime_r(&time, &local) != nullptr ? std::chrono::seconds(local.tm_gmtoff) : std::chrono::seconds(0);
 }
 
-/// Formats are slow to make, and a log asks for the same one again and again: each thread keeps its last.
+/// Formats are slow to make, and a log needs the same one again and again, so each thread keeps its last.
 icu::SimpleDateFormat& formatFor(std::string_view pattern, std::string_view locale) {
     struct Last {
         std::string pattern;

@@ -125,7 +125,7 @@ public:
     /// Moves an item within one file system and flushes both folders as far as possible. Never replaces anything, not
     /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. With
     /// `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError, and the item is then where it
-    /// was, unless a network drive moved it but lost the replies to the move and to the question where the item is.
+    /// was, unless a network drive moved it but lost the replies to the move and to the check that follows a failure.
     virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                           std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
 

@@ -87,8 +87,8 @@ private:
     std::string name_;
 };
 
-/// Opens a folder so that names in it can be created and removed; where possible even if it must not be listed. Returns
-/// -1 and sets errno when it cannot be opened.
+/// Opens a folder so that names in it can be created and removed, where possible even one that the user may not list.
+/// Returns -1 and sets errno when it cannot be opened.
 int openForNames(const char* folder);
 
 /// Visits every name in an open folder, with whether it names a folder, if the listing says so. The descriptor may be

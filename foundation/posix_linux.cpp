@@ -42,7 +42,7 @@ bool listNames(Descriptor& folder, const std::function<void(const char* name, st
     }
     folder.release();
     for (;;) {
-        errno = 0; // the end of the listing leaves it alone
+        errno = 0; // at the end of the listing it stays 0
         if (const dirent* item = ::readdir(listing.get())) {
             visit(item->d_name, std::nullopt);
         } else if (errno != EINTR) {
@@ -76,7 +76,7 @@ int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const c
     }
 #endif
     // The system or the file system (FAT, network and user-space ones) has no such flag. A file or an empty folder that
-    // appears at `to` between the check and the move is replaced: no smaller gap is possible there.
+    // appears at `to` between the check and the move is replaced: the gap cannot be made any smaller.
     if (stateAt(toFolder, to)) {
         errno = EEXIST;
         return -1;
@@ -86,7 +86,7 @@ int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const c
 
 std::size_t halfOfMemory() {
 #ifdef TARVOLT_HAS_PHYS_PAGES
-    // The answer -1, for unknown, makes a number that is larger than any file, too.
+    // If the answer is -1, for unknown, the product is larger than any file, too.
     return static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 #else
     return std::numeric_limits<std::size_t>::max();
