@@ -77,6 +77,10 @@ class Disk:
         self.process.kill()
         self.process.wait()
 
+    def forget(self):
+        """Lets the mounted file system forget every item that no program uses at the moment."""
+        run("mount", "--internal-only", "-o", "remount", self.folder)
+
     def end_process(self):
         if self.process:
             self.process.wait(PATIENCE)

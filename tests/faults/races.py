@@ -11,10 +11,14 @@ and the removal of the old file, or of the new one in a roll-back. Races won the
 import os
 import sys
 
-from rename_case import DATA, NEW, NEW_TEXT, OLD, SAMPLES, TEXT, Folder, Run, read, tree, verdict, write
+from rename_case import DATA, NEW, NEW_TEXT, OLD, SAMPLES, TEXT, Folder, Run, read, tree, verdict, whole_data, write
 from traced import side_by_side
 
 FOREIGN = b"somebody else's work"
+
+
+def leave_alone(_):
+    pass
 
 
 def make_new_file(folder):
@@ -82,11 +86,11 @@ BEFORE = {replace_new_file_before_the_roll_back: make_new_folder_with_content}
 
 
 def foreign_items(folder):
-    """What belongs to others, by path: the bytes of files and the identity of folders."""
+    """What belongs to others, by path: the bytes of files, and folders."""
     found = {path: what for path, what in tree(folder.path).items() if what == FOREIGN or path.startswith("outside")}
     new_folder = f"{folder.projects}/{NEW}{DATA}"
-    if os.path.isdir(new_folder) and os.stat(new_folder).st_ino != folder.data_inode:
-        found[f"projects/{NEW}{DATA}"] = os.stat(new_folder).st_ino
+    if os.path.isdir(new_folder) and not whole_data(folder.projects, NEW):
+        found[f"projects/{NEW}{DATA}"] = "folder"
     return found
 
 
@@ -118,10 +122,9 @@ def is_last_window(act, calls):
         "open", "fstatat", "unlinkat") and calls[-1].endswith(("/", f"{OLD}.xpj"))
 
 
-def one_race(programs, plant, act, at):
+def one_race(programs, plant, act, at, afterwards):
     """Runs to call number `at`, acts, and runs to the end. Returns the faults, or None if there are fewer calls."""
     with Folder() as folder:
-        folder.data_inode = os.stat(f"{folder.projects}/{OLD}{DATA}").st_ino
         write(f"{folder.path}/outside/victim.xpj", FOREIGN)
         write(f"{folder.path}/outside/{OLD}{DATA}/victim.wav", FOREIGN)
         if act in BEFORE:
@@ -134,6 +137,7 @@ def one_race(programs, plant, act, at):
                 run.result()
                 return None
         act(folder)
+        afterwards()
         before = foreign_items(folder)
         stopped_at = list(run.calls)
         message = run.result()
@@ -144,16 +148,19 @@ def one_race(programs, plant, act, at):
         # If the foreign action itself removes or replaces the old file, the text is not lost by the rename.
         if not has_data or (not has_text and act not in (remove_old_file, replace_old_file)):
             faults.append(f"the project is not whole (data {has_data}, text {has_text})")
+        if act is leave_alone and message != "renamed":
+            faults.append("it failed")
         if faults and is_last_window(act, stopped_at):
             return ["last window"]
         return [f"{act.__name__} before call {at} ({call}): {fault}; the rename said: {message}" for fault in faults]
 
 
-def races(programs, plant=None, acts=None):
-    """Returns the faults, the number of races, and how many of these were won in the last window."""
+def races(programs, plant=None, acts=None, afterwards=lambda: None):
+    """Returns the faults, the number of races, and how many of these were won in the last window. Calls `afterwards`
+    after each act."""
     def until_the_end(act):
         found = []
-        while (more := one_race(programs, plant, act, len(found) + 1)) is not None:
+        while (more := one_race(programs, plant, act, len(found) + 1, afterwards)) is not None:
             found.append(more)
         return found
 

@@ -27,6 +27,9 @@ OPEN_TO_ALL = ("exfat", "ntfs")
 NEEDING_PERMISSIONS = ["AClosedFileCannotBeRead", "AFileThatCannotBeCreatedLeavesTheProjectAsItWas",
                        "AFolderThatCannotBeReadIsAnErrorLineAndThenNoProjects",
                        "AProjectWhoseDataFolderCannotBeListedIsKeptWithItsOwnSize"]
+# File systems that number an item anew when they have forgotten it, and what is done while they forget.
+FORGETFUL = ("exfat", "sshfs")
+FORGOTTEN = [races.leave_alone, races.replace_old_file, races.replace_new_file_before_the_roll_back]
 
 
 def has_links(folder):
@@ -48,6 +51,22 @@ def faults_of_the_table(core_tests, disk):
     return caused, faults or ([] if tests.returncode == 0 and caused else ["the tables of failures were not tried"])
 
 
+def forgets(disk, folder):
+    number = os.stat(folder.path).st_ino
+    disk.forget()
+    return os.stat(folder.path).st_ino != number
+
+
+def races_while_it_forgets(programs, disk):
+    """As races.races, on a disk that forgets everything at each call. One race at a time: an item that is numbered anew
+    twice between two calls cannot be told."""
+    with Folder() as folder:
+        # For a moment after it was filled the folder may still be in use.
+        faults = [] if any(forgets(disk, folder) for _ in range(100)) else ["it forgets nothing"]
+    found = [races.races(programs, None, [act], disk.forget) for act in FORGOTTEN]
+    return faults + [fault for each in found for fault in each[0]], *(sum(each[i] for each in found) for i in (1, 2))
+
+
 def changed_by_the_remount(disk):
     """What is not as its drivers left it after the file system was unmounted and mounted again."""
     disk.unmount()
@@ -61,6 +80,9 @@ def tried(programs, core_tests, disk):
     calls, errors, faults = every_call_fails.faults_of(programs, "")
     kills, killing = killed.faults_of(programs, "")
     racing, raced, last = races.races(programs, None, acts)
+    if disk.name in FORGETFUL:
+        more = races_while_it_forgets(programs, disk)
+        racing, raced, last = racing + more[0], raced + more[1], last + more[2]
     rows, failing = faults_of_the_table(core_tests, disk)
     faults += killing + racing + failing + short_transfers.faults_of(programs, "short")
     kept = len(Folder.ended)
