@@ -16,7 +16,10 @@ Item {
     readonly property bool strong: mouse.pressed || activeFocus
 
     objectName: "splitHandle"
-    implicitWidth: Theme.hairline
+    width: Theme.hairline
+    // Assistive technology is told this size where the other is less than one.
+    implicitWidth: 1
+    implicitHeight: height
     activeFocusOnTab: true
     Accessible.role: Accessible.Slider
     Accessible.name: qsTr("Width of the log")

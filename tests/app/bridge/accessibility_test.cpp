@@ -21,6 +21,21 @@ void describe(QAccessibleInterface* thing, QStringList& lines) {
     }
 }
 
+/// What assistive technology is told to be a unit or more wider or higher than it is.
+void measure(QAccessibleInterface* thing, QStringList& tooLarge) {
+    if (thing == nullptr || !thing->isValid() || thing->state().invisible) {
+        return;
+    }
+    const auto* item = qobject_cast<QQuickItem*>(thing->object());
+    const QSize told = thing->rect().size();
+    if (item != nullptr && (told.width() >= item->width() + 1 || told.height() >= item->height() + 1)) {
+        tooLarge << QString("%1: %2 x %3").arg(item->objectName()).arg(told.width()).arg(told.height());
+    }
+    for (int i = 0; i < thing->childCount(); ++i) {
+        measure(thing->child(i), tooLarge);
+    }
+}
+
 class AccessibilityTest : public ::testing::Test {
 protected:
     AccessibilityTest() {
@@ -73,6 +88,13 @@ TEST_F(AccessibilityTest, EachRowIsOneSentenceWithAButtonNamedAfterItsProject) {
     }
     EXPECT_EQ(lines.filter("ListItem: Scan complete: 2 project(s), 12:00:00").size(), 1);
     EXPECT_EQ(lines.filter("Blue Hour").size(), 2) << "what the sentence says is not said again";
+}
+
+TEST_F(AccessibilityTest, NothingIsSaidToBeLargerThanItIs) {
+    choose();
+    QStringList tooLarge;
+    measure(QAccessible::queryAccessibleInterface(w->window), tooLarge);
+    EXPECT_EQ(tooLarge, QStringList());
 }
 
 TEST_F(AccessibilityTest, ARowsButtonSaysWhatTheRowShows) {
