@@ -17,6 +17,9 @@ Item {
 
     FocusRing {
         objectName: "logFocus"
+        // Away from the list's edge, which may lie between pixels and cut off what is there.
+        anchors.topMargin: Theme.hairline
+        anchors.bottomMargin: Theme.hairline
         anchors.leftMargin: 4
         anchors.rightMargin: 10 // clear of the thumb
         thickness: Theme.hairline

@@ -203,6 +203,24 @@ TEST_F(MeasureControlsTest, TheRingOfAListIsThinRoundedAndInside) {
     }
 }
 
+TEST_F(MeasureControlsTest, TheRingOfALineIsWholeWhereverTheListStands) {
+    w.choose();
+    w.find("logList")->forceActiveFocus(Qt::TabFocusReason);
+    const auto orange = w.find("logFocus")->property("borderColor").value<QColor>();
+    const double ratio = w.window->effectiveDevicePixelRatio();
+    for (int tenths = 0; tenths < 10; ++tenths) {
+        w.find("logView")->setY(tenths / 10.0);
+        const QRectF box = w.box("logFocus");
+        const QRect ring = QRectF(box.topLeft() * ratio, box.size() * ratio).toAlignedRect();
+        const QImage picture = w.window->grabWindow();
+        int edges = 0;
+        for (int row = ring.top() - 2; row <= ring.bottom() + 2; ++row) {
+            edges += picture.pixelColor(ring.center().x(), row) == orange ? 1 : 0;
+        }
+        EXPECT_EQ(edges, 2) << tenths;
+    }
+}
+
 TEST_F(MeasureControlsTest, AScrollThumbShowsOnlyIfThereIsSomethingToScroll) {
     w.choose();
     EXPECT_TRUE(w.findAll("scrollThumb").empty());
