@@ -106,7 +106,8 @@ public:
     /// Whether anything is at `path`, dangling links included. False when that cannot be determined.
     virtual bool fileExists(const std::filesystem::path& path) const = 0;
 
-    /// What is at `path` itself, links not followed; absent when that cannot be determined.
+    /// What is at `path` itself, links not followed; absent when nothing is there. Throws FileError when that cannot be
+    /// determined.
     virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
 
     /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, ends before the size it

@@ -45,11 +45,11 @@ std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t exp
             // A network drive that has lost its connection may report the end of the file too early.
             return contents.size >= expectedSize ? std::optional(std::move(contents)) : std::nullopt;
         }
+        if (contents.size > mostSize) {
+            return std::nullopt;
+        }
         if (contents.size == room) { // the file is growing
-            if (room > mostSize) {
-                return std::nullopt;
-            }
-            room += std::max(room, leastRoom);
+            room = std::min(room + std::max(room, leastRoom), mostSize + 1);
             auto larger = std::make_unique_for_overwrite<char[]>(room);
             std::copy_n(contents.bytes.get(), contents.size, larger.get());
             contents.bytes = std::move(larger);
@@ -79,10 +79,19 @@ public:
         }
     }
 
-    bool fileExists(const std::filesystem::path& path) const override { return state(path).has_value(); }
+    bool fileExists(const std::filesystem::path& path) const override {
+        return !posix::holdsNul(path) && posix::stateAt(AT_FDCWD, path.c_str());
+    }
 
     std::optional<FileState> state(const std::filesystem::path& path) const override {
-        return posix::holdsNul(path) ? std::nullopt : posix::stateAt(AT_FDCWD, path.c_str());
+        if (posix::holdsNul(path)) {
+            return std::nullopt;
+        }
+        const auto found = posix::stateAt(AT_FDCWD, path.c_str());
+        if (!found && errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG) {
+            throw FileError(errno, "stat", path);
+        }
+        return found;
     }
 
     std::optional<FileContents> contents(const std::filesystem::path& path) const override {
@@ -112,6 +121,7 @@ public:
                   std::optional<FileIdentity> onlyIf) override {
         const Place source(from, "rename");
         const Place destination(to, "rename");
+        const bool leavesItsFolder = from.parent_path() != to.parent_path(); // the last that needs memory
         if (!source.holds(onlyIf)) {
             throw FileError(errno, "rename", from);
         }
@@ -125,7 +135,7 @@ public:
         }
         // A failure here does not undo the move: after a power cut the item has one name or the other.
         destination.synchroniseFolder();
-        if (from.parent_path() != to.parent_path()) {
+        if (leavesItsFolder) {
             source.synchroniseFolder();
         }
     }

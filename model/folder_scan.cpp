@@ -52,8 +52,12 @@ MPCProject projectOf(const FileManager& fileManager, const std::string& prefix, 
         }
     }
     std::string file = prefix + fileName;
-    if (const auto state = fileManager.state(file)) {
-        addSize(total, state->size);
+    try {
+        if (const auto state = fileManager.state(file)) {
+            addSize(total, state->size);
+        }
+    } catch (const FileError&) {
+        // A size that cannot be determined counts as none.
     }
     return {std::move(baseName), std::move(file), std::move(dataFolder), count, total};
 }

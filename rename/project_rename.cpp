@@ -18,6 +18,9 @@ std::string reason(const std::exception& failure) {
     return fileError != nullptr ? fileError->localizedDescription() : failure.what();
 }
 
+/// What no item is like: where nothing was seen, nothing may be moved or removed, and the attempt gives the reason.
+constexpr FileState nothing;
+
 /// An item of the project that this rename has seen or made, and may therefore move or remove.
 struct OwnItem {
     const path& where;
@@ -75,22 +78,39 @@ FileState writeProjectFile(FileManager& fileManager, const path& projectFile, co
     throw RenameError::writeFailed(projectFile.filename());
 }
 
-void moveDataFolder(FileManager& fileManager, const path& from, const std::optional<FileState>& seen, const path& to,
-                    const OwnItem& newFile) {
+RenameError moveFailed(const std::exception& failure) {
+    return RenameError::writeFailed("Could not rename data folder: " + reason(failure));
+}
+
+FileState lookBeforeMove(const FileManager& fileManager, const path& dataFolder) {
     try {
-        if (seen) {
-            actOn(fileManager, {from, *seen, nullptr},
-                  [&](auto identity) { fileManager.moveItem(from, to, identity); });
-        } else {
-            fileManager.moveItem(from, to);
-        }
+        return fileManager.state(dataFolder).value_or(nothing);
+    } catch (const FileError& failure) {
+        throw moveFailed(failure);
+    }
+}
+
+/// Whether the folder is at `to` although the move has failed: a network drive can do the move and lose the reply. A
+/// folder that was there before makes the move fail with EEXIST.
+bool hasMovedAnyway(const FileManager& fileManager, const OwnItem& folder, const path& to,
+                    const std::exception& failure) {
+    const auto* error = dynamic_cast<const FileError*>(&failure);
+    const auto there = error != nullptr && error->code().value() != EEXIST ? fileManager.state(to) : std::nullopt;
+    return there && (there->identity == folder.seen.identity || folder.seen.isRenumbered(*there));
+}
+
+void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path& to, const OwnItem& newFile) {
+    try {
+        actOn(fileManager, folder, [&](auto identity) { fileManager.moveItem(folder.where, to, identity); });
     } catch (const std::exception& moveFailure) {
         try {
-            actOn(fileManager, newFile, [&](auto identity) { fileManager.removeItem(newFile.where, identity); });
+            if (!hasMovedAnyway(fileManager, folder, to, moveFailure)) {
+                actOn(fileManager, newFile, [&](auto identity) { fileManager.removeItem(newFile.where, identity); });
+            }
         } catch (const std::exception&) {
             // The message is about the failed move. The old project is whole, with or without the new file beside it.
         }
-        throw RenameError::writeFailed("Could not rename data folder: " + reason(moveFailure));
+        throw moveFailed(moveFailure);
     }
 }
 
@@ -104,10 +124,10 @@ void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, cons
                    !isRenumbered(fileManager, newFile, present);
         };
         const auto present = fileManager.state(oldFile.where);
-        if (present && ((present != oldFile.seen && !isRenumbered(fileManager, oldFile, present)) || isReplaced())) {
+        if ((present && present != oldFile.seen && !isRenumbered(fileManager, oldFile, present)) || isReplaced()) {
             throw FileError(EBUSY, "unlink", oldFile.where);
         }
-        actOn(fileManager, {oldFile.where, present.value_or(oldFile.seen), oldFile.text},
+        actOn(fileManager, {oldFile.where, present.value_or(nothing), oldFile.text},
               [&](auto identity) { fileManager.removeItem(oldFile.where, identity); });
     } catch (const std::exception& failure) {
         // Nothing is rolled back: the project is whole under its new name, and the old file does no harm.
@@ -115,7 +135,8 @@ void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, cons
     }
 }
 
-/// All file operations of a rename. If it throws anything but a RenameError, the disk is unchanged.
+/// All file operations of a rename. If it throws anything but a RenameError, the disk is unchanged and the old file
+/// could not be read.
 void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject& project, const std::string& newName) {
     if (const auto refusal = validateProjectName(newName)) {
         throw *refusal;
@@ -125,14 +146,15 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     if (fileManager.fileExists(newProjectFile)) {
         throw RenameError::destinationExists(newName);
     }
+    const path oldProjectFile = project.xpjURL();
+    const auto oldDataFolder = project.dataFolderURL();
     // Only what is here now may later be moved and removed.
-    const auto oldFileSeen = fileManager.state(project.xpjURL());
+    const auto oldFileSeen = fileManager.state(oldProjectFile);
     if (!oldFileSeen) {
-        throw RenameError::readFailed(project.xpjURL().filename());
+        throw RenameError::readFailed(oldProjectFile.filename());
     }
-    const auto oldFolderSeen =
-        project.dataFolderURL() ? fileManager.state(*project.dataFolderURL()) : std::optional<FileState>();
-    const FileContents oldText = readText(fileManager, project.xpjURL());
+    const FileState oldFolderSeen = oldDataFolder ? lookBeforeMove(fileManager, *oldDataFolder) : nothing;
+    const FileContents oldText = readText(fileManager, oldProjectFile);
     if (!isValidUtf8(newName)) { // the rest of the text is known to be
         throw RenameError::writeFailed("Could not encode updated XML");
     }
@@ -141,10 +163,10 @@ void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject
     const FileManager::ContentsWriter writeNewText = [&](const auto& write) {
         replaceAllBeforeTail(oldText, project.baseName(), newName, dataFolderSuffix, write);
     };
-    const OwnItem oldFile{project.xpjURL(), *oldFileSeen, &writeOldText};
+    const OwnItem oldFile{oldProjectFile, *oldFileSeen, &writeOldText};
     const OwnItem newFile{newProjectFile, writeProjectFile(fileManager, newProjectFile, writeNewText), &writeNewText};
-    if (project.dataFolderURL()) {
-        moveDataFolder(fileManager, *project.dataFolderURL(), oldFolderSeen, newDataFolder, newFile);
+    if (oldDataFolder) {
+        moveDataFolder(fileManager, {*oldDataFolder, oldFolderSeen, nullptr}, newDataFolder, newFile);
     }
     removeOldProjectFile(fileManager, oldFile, newFile);
 }
@@ -161,7 +183,7 @@ void MPCScanner::rename(const MPCProject& project, const std::string& newName) {
     } catch (const RenameError&) {
         throw;
     } catch (const std::exception&) {
-        // Out of memory before anything was written: nothing could be read.
+        // The old file cannot be examined, or memory ran out before anything was written.
         throw RenameError::readFailed(project.xpjURL().filename());
     }
     try {

@@ -9,7 +9,7 @@ import errno
 import os
 import sys
 
-from rename_case import NEW, OLD, verdict
+from rename_case import DATA, NEW, OLD, verdict
 from traced import FILE_SYSTEMS, calls_of, side_by_side, traced
 
 COMMON = ["EIO", "ENOMEM", "EACCES", "EPERM", "EINTR", "EINVAL", "ENOSPC", "EDQUOT", "EROFS", "ENAMETOOLONG", "EXDEV",
@@ -32,10 +32,12 @@ ERRORS = {
     "renameat": COMMON + ["EEXIST", "ENOTEMPTY", "EMLINK"],
     "unlinkat": COMMON + ["EISDIR"],
 }
+NOTHING_THERE = ("ENOENT", "ENAMETOOLONG")
 NO_SUCH_THING = ("EINVAL", "EOPNOTSUPP", "ENOSYS")
 
 RENAMED, UNREAD, UNWRITTEN, UNMOVED, UNREMOVED = "renamed", "unread", "unwritten", "unmoved", "unremoved"
-STATES = {RENAMED: 4, UNREAD: 1, UNWRITTEN: 1, UNMOVED: 1, UNREMOVED: 3}
+FOREIGN_FOLDER, FOREIGN_FILE = "foreign folder", "foreign file"
+STATES = {RENAMED: 4, UNREAD: 1, UNWRITTEN: 1, UNMOVED: 1, UNREMOVED: 3, FOREIGN_FOLDER: 1, FOREIGN_FILE: 3}
 
 
 def message_of(outcome, error):
@@ -44,9 +46,10 @@ def message_of(outcome, error):
         UNREAD: [f"Failed to read file: {OLD}.xpj"],
         UNWRITTEN: [f"Failed to write file: {NEW}.xpj"],
         UNMOVED: ["Failed to write file: Could not rename data folder: " + os.strerror(getattr(errno, error))],
-        # An item that cannot be checked again may have been replaced, so it counts as foreign.
-        UNREMOVED: ["Failed to delete: Could not remove old .xpj: " + os.strerror(getattr(errno, error)),
-                    "Failed to delete: Could not remove old .xpj: " + os.strerror(errno.EBUSY)],
+        UNREMOVED: ["Failed to delete: Could not remove old .xpj: " + os.strerror(getattr(errno, error))],
+        # What is found where nothing was before counts as foreign.
+        FOREIGN_FOLDER: ["Failed to write file: Could not rename data folder: " + os.strerror(errno.EBUSY)],
+        FOREIGN_FILE: ["Failed to delete: Could not remove old .xpj: " + os.strerror(errno.EBUSY)],
     }[outcome]
 
 
@@ -66,8 +69,10 @@ def steps_of(calls):
     return steps
 
 
-def look(call, _):
-    # What cannot be checked counts as absent. Without having seen the old file, the rename does not begin.
+def look(call, error):
+    # A new file that cannot be checked counts as absent. Without having seen the old one, the rename does not begin.
+    if f'/{OLD}{DATA}"' in call.line:
+        return FOREIGN_FOLDER if error in NOTHING_THERE else UNMOVED
     return UNREAD if f'/{OLD}.xpj"' in call.line else RENAMED
 
 
@@ -103,9 +108,10 @@ def move(call, error):
 
 
 def remove(call, error):
+    if call.name == "newfstatat" and '.xpj"' in call.line and "AT_FDCWD" in call.line and error in NOTHING_THERE:
+        return FOREIGN_FILE
     survived = {
         "openat": error in ("EINTR", "EACCES"),
-        "newfstatat": f'/{OLD}.xpj"' in call.line,
         "fsync": True,
         "close": True,
     }

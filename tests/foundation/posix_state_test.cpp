@@ -133,8 +133,22 @@ TEST_F(PosixState, DescribesALinkItselfAndSurvivesAMove) {
 
 TEST_F(PosixState, IsAbsentWhereThereIsNothing) {
     EXPECT_FALSE(state("nothing"));
+    EXPECT_FALSE(state(std::string(256, 'x')));
     folder.write("cut", "x");
+    EXPECT_FALSE(state("cut/off"));
     EXPECT_FALSE(state(std::string_view("cut\0off", 7)));
+}
+
+TEST_F(PosixState, TellsWhyItCannotBeDetermined) {
+    std::filesystem::create_symlink("circle", folder / "circle");
+    try {
+        state("circle/item");
+        ADD_FAILURE() << "a state was made up";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.code().value(), ELOOP);
+        EXPECT_EQ(error.path(), folder / "circle/item");
+    }
+    EXPECT_FALSE(disk->fileExists(folder / "circle/item"));
 }
 
 TEST_F(PosixState, KeepsAMoveFromTakingTheWrongItem) {

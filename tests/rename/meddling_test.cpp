@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace tarvolt {
 namespace {
@@ -99,6 +100,59 @@ TEST_F(Meddling, StopsBeforeAnythingIsWrittenWhenTheOldFileCannotBeExamined) {
     // It can be read a moment later, but whether it is then still the same file is unknown.
     EXPECT_EQ(rename("exists", [&] { disk.fail("state", EIO); }), "Failed to read file: Song.xpj");
     EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
+}
+
+TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsGoneAndTheOldOneCannotBeExamined) {
+    disk.fail("state", EIO, 3);
+    EXPECT_EQ(rename("state /p/Song.xpj",
+                     [&, looks = 0]() mutable {
+                         if (++looks == 2) {
+                             disk.removeItem("/p/Beat.xpj", std::nullopt);
+                         }
+                     }),
+              "Failed to delete: Could not remove old .xpj: Input/output error");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat_[ProjectData]/", "/p/Song.xpj=Song_[ProjectData]"));
+}
+
+TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneCannotBeExamined) {
+    disk.fail("state", EIO, 4);
+    EXPECT_EQ(rename("nothing", [] {}), "Failed to delete: Could not remove old .xpj: Input/output error");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/",
+                                         "/p/Song.xpj=Song_[ProjectData]"));
+}
+
+TEST_F(Meddling, KeepsAnOldFileThatCannotBeExaminedBeforeItsRemoval) {
+    disk.fail("state", EIO, 3);
+    EXPECT_EQ(rename("nothing", [] {}), "Failed to delete: Could not remove old .xpj: Input/output error");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/",
+                                         "/p/Song.xpj=Song_[ProjectData]"));
+}
+
+TEST_F(Meddling, DoesNotMoveADataFolderThatCannotBeExamined) {
+    disk.fail("state", EIO, 2);
+    EXPECT_EQ(rename("nothing", [] {}), "Failed to write file: Could not rename data folder: Input/output error");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/"));
+}
+
+TEST_F(Meddling, DoesNotMoveWhatAppearsAtTheDataFoldersPathWhereNothingWas) {
+    disk.moveItem("/p/Song_[ProjectData]", "/p/away", std::nullopt);
+    EXPECT_EQ(rename("create", [&] { disk.addFolder("/p/Song_[ProjectData]"); }),
+              "Failed to write file: Could not rename data folder: Device or resource busy");
+    EXPECT_THAT(disk.disk(),
+                ElementsAre("/p/", "/p/Song.xpj=Song_[ProjectData]", "/p/Song_[ProjectData]/", "/p/away/"));
+}
+
+TEST_F(Meddling, KeepsTheNewFileWhenTheFolderHasItsNewNameAlthoughTheMoveFailed) {
+    // As on a network drive that does the move and loses the reply.
+    EXPECT_EQ(rename("move",
+                     [&, isDone = false]() mutable {
+                         if (!std::exchange(isDone, true)) {
+                             disk.moveItem("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]", std::nullopt);
+                         }
+                     }),
+              "Failed to write file: Could not rename data folder: No such file or directory");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/",
+                                         "/p/Song.xpj=Song_[ProjectData]"));
 }
 
 TEST_F(Meddling, ReportsAnOldFileThatIsGoneBeforeItsRemoval) {

@@ -162,7 +162,10 @@ std::optional<FileState> FakeFileManager::state(const std::filesystem::path& pat
     const Guard guard(mutex_);
     const int error = begin("state", path.native());
     const auto* item = find(path.native(), false);
-    return error != 0 || item == nullptr || item->sizeUnreadable ? std::nullopt : stateOf(path);
+    if (error != 0 || (item != nullptr && item->sizeUnreadable)) {
+        throw FileError(error != 0 ? error : EACCES, "stat", path);
+    }
+    return stateOf(path);
 }
 
 std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& path) const {
