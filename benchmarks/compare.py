@@ -16,6 +16,7 @@ from pathlib import Path
 
 import inputs
 import plot
+from display import display
 from measure import ROUNDS, Table, as_process, build, in_process, medians, programs, progress
 
 NAME, NEW_NAME = "Night Drive", "Dawn Patrol"
@@ -107,6 +108,35 @@ def slow_disk(table, disk):
                   {"one thread": as_process(*scan, **slow, ONE_THREAD="1")})
 
 
+def figures(program, *arguments):
+    """What a program of the window prints: a name and a value a line."""
+    output = subprocess.run([programs / program, *arguments], check=True, stdout=subprocess.PIPE,
+                            stderr=subprocess.DEVNULL, text=True).stdout
+    return {name: float(value) for name, value in map(str.split, output.splitlines())}
+
+
+def window(table, disk, screen):
+    own, usual = build / "app/tarvolt", {"krename": ["krename"], "thunar": ["thunar", disk]}
+    others = {"least": [programs / "least_window"]}
+    others.update((name, command) for name, command in usual.items() if shutil.which(name))
+    table.compare("window, first picture", "as a process", screen.first_picture(own),
+                  {name: screen.first_picture(*command) for name, command in others.items()})
+    folders = [inputs.tree(disk, projects, 5, progress) for projects in (20_000, 20)]
+    progress("window with a long list")
+    long, short = ([figures("tarvolt_window_once", folder) for _ in range(3)] for folder in folders)
+
+    def middle(runs, name):
+        return statistics.median(run[name] for run in runs)
+
+    keys = middle(long, "key"), middle(short, "key")
+    table.rows.append(["window, key to picture", "20,000 projects", f"{keys[0]:.1f} ms", "20 projects",
+                       f"{keys[1]:.1f} ms", f"{keys[0] / keys[1]:.2f}"])
+    empty, full = statistics.median(screen.peak_memory(own) for _ in range(3)), middle(long, "mebibytes")
+    table.rows.append(["window, peak memory", "20,000 projects, 10,000 log lines", f"{full:.1f} MiB",
+                       "no folder chosen", f"{empty:.1f} MiB", f"{full / empty:.2f}"])
+    table.rows.append(["window, spinner", "share of one core", f"{100 * middle(short, 'spinner'):.1f} %", "", "", ""])
+
+
 def growth(disk, memory):
     """What 1, 10 and 100 times the work cost, as multiples of the first: for each job, the program and the least."""
 
@@ -154,7 +184,8 @@ def main():
         slow_disk(table, disk)
         scans(table, disk)
         own, least = growth(disk, memory)
-        # The rows of the window come here.
+        with display() as screen:
+            window(table, disk, screen)
         progress("removing the inputs")
     grown = Table("cost of", "1x", "10x", "100x the work", "least, 100x")
     for name, costs in own.items():
