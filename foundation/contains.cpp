@@ -1,9 +1,10 @@
-#include "foundation/character_boundary.h"
 #include "foundation/icu.h"
 #include "foundation/text.h"
 
 #include <algorithm>
 #include <type_traits>
+
+#include <unicode/uchar.h>
 
 namespace tarvolt {
 
@@ -52,6 +53,19 @@ const icu::UnicodeString& foldedSearch(std::string_view search, bool turkic) {
         last = {std::string(search), turkic, folded(search, turkic)};
     }
     return last.folded;
+}
+
+/// Whether the neighbours `before` and `after`, of a decomposed text, are parts of one Hangul syllable: a leading
+/// consonant, a vowel and perhaps a trailing consonant, one of each. A second one of the same kind starts a new
+/// character.
+bool isInsideHangulSyllable(UChar32 before, UChar32 after) {
+    constexpr UChar32 firstJamo = 0x1100;
+    if (before < firstJamo) {
+        return false;
+    }
+    const auto kind = [](UChar32 character) { return u_getIntPropertyValue(character, UCHAR_HANGUL_SYLLABLE_TYPE); };
+    return (kind(before) == U_HST_LEADING_JAMO && kind(after) == U_HST_VOWEL_JAMO) ||
+           (kind(before) == U_HST_VOWEL_JAMO && kind(after) == U_HST_TRAILING_JAMO);
 }
 
 /// Whether a match that is not empty may end at `end`.

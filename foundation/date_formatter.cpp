@@ -17,8 +17,9 @@ namespace {
 std::chrono::milliseconds usersOffset(std::chrono::milliseconds sinceEpoch) {
     const std::time_t time = std::chrono::floor<std::chrono::seconds>(sinceEpoch).count();
     std::tm local{};
-    ::tzset(); // the zone may have changed since
-    return ::localtime_r(&time, &local) != nullptr ? std::chrono::seconds(local.tm_gmtoff) : std::chrono::seconds(0);
+    ::tzset();                    // the zone may have changed since
+    ::localtime_r(&time, &local); // fails only beyond the years that fit in milliseconds
+    return std::chrono::seconds(local.tm_gmtoff);
 }
 
 /// Formats are slow to make, and a log needs the same one again and again, so each thread keeps its last.

@@ -5,6 +5,7 @@
 
 #include <unicode/localebuilder.h>
 #include <unicode/localpointer.h>
+#include <unicode/uchar.h>
 #include <unicode/ures.h>
 
 namespace tarvolt {
@@ -46,6 +47,17 @@ icu::UnicodeString normalized(const icu::Normalizer2& normalizer, const icu::Uni
     icu::UnicodeString result = normalizer.normalize(text, status);
     throwIfFailed(status, "Normalizer2::normalize");
     return result;
+}
+
+bool isMark(UChar32 character) {
+    const auto isOfCategory = [](UChar32 one) { return (U_GET_GC_MASK(one) & (U_GC_MN_MASK | U_GC_ME_MASK)) != 0; };
+    if (character < 0x80) {
+        return false;
+    }
+    // A few spacing vowel signs decompose into a nonspacing one and something else.
+    icu::UnicodeString decomposition;
+    return isOfCategory(character) ||
+           (nfd().getDecomposition(character, decomposition) && isOfCategory(decomposition.char32At(0)));
 }
 
 } // namespace tarvolt

@@ -4,6 +4,7 @@
 
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
+#include <unicode/umachine.h>
 #include <unicode/unistr.h>
 
 namespace tarvolt {
@@ -22,5 +23,9 @@ const icu::Normalizer2& nfc();
 
 /// `text` normalised by `normalizer`.
 icu::UnicodeString normalized(const icu::Normalizer2& normalizer, const icu::UnicodeString& text);
+
+/// Whether `character` belongs to the one before it: it, or the first character of its canonical decomposition, is of
+/// general category Mn or Me.
+bool isMark(UChar32 character);
 
 } // namespace tarvolt

@@ -1,4 +1,3 @@
-#include "foundation/character_boundary.h"
 #include "foundation/icu.h"
 #include "foundation/text.h"
 #include "foundation/utf8.h"
