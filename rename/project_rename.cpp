@@ -52,7 +52,7 @@ template<class Act> void actOn(const FileManager& fileManager, const OwnItem& it
         act(item.seen.identity);
     } catch (const FileError& failure) {
         const auto present = failure.code().value() == EBUSY ? fileManager.state(item.where) : std::nullopt;
-        if (!present || present->identity == item.seen.identity || !isRenumbered(fileManager, item, present)) {
+        if (!isRenumbered(fileManager, item, present)) {
             throw;
         }
         act(present->identity);

@@ -423,6 +423,19 @@ TEST_F(RenameFlow, FailsForANameThatCannotBeEncoded) {
     EXPECT_EQ(disk.disk().size(), 4U);
 }
 
+TEST_F(RenameFlow, IsCoveredByTheSheetTheAlertAndTheFolderPanel) {
+    EXPECT_FALSE(view->isCovered());
+    view->beginRename(song);
+    EXPECT_TRUE(view->isCovered());
+    view->cancelRename();
+    EXPECT_FALSE(view->isCovered());
+    view->showError.set(true);
+    EXPECT_TRUE(view->isCovered());
+    view->showError.set(false);
+    view->choosesFolder.set(true);
+    EXPECT_TRUE(view->isCovered());
+}
+
 TEST_F(RenameFlow, CallsAnErrorWithoutATextUnknown) {
     view->showError.set(true);
     EXPECT_EQ(view->alertMessage(), "Unknown error");
@@ -440,6 +453,15 @@ TEST_F(ContentViewTest, TreatsARenameWithoutAFolderAsASuccess) {
     scene.mainQueue->advance(2s);
     EXPECT_FALSE(view->successProject.get().has_value());
     EXPECT_TRUE(messages(*view->scanner).empty());
+}
+
+TEST_F(RenameFlow, EndsItsScanAlsoWithoutTheState) {
+    renameTo("Beat");
+    const auto scanner = view->scanner;
+    view.reset();
+    scene.mainQueue->advance(2s);
+    scene.settle();
+    EXPECT_EQ(names(scanner->projects.get()), (Lines{"Beat", "Other"}));
 }
 
 TEST_F(RenameFlow, KeepsTheStateAliveUntilTheDelaysEnd) {

@@ -96,6 +96,12 @@ TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneHasBeenReplaced) {
                 ElementsAre("/p/", "/p/Beat.xpj=foreign", "/p/Beat_[ProjectData]/", "/p/Song.xpj=Song_[ProjectData]"));
 }
 
+TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsGone) {
+    EXPECT_EQ(rename("state /p/Beat.xpj", [&] { disk.removeItem("/p/Beat.xpj", std::nullopt); }),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat_[ProjectData]/", "/p/Song.xpj=Song_[ProjectData]"));
+}
+
 TEST_F(Meddling, StopsBeforeAnythingIsWrittenWhenTheOldFileCannotBeExamined) {
     // It can be read a moment later, but whether it is then still the same file is unknown.
     EXPECT_EQ(rename("exists", [&] { disk.fail("state", EIO); }), "Failed to read file: Song.xpj");

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +41,10 @@ protected:
                 meddle();
             }
         };
+        return rename();
+    }
+
+    std::string rename() {
         try {
             scanner->rename({"Song", "/p/Song.xpj", "/p/Song_[ProjectData]", 0, 0}, "Beat");
             return "renamed";
@@ -118,6 +124,44 @@ TEST_F(Renumbering, RollsBackWithoutRemovingAFileWhoseTextAloneDiffers) {
     EXPECT_EQ(rename("move", meddle), "Failed to write file: Could not rename data folder: File exists");
     EXPECT_EQ(disk.disk(),
               Lines({"/p/", "/p/Beat.xpj=beat_[ProjectData]", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
+}
+
+TEST_F(Renumbering, LeavesAnOldFileAloneThatCannotBeReadAgain) {
+    const auto meddle = [&] {
+        renumber();
+        disk.fail("read", EIO);
+    };
+    EXPECT_EQ(rename("state /p/Song.xpj", meddle),
+              "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], oldFile}));
+}
+
+TEST_F(Renumbering, LeavesAnOldFileAloneThatGrowsWhileItIsCompared) {
+    disk.onCall = [&, reads = 0](const std::string& line) mutable {
+        if (line.starts_with("create")) {
+            disk.renumber("/p/Song.xpj");
+        } else if (line == "read /p/Song.xpj" && ++reads == 2) {
+            disk.addFile("/p/Song.xpj", "Song_[ProjectData] and more");
+        }
+    };
+    EXPECT_EQ(rename(), "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=Song_[ProjectData] and more"}));
+}
+
+TEST_F(Renumbering, KnowsTheDataFolderAtItsNewPathAlthoughTheMoveFailed) {
+    const auto meddle = [&] {
+        disk.moveItem("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]", std::nullopt);
+        renumber();
+    };
+    EXPECT_EQ(rename("move", meddle), "Failed to write file: Could not rename data folder: No such file or directory");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], oldFile}));
+}
+
+TEST_F(Renumbering, KnowsAForeignFolderAtTheNewPathAfterAFailedMove) {
+    disk.fail("move", EIO);
+    EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Beat_[ProjectData]").fakeDate = 2; }),
+              "Failed to write file: Could not rename data folder: Input/output error");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
 }
 
 } // namespace
