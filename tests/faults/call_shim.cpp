@@ -1,6 +1,7 @@
 // Preloaded into a program by LD_PRELOAD. TARVOLT_SHIM says what it does, in words separated by commas:
 //
 //   stop             print the next call on standard error and stop until the driver continues the process
+//   no-memory=N      refuse allocation number N after the program has flushed its output, and say so on standard error
 //   short            transfer at most a few bytes in one read or write, as happens after a signal or with a full pipe
 //   no-unnamed       imitate a file system without unnamed files,
 //   no-naming        ... that cannot name unnamed files,
@@ -29,14 +30,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 namespace {
 
+/// No word is a part of another. Allocates nothing, because allocations may be counted.
 bool asked(const char* word) {
     const char* words = std::getenv("TARVOLT_SHIM");
-    return words != nullptr &&
-           ("," + std::string(words) + ",").find("," + std::string(word) + ",") != std::string::npos;
+    return words != nullptr && std::strstr(words, word) != nullptr;
 }
 
 template<class Call> Call real(const char* name) {
@@ -58,6 +58,7 @@ size_t carried(size_t count) {
 }
 
 struct stat lastWritten {};
+long allocationsLeft = 0; // until one is refused; 0 when none is
 
 int refuse(int error) {
     errno = error;
@@ -67,6 +68,22 @@ int refuse(int error) {
 } // namespace
 
 extern "C" {
+
+void* __libc_malloc(size_t size); // NOLINT(bugprone-reserved-identifier): the name is the C library's
+
+void* malloc(size_t size) {
+    if (allocationsLeft > 0 && --allocationsLeft == 0) {
+        dprintf(STDERR_FILENO, "refused\n");
+        return nullptr;
+    }
+    return __libc_malloc(size);
+}
+
+int fflush(FILE* file) {
+    const char* word = std::strstr(std::getenv("TARVOLT_SHIM"), "no-memory=");
+    allocationsLeft = word != nullptr ? std::atol(std::strchr(word, '=') + 1) : 0;
+    return real<int (*)(FILE*)>("fflush")(file);
+}
 
 ssize_t read(int file, void* bytes, size_t count) {
     before("read");

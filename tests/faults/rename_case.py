@@ -115,11 +115,12 @@ class Run:
         if self.calls and self.process.returncode is None:
             while self.next_call() is not None:
                 pass
-        output, errors = self.process.communicate()
+        output, errors = (text.decode() for text in self.process.communicate())
         hang.cancel()
         if self.process.returncode != 0:
-            raise SystemExit(f"the rename program ended with {self.process.returncode}: {errors.decode()}")
-        return output.decode().removeprefix("begin\n").strip()
+            raise SystemExit(f"the rename program ended with {self.process.returncode}: {errors}")
+        self.errors = errors
+        return output.removeprefix("begin\n").strip()
 
 
 class Folder:
