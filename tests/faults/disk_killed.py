@@ -18,12 +18,13 @@ from processes import Unavailable
 from rename_case import DATA, NEW, OLD, Run, clean_state, fill, verdict
 from traced import SKIPPED
 
+UNMOVED = "Failed to write file: Could not rename data folder: "
 # The states that each message allows.
 ALLOWED = {
     "renamed": [4],
     f"Failed to read file: {OLD}.xpj": [1],
     f"Failed to write file: {NEW}.xpj": [1, 2],
-    "Failed to write file: Could not rename data folder: ": [1, 2],
+    UNMOVED: [1, 2],
     "Failed to delete: Could not remove old .xpj: ": [3, 4],
 }
 KNOWN = ["Bystander.xpj", *(name + suffix for name in (OLD, NEW) for suffix in (".xpj", DATA))]
@@ -31,13 +32,13 @@ KNOWN = ["Bystander.xpj", *(name + suffix for name in (OLD, NEW) for suffix in (
 HIDDEN = (".tarvolt-", ".fuse_hidden")
 
 
-def fitting(message, state, items):
+def fitting(message, state, items, allowed=ALLOWED):
     """What is wrong with a folder of these items in this state after this message."""
-    allowed = [states for start, states in ALLOWED.items() if message.startswith(start)]
+    states = [states for start, states in allowed.items() if message.startswith(start)]
     odd = [item for item in items if item not in KNOWN and not item.startswith(HIDDEN)]
     if not isinstance(state, int):
         return [state]
-    return ([f"{message} in state {state}"] if not allowed or state not in allowed[0] else []) + (
+    return ([f"{message} in state {state}"] if not states or state not in states[0] else []) + (
         [f"{odd} is left"] if odd else [])
 
 
