@@ -96,11 +96,15 @@ def create(call, error):
     return RENAMED if survived.get(call.name, False) else UNWRITTEN
 
 
+# An item that is busy is looked at again, for it may have got another number, and tried once more.
+
+
 def move(call, error):
     survived = {
-        "openat": error in ("EINTR", "EACCES"),
+        "openat": error in ("EINTR", "EACCES", "EBUSY"),
         "newfstatat": call.decides and error == "ENOENT",
-        "renameat2": error in NO_SUCH_THING,
+        "renameat2": error in NO_SUCH_THING or error == "EBUSY",
+        "renameat": error == "EBUSY",
         "fsync": True,
         "close": True,
     }
@@ -111,7 +115,8 @@ def remove(call, error):
     if call.name == "newfstatat" and '.xpj"' in call.line and "AT_FDCWD" in call.line and error in NOTHING_THERE:
         return FOREIGN_FILE
     survived = {
-        "openat": error in ("EINTR", "EACCES"),
+        "openat": error in ("EINTR", "EACCES", "EBUSY"),
+        "unlinkat": error == "EBUSY",
         "fsync": True,
         "close": True,
     }
