@@ -89,7 +89,7 @@ std::size_t halfOfMemory() {
     // If the answer is -1, for unknown, the product is larger than any file, too.
     return static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 #else
-    return std::numeric_limits<std::size_t>::max();
+    return std::numeric_limits<std::size_t>::max() / 2;
 #endif
 }
 
