@@ -36,7 +36,7 @@ ListView {
 
     T.ScrollBar.vertical: ScrollThumb {
         area: root
-        gap: Math.round((Theme.edge - width) / 2)
+        gap: Theme.hairline + Math.round((Theme.edge - width) / 2)
     }
 
     Connections {

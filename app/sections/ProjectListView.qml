@@ -76,8 +76,10 @@ FocusScope {
     }
 
     BoxItem {
+        id: card
         objectName: "listCard"
         anchors.fill: list
+        anchors.margins: -borderWidth // The rows scroll inside the border.
         radius: Theme.cardRadius
         color: Theme.card
         borderWidth: Theme.hairline
@@ -87,20 +89,20 @@ FocusScope {
 
     ProjectList {
         id: list
-        x: Theme.edge
-        y: root.cardTop
-        width: parent.width - 2 * Theme.edge
-        height: Math.min(contentHeight, parent.height - y - Theme.edge)
+        x: Theme.edge + card.borderWidth
+        y: root.cardTop + card.borderWidth
+        width: parent.width - 2 * x
+        height: Math.min(contentHeight, parent.height - y - x)
         focus: true
         projects: root.view.projects
     }
 
     // The focus is on the list itself, for longer than a scan takes.
     Item {
-        x: list.x
-        y: list.y
-        width: list.width
-        height: list.count > 0 ? list.height : root.height - y - Theme.edge
+        x: card.x
+        y: card.y
+        width: card.width
+        height: list.count > 0 ? card.height : root.height - y - Theme.edge
         visible: list.activeFocus && list.currentItem === null && list.ringed && !root.view.scanning
 
         FocusRing {

@@ -229,7 +229,7 @@ TEST_F(MeasureControlsTest, AScrollThumbShowsOnlyIfThereIsSomethingToScroll) {
     w.settle();
     ASSERT_EQ(w.findAll("scrollThumb").size(), 1U);
     const QRectF card = w.box("listCard");
-    EXPECT_EQ(w.box("scrollThumb"), QRectF(card.right() + 3, card.top(), 6, card.height())) << "in the gutter";
+    EXPECT_EQ(w.box("scrollThumb"), QRectF(card.right() + 3, card.top() + 1, 6, card.height() - 2)) << "in the gutter";
     for (int i = 0; i < 60; ++i) {
         w.view->scanner->log("line", false);
     }

@@ -138,11 +138,29 @@ TEST_F(MeasureListTest, TheRenamedRowTurnsGreenAndBack) {
     EXPECT_EQ(inRow(1, "rowSymbol")->property("colour").value<QColor>(), QColor("#D75600"));
 }
 
+TEST_F(MeasureListTest, TheEdgeOfTheCardIsWholeWhereverTheListIsScrolled) {
+    w.addProjects(40);
+    w.choose();
+    QQuickItem* const list = w.find("projectList");
+    const double row = w.box("projectRow").height();
+    const QRect card = w.box("listCard").toRect();
+    // The line of a row ends at the lower edge; a button crosses the upper one.
+    for (const double place : {20 * row - list->height(), 20.5 * row}) {
+        list->setProperty("contentY", place);
+        const QImage picture = w.window->grabWindow();
+        for (const int y : {card.top(), card.bottom()}) {
+            for (int x = card.left() + 10; x < card.right() - 10; ++x) {
+                ASSERT_EQ(picture.pixel(x, y), picture.pixel(card.left() + 10, y)) << place << ": " << x << ", " << y;
+            }
+        }
+    }
+}
+
 TEST_F(MeasureListTest, TheCardFitsAShortListAndScrollsALongOne) {
     w.addProjects(3);
     w.choose();
     const double row = w.box("projectRow").height();
-    EXPECT_EQ(w.box("listCard").height(), 3 * row);
+    EXPECT_EQ(w.box("listCard").height(), 3 * row + 2) << "the rows and the border";
     EXPECT_EQ(w.box("listCard").left(), 12);
     EXPECT_EQ(w.box("listCard").right(), w.box("projectListView").right() - 12);
     w.addProjects(40);
