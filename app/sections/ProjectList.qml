@@ -59,7 +59,8 @@ ListView {
         required property int index
 
         width: ListView.view.width
-        last: index === root.count - 1
+        // A line at the list's end would thicken the border below it.
+        last: index === root.count - 1 || Math.abs(y + height - root.contentY - root.height) < 1
         onRenamePressed: root.projects.beginRename(index)
         onActiveFocusChanged: {
             if (activeFocus) {
