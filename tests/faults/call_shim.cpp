@@ -69,7 +69,7 @@ int refuse(int error) {
 
 extern "C" {
 
-void* __libc_malloc(size_t size); // NOLINT(bugprone-reserved-identifier): the name is the C library's
+void* __libc_malloc(size_t size); // NOLINT(*-identifier*): the name is the C library's
 
 void* malloc(size_t size) {
     if (allocationsLeft > 0 && --allocationsLeft == 0) {
