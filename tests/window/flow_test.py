@@ -36,6 +36,7 @@ class Flow(case.WindowTest):
 
     def testSaysInTheLogWhyAFolderCouldNotBeListed(self):
         self.choose(self.folder)
+        self.scans(1)
         self.folder.rename(self.desktop.home / "Moved")
         self.program.find("button", "Rescan").click()
         self.program.find("label", "No MPC Projects Found")
