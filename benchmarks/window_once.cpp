@@ -138,6 +138,7 @@ int main(int argc, char** argv) {
     runFor(500);
     const double resting = processorShare();
     view->scanner->isScanning.set(true);
+    view->scanner->projects.set({}); // as a scan does
     runFor(500);
     print("spinner", processorShare() - resting);
     std::_Exit(EXIT_SUCCESS);
