@@ -99,17 +99,23 @@ bool hasMovedAnyway(const FileManager& fileManager, const OwnItem& folder, const
     return there && (there->identity == folder.seen.identity || folder.seen.isRenumbered(*there));
 }
 
+/// Removes the new file again after the failed move, unless the folder has moved all the same.
+void rollBack(FileManager& fileManager, const OwnItem& folder, const path& to, const OwnItem& newFile,
+              const std::exception& moveFailure) {
+    try {
+        if (!hasMovedAnyway(fileManager, folder, to, moveFailure)) {
+            actOn(fileManager, newFile, [&](auto identity) { fileManager.removeItem(newFile.where, identity); });
+        }
+    } catch (const std::exception&) {
+        // The message is about the failed move. The old project is whole, with or without the new file beside it.
+    }
+}
+
 void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path& to, const OwnItem& newFile) {
     try {
         actOn(fileManager, folder, [&](auto identity) { fileManager.moveItem(folder.where, to, identity); });
     } catch (const std::exception& moveFailure) {
-        try {
-            if (!hasMovedAnyway(fileManager, folder, to, moveFailure)) {
-                actOn(fileManager, newFile, [&](auto identity) { fileManager.removeItem(newFile.where, identity); });
-            }
-        } catch (const std::exception&) {
-            // The message is about the failed move. The old project is whole, with or without the new file beside it.
-        }
+        rollBack(fileManager, folder, to, newFile, moveFailure);
         throw moveFailed(moveFailure);
     }
 }
