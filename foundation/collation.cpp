@@ -2,7 +2,11 @@
 #include "foundation/text.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
 #include <memory>
+#include <memory_resource>
 #include <utility>
 
 #include <unicode/coll.h>
@@ -26,18 +30,18 @@ std::unique_ptr<icu::Collator> caseInsensitiveCollator(std::string_view locale) 
     return collator;
 }
 
-/// Appends to `keys` bytes that compare as `text` does.
-void appendSortKey(std::string& keys, const icu::Collator& collator, std::string_view text) {
+/// Bytes that compare as `text` does. They live as long as `keys`.
+std::string_view sortKey(std::pmr::memory_resource& keys, const icu::Collator& collator, std::string_view text) {
     const icu::UnicodeString units = icu::UnicodeString::fromUTF8(text);
-    const std::size_t start = keys.size();
-    std::size_t size = 4 * text.size() + 16;
-    for (std::size_t room = 0; room < size;) {
-        room = size;
-        keys.resize(start + room);
-        size = static_cast<std::size_t>(collator.getSortKey(units, reinterpret_cast<std::uint8_t*>(keys.data() + start),
-                                                            static_cast<std::int32_t>(room)));
+    std::array<std::uint8_t, 256> usual; // longer keys are rare and made twice
+    const std::int32_t size = collator.getSortKey(units, usual.data(), usual.size());
+    auto* const key = static_cast<std::uint8_t*>(keys.allocate(static_cast<std::size_t>(size), 1));
+    if (size <= std::ssize(usual)) {
+        std::copy_n(usual.data(), size, key);
+    } else {
+        collator.getSortKey(units, key, size);
     }
-    keys.resize(start + size);
+    return {reinterpret_cast<const char*>(key), static_cast<std::size_t>(size)};
 }
 
 } // namespace
@@ -45,17 +49,11 @@ void appendSortKey(std::string& keys, const icu::Collator& collator, std::string
 std::vector<std::size_t> localizedCaseInsensitiveCompareOrder(const std::vector<std::string_view>& names,
                                                               std::string_view locale) {
     const auto collator = caseInsensitiveCollator(locale);
-    std::string keys; // back to back, because keys that lie close together sort faster
-    std::vector<std::size_t> ends;
-    for (const std::string_view name : names) {
-        appendSortKey(keys, *collator, name);
-        ends.push_back(keys.size());
-    }
+    std::pmr::monotonic_buffer_resource keys; // back to back, because keys that lie close together sort faster
     std::vector<std::pair<std::string_view, std::size_t>> sorted;
-    std::size_t start = 0;
-    for (const std::size_t end : ends) {
-        sorted.emplace_back(std::string_view(keys).substr(start, end - start), sorted.size());
-        start = end;
+    sorted.reserve(names.size());
+    for (const std::string_view name : names) {
+        sorted.emplace_back(sortKey(keys, *collator, name), sorted.size());
     }
     std::ranges::sort(sorted); // equal keys by index, which keeps their order
     std::vector<std::size_t> order;
