@@ -4,9 +4,9 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// The window: header, line, and below them one of three areas; over them the rename sheet, the failure alert and what
-// stands before the window while the folder panel is open.
-// An application window gives the focus back to where it was in here when one of these closes.
+// The window: header, line, and one of three areas below them. The rename sheet, the failure alert and the cover for
+// the time that the folder panel is open come on top. When one of these closes, an application window gives the focus
+// back to the item that had it.
 T.ApplicationWindow {
     id: root
 
@@ -20,16 +20,16 @@ T.ApplicationWindow {
     minimumHeight: 500
     title: Qt.application.name
     color: Theme.window
-    // What the toolkit's folder panel selects in and draws its edges in.
+    // The toolkit's folder panel takes the colours of its selection and its edges from here.
     palette.highlight: Theme.prominent
     palette.highlightedText: Theme.prominentLabel
     palette.mid: Theme.fieldBorder
     visible: true
-    // Whatever gives the focus: a sheet that closes, a button that is enabled again, another window left.
+    // However the focus comes: a sheet closes, a button is enabled again, the user returns from another window.
     onActiveFocusItemChanged: {
         const control = activeFocusItem as T.Control;
         if (control && root.presses.goesByKeys())
-            control.focusReason = Qt.TabFocusReason; // The toolkit's word for a focus that shows.
+            control.focusReason = Qt.TabFocusReason; // With this reason the toolkit shows the focus.
     }
 
     HeaderView {
@@ -53,8 +53,8 @@ T.ApplicationWindow {
         view: root.view
     }
 
-    // Assistive technology reads a notification out when it appears. Each one is a new item, so that one which is
-    // replaced before it was read disappears.
+    // Assistive technology reads a notification out when it appears. Each one is a new item, so that a notification
+    // that is replaced before it has been read disappears.
     Repeater {
         id: news
         delegate: Item {
@@ -109,7 +109,7 @@ T.ApplicationWindow {
         }
     }
 
-    // Shown only to someone who stays in this window: the panel has not opened, or is hidden behind other windows.
+    // Shown only if the user stays in this window: the panel has not opened, or is hidden behind other windows.
     OnDemand {
         id: wait
         needed: lostPanel.late
@@ -126,8 +126,8 @@ T.ApplicationWindow {
     Timer {
         id: lostPanel
         property bool late: false
-        interval: 2000 // a portal that has yet to be started included
-        // A window counts as active also while the toolkit's panel, its transient child, has the focus.
+        interval: 2000 // enough for a portal that has yet to start
+        // A window still counts as active while the toolkit's panel, its transient child, has the focus.
         running: root.view.panelOpen && root.activeFocusItem !== null
         repeat: true
         onTriggered: late = true

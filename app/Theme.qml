@@ -4,11 +4,11 @@ import QtQuick
 import Tarvolt
 
 // The window's colours by role and its text styles, from the platform's palette and fonts, and the sizes and times that
-// more than one place needs; one that only one place needs stands there. A role that is drawn at an opacity ("secondary
-// at six tenths") is a colour of its own, strong enough to be read once it has been dimmed; who draws it sets that
-// opacity. Texts and icons are moved towards black or white until they can be read on the toughest surface they stand
-// on, so soft and mid-grey palettes work as well. Black and white themselves are too weak at six tenths on a window
-// between #404040 and #BFBFBF; they are then what is used.
+// more than one place needs; one that only one place needs is kept there. A role that is drawn at an opacity
+// ("secondary at six tenths") is a colour of its own, strong enough to be read when it is dimmed; the item that draws
+// it sets the opacity. Texts and icons are moved towards black or white until they can be read on the most difficult
+// surface under them, so soft and mid-grey palettes work as well. At six tenths, on a window between #404040 and
+// #BFBFBF, even black and white are too weak; they are used all the same.
 PlatformStyle {
     id: root
 
@@ -26,7 +26,7 @@ PlatformStyle {
     readonly property real oldNameOpacity: 0.7
     readonly property real noteOpacity: 0.8
 
-    // Surfaces, the last three as they look on what is below them.
+    // Surfaces; the last three as they look on the surface below them.
     readonly property color card: dark ? Ink.mixed(window, text, 0.045) : base
     readonly property color sheet: dark ? Ink.mixed(window, text, 0.04) : Ink.mixed(window, base, 0.55)
     readonly property color quaternary: Qt.alpha(text, dark ? 0.14 : 0.11)
@@ -119,7 +119,7 @@ PlatformStyle {
     readonly property int captionSymbol: symbolBox(captionPixels)
     readonly property int caption2Symbol: symbolBox(monoCaption2.pointSize * pixelsPerPoint)
 
-    // The edge that most things keep, and the sizes of parts that more than one thing has.
+    // The usual distance from an edge, and sizes that several things share.
     readonly property int edge: 12
     readonly property int cardRadius: 10
     readonly property int rowLineSpacing: 3

@@ -10,7 +10,7 @@
 
 namespace tarvolt {
 
-/// What stands under the header.
+/// What is shown under the header.
 enum class ContentArea { folderPicker, emptyState, projectList };
 
 /// The state of the main view and what follows from it, without a toolkit. Main thread only. Nothing of it is saved.
@@ -33,7 +33,7 @@ public:
     Published<bool> choosesFolder;                        ///< the folder panel is open
     Published<std::optional<std::string>> listedName; ///< the last rename's new name, once its own scan is published
 
-    /// The projects to list: all of them for an empty search text, else those whose name holds it, in their order.
+    /// The projects to list: all of them for an empty search text, else those whose name contains it, in their order.
     std::vector<MPCProject> filteredProjects() const;
 
     ContentArea contentArea() const;
@@ -41,10 +41,10 @@ public:
     /// Whether the sheet, the alert or the folder panel is open. Nothing behind it can be pressed then.
     bool isCovered() const;
 
-    /// From six projects on; the search text has no part in it.
+    /// From six projects on, whatever the search text.
     bool showsSearchBar() const;
 
-    /// While `newName` is neither empty nor the project's own name; decides on the preview and on the Rename button.
+    /// Whether the preview is shown and the Rename button enabled: `newName` is neither empty nor the project's own.
     bool offersRename(const MPCProject& project) const;
 
     /// The alert's message: `errorMessage`, or "Unknown error" without one.

@@ -51,13 +51,13 @@ struct FileState {
     std::int64_t modifiedNanoseconds = 0; ///< the rest of that time
     std::uint64_t changed = 0;            ///< stands for the moment at which anything about the item last changed
 
-    /// Different when the item has been replaced or written to, but not when only something about it has changed.
+    /// Unequal when the item has been replaced or written to, but not when only its other attributes have changed.
     friend bool operator==(const FileState& one, const FileState& other) {
         return one.identity == other.identity && one.size == other.size && one.modified == other.modified &&
                one.modifiedNanoseconds == other.modifiedNanoseconds;
     }
 
-    /// Whether nothing but the number tells them apart. User-space file systems number an item anew when the system has
+    /// Whether only the number has changed. User-space file systems may number an item anew once the system has
     /// forgotten it.
     bool isRenumbered(FileState later) const {
         later.identity.inode = identity.inode;

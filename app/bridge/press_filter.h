@@ -20,14 +20,14 @@ class PressFilter final : public QObject {
 public:
     explicit PressFilter(QObject* parent = nullptr);
 
-    /// Whether what was pressed last in a Quick window was a key.
+    /// Whether the last press in a Quick window was a key, not a mouse button.
     Q_INVOKABLE bool goesByKeys() const { return goesByKeys_; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     int releasedKey_ = 0;
-    quint64 releasedAt_ = 0;    ///< milliseconds, of the display's own clock where a key has its time
+    quint64 releasedAt_ = 0;    ///< milliseconds, by the display's clock if the key has a time
     QPointer<QObject> typesIn_; ///< the text field that Space was pressed in
     bool goesByKeys_ = false;
 };

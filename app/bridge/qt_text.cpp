@@ -25,8 +25,8 @@ QString onOneLine(QString text) {
     return text;
 }
 
-// A surrogate without its partner is kept as three bytes, which are no UTF-8, so that nobody further on takes it for
-// another character.
+// A surrogate without its partner is kept as three bytes that are not UTF-8, so that nothing takes it for another
+// character later.
 
 constexpr std::size_t surrogateLength = 3;
 

@@ -32,7 +32,7 @@ constexpr int panelWidth = 40;
 constexpr int panelHeight = 28;
 constexpr int placesWidth = 10;
 
-// A second press of the key that opened the panel comes within so many milliseconds.
+// A second press of the key that opened the panel comes within this many milliseconds.
 constexpr int impatience = 600;
 
 // The panel's empty row, under the field and beside the buttons.
@@ -188,7 +188,7 @@ void ToolkitPanel::colour(QWindow* window) {
     const QString edge = QStringLiteral("QAbstractItemView { border: 1px solid %1 }").arg(ofWindow("mid").name());
     for (QAbstractItemView* list : lists_) {
         list->setPalette(colours);
-        list->setStyleSheet(list == lookIn_->view() ? QString() : edge); // That one stands in a frame.
+        list->setStyleSheet(list == lookIn_->view() ? QString() : edge); // That one has a frame.
     }
 }
 

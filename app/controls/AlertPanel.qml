@@ -3,8 +3,8 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Tarvolt
 
-// Tells of something that has to be answered with its one button, or Escape, before the window goes on. A message that
-// is too long for the window scrolls.
+// A message that has to be dismissed, with its one button or Escape, before the window can be used again. It scrolls if
+// it is too long for the window.
 ModalPanel {
     id: root
 
@@ -36,7 +36,7 @@ ModalPanel {
         }
     }
 
-    // It may be made at once, which the names in it ask for.
+    // The ids in it require that it be made at once, which is no loss here.
     contentItem: FocusScope { // qmllint disable deferred-property-id
         id: form
         objectName: "alertForm"

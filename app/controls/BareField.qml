@@ -4,28 +4,27 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// A single-line text field without a frame. Its menu comes by the right mouse button, the menu key and Shift+F10.
+// A single-line text field without a frame. The right mouse button, the menu key and Shift+F10 open its menu.
 T.TextField {
     id: root
 
     property string spokenText: ""
-    // Its menu takes the focus only for as long as it is open.
+    // While the menu is open, it has the focus.
     readonly property bool inUse: activeFocus || menu.visible
 
     color: Theme.primary
     selectionColor: Theme.selection
     selectedTextColor: Theme.primary
     selectByMouse: true
-    // As all texts here, in every script.
+    // Like all texts in the window, in every script.
     horizontalAlignment: TextInput.AlignLeft
     renderType: Text.NativeRendering
     Accessible.editable: true
-    // Qt 6.4 hands out the text in runs of no length, which a screen reader says nothing for.
+    // Qt 6.4 hands out the text in runs of length zero, for which a screen reader says nothing.
     Accessible.description: spokenText
     onActiveFocusChanged: spokenText = activeFocus ? text : ""
 
-    // The blinking line where typing goes, half of it before that place and half behind; it stands still while the text
-    // is being changed.
+    // The caret, centred on the place where typing goes. It blinks, but not while the text is being changed.
     cursorDelegate: BoxItem {
         id: caret
 
@@ -77,7 +76,7 @@ T.TextField {
     }
 
     function showMenuAtCaret(): void {
-        // Clear of the frame, which stands around the search field at some distance.
+        // Clear of the frame, which is some distance from the search field.
         menu.popupByKey(root.cursorRectangle.x, root.height + 12);
     }
 

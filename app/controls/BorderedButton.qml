@@ -1,7 +1,7 @@
 import QtQuick
 import Tarvolt
 
-// The platform's usual button: a raised face with a thin border. Small ones stand in rows; with a symbol it has no
+// The platform's usual button: a raised face with a thin border. Small ones are for rows. A button with a symbol has no
 // text.
 PressButton {
     property bool small: false

@@ -9,7 +9,7 @@ T.Menu {
     id: root
 
     required property T.TextField field
-    // Opened by a key, it keeps its highlighted item also where the mouse happens to rest over another.
+    // A menu opened by a key keeps its highlighted item even if the mouse happens to rest over another.
     property bool hovers: true
 
     implicitWidth: Math.round(11 * Theme.bodyPixels)
@@ -17,7 +17,7 @@ T.Menu {
     padding: 4
     margins: padding
 
-    // What assistive technology calls it.
+    // Its name for assistive technology.
     Component.onCompleted: contentItem.parent.Accessible.name = qsTr("Edit")
 
     function popupByMouse(x: real, y: real): void {
@@ -64,7 +64,7 @@ T.Menu {
         font: Theme.body
         hoverEnabled: root.hovers
         Accessible.name: text
-        // Qt 6.4 tells assistive technology nothing of a disabled state.
+        // Qt 6.4 does not tell assistive technology that a control is disabled.
         Accessible.description: enabled ? "" : qsTr("Not available now")
         Accessible.onPressAction: item.choose()
         Keys.onReturnPressed: item.choose()

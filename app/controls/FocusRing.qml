@@ -1,7 +1,7 @@
 import QtQuick
 import Tarvolt
 
-// Goes around what has the keyboard focus.
+// Surrounds the item that has the keyboard focus.
 BoxItem {
     required property real innerRadius
     property real gap: 2

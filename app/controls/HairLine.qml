@@ -1,7 +1,7 @@
 import QtQuick
 import Tarvolt
 
-// A thin line, horizontal unless it is told otherwise.
+// A thin line, horizontal by default.
 BoxItem {
     implicitHeight: Theme.hairline
     color: Theme.line

@@ -2,9 +2,9 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// A panel that stands over the window and takes all its input until the program's state closes it. Its title is what
-// assistive technology calls it. Its components are not bound, because the toolkit makes the scrim in a context of its
-// own, which bound components refuse.
+// A panel over the window that takes all its input until the program's state closes the panel. Its title is its name
+// for assistive technology. Its components are not bound, because the toolkit makes the scrim in a context of its own,
+// which bound components refuse.
 T.Dialog {
     id: root
 
@@ -21,7 +21,7 @@ T.Dialog {
     focus: true
     closePolicy: T.Popup.NoAutoClose
 
-    // The linter does not know what is in sight of an attached component.
+    // The linter does not know the scope of an attached component.
     T.Overlay.modal: Rectangle {
         objectName: "scrim"
         color: root.scrim // qmllint disable unqualified

@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// What every button is and does: a face with a symbol, a text, or both on it, pressed by mouse, Space, Return, keypad
-// Enter and assistive technology, once a press.
+// What all buttons share: a face with a symbol, a text or both, pressed by mouse, Space, Return, keypad Enter and
+// assistive technology. A press counts once, however long it is held.
 T.AbstractButton {
     id: root
 
@@ -24,14 +24,14 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: spokenName
-    // Qt 6.4 tells assistive technology nothing of a disabled state.
+    // Qt 6.4 does not tell assistive technology that a control is disabled.
     Accessible.description: enabled ? spokenDetails : qsTr("Not available now")
-    // The toolkit's button would act when Space is released, which a held key on X11 seems to be again and again.
+    // The toolkit's button acts when Space is released, and on X11 a held key seems to be released again and again.
     Keys.onSpacePressed: root.press()
     Keys.onReturnPressed: root.press()
     Keys.onEnterPressed: root.press()
 
-    // The press of assistive technology, called by this name.
+    // The press action of assistive technology. The toolkit finds it by this name.
     function accessiblePressAction(): void {
         root.press();
     }
@@ -41,7 +41,7 @@ T.AbstractButton {
             root.clicked();
     }
 
-    // No button has another content, so that it may be made at once, which the names in it ask for.
+    // The ids in it require that it be made at once, which is no loss because no button replaces it.
     contentItem: Item { // qmllint disable deferred-property-id
         implicitWidth: row.implicitWidth
         implicitHeight: label.implicitHeight
@@ -65,7 +65,7 @@ T.AbstractButton {
                 id: label
                 objectName: "buttonText"
                 anchors.verticalCenter: parent.verticalCenter
-                width: Math.ceil(implicitWidth) // With a fraction it would be centred a pixel too far to the right.
+                width: Math.ceil(implicitWidth) // A fraction would put it a pixel too far to the right.
                 visible: text !== ""
                 text: root.text
                 font: root.font

@@ -1,7 +1,7 @@
 import QtQuick
 import Tarvolt
 
-// The one main action of a view: filled with the tint. Large ones carry a symbol beside their text.
+// The main action of a view, filled with the tint. Large ones have a symbol beside their text.
 PressButton {
     property bool large: false
 

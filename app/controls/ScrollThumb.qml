@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvolt
 
-// The thumb of a scrolling area, there only while something is out of sight, and the keys that scroll the area.
+// The thumb of a scrolling area, shown only while something is out of sight, and the keys that scroll the area.
 T.ScrollBar {
     id: root
 

@@ -8,7 +8,7 @@ Item {
     signal moved(distance: real)
 
     required property real logWidth
-    // What assistive technology reads of a slider, the only kind of item for which Qt Quick tells a value.
+    // Assistive technology reads these of a slider, the only kind of item for which Qt Quick reports a value.
     readonly property real value: logWidth
     required property real minimumValue
     required property real maximumValue
@@ -17,7 +17,7 @@ Item {
 
     objectName: "splitHandle"
     width: Theme.hairline
-    // Assistive technology is told this size where the other is less than one.
+    // Assistive technology is told this size where the real one is less than one.
     implicitWidth: 1
     implicitHeight: height
     activeFocusOnTab: true

@@ -1,8 +1,8 @@
 import QtQuick
 import Tarvolt
 
-// A text as it stands, never taken for markup, on the left in whatever script it is. Read out unless it is part of
-// something that speaks for it.
+// A plain text, never taken for markup and left-aligned in every script. Read out unless it is part of something that
+// speaks for it.
 Text {
     property bool silent: false
 

@@ -20,7 +20,7 @@ public:
     /// The contrast ratio of two colours, 1 to 21, as WCAG 2 defines it.
     static double contrastRatio(const QColor& a, const QColor& b);
 
-    /// `from`, and so large a share of the way to `to`.
+    /// The colour that is this share of the way from `from` to `to`.
     Q_INVOKABLE static QColor mixed(const QColor& from, const QColor& to, double share);
 
     /// How `colour`, at its alpha times `opacity`, looks on `background`.

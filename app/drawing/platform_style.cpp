@@ -21,7 +21,7 @@ double systemPoints() {
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() / PlatformStyle::pixelsPerPoint();
 }
 
-/// Whether what `unit` looks like, or where it stands, depends on its neighbours.
+/// Whether the look or the place of `unit` depends on its neighbours.
 bool needsShaping(QChar unit) {
     switch (unit.script()) {
     case QChar::Script_Common:

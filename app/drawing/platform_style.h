@@ -14,7 +14,7 @@ class PlatformStyle : public QObject {
     Q_PROPERTY(QFont systemFont READ systemFont NOTIFY settingsChanged)
     Q_PROPERTY(QFont fixedFont READ fixedFont NOTIFY settingsChanged)
     Q_PROPERTY(double pixelsPerPoint READ pixelsPerPoint NOTIFY settingsChanged)
-    /// How thick a thin line is: as many whole device pixels as one takes, at least one.
+    /// The thickness of a thin line: 1, rounded down to whole device pixels, but at least one of these.
     Q_PROPERTY(double hairline READ hairline NOTIFY settingsChanged)
     /// Whether the system asks for as little movement as possible. Read again whenever the system font changes.
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY settingsChanged)

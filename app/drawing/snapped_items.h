@@ -11,8 +11,8 @@
 namespace tarvolt {
 
 /// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, also at a scale of one
-/// and a half. Items that end at the same place, one above the other or side by side, end at the same pixel; only what
-/// is small keeps its size whatever its place. The items below name this class in full as their base, because the type
+/// and a half. Items that end at the same place, one above the other or side by side, end at the same pixel; only small
+/// items keep their size wherever they are. The items below name this class in full as their base, because the type
 /// registrar of Qt 6.4 looks it up by exactly these words.
 class SnappedItem : public QQuickItem {
     Q_OBJECT
@@ -68,7 +68,7 @@ private:
     QColor borderColor_ = Qt::transparent;
 };
 
-/// A symbol drawn in one colour for exactly the device pixels it covers, nothing where there is none of that name.
+/// A symbol drawn in one colour for exactly the device pixels it covers. An unknown name draws nothing.
 class SymbolItem : public tarvolt::SnappedItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(Symbol)

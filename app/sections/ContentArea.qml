@@ -3,24 +3,24 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// What stands under the header: the folder picker, the empty state, or the list beside the log.
+// The area under the header: the folder picker, the empty state, or the list beside the log.
 FocusScope {
     id: root
 
     required property WindowBridge view
     readonly property int shown: view.area
-    // None while another window is in front; it comes back to the same item, shown or not.
+    // None while another window is in front. The focus then returns to the same item, shown or not.
     readonly property Item focusItem: Window.activeFocusItem
 
     objectName: "contentArea"
-    // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
+    // The linter of Qt 6.4 does not know that callLater is a function and has no name for this warning.
     onShownChanged: {
         appear.restart();
         Qt.callLater(root.keepFocusInSight); // qmllint disable
     }
     onFocusItemChanged: Qt.callLater(root.keepFocusInSight) // qmllint disable
 
-    // Tab leads nowhere from what has been hidden. Keyboard users are moved to what is shown instead.
+    // Tab leads nowhere from a hidden item, so keyboard users are moved to the new view.
     function keepFocusInSight(): void {
         const showsSplit = root.shown === WindowBridge.ProjectList;
         if (!root.focusItem || root.focusItem.visible || (showsSplit && split.activeFocus))

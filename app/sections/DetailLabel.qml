@@ -11,7 +11,7 @@ Row {
 
     objectName: "detailLabel"
     spacing: 4
-    rightPadding: 12 - Theme.rowLineSpacing // Beside each other they stand 12 apart.
+    rightPadding: 12 - Theme.rowLineSpacing // Labels side by side are 12 apart.
 
     Symbol {
         objectName: "detailSymbol"

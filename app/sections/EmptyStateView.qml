@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tarvolt
 
-// What stands under the header when a scan has found no project.
+// The area under the header when a scan has found no project.
 ColumnLayout {
     id: root
 

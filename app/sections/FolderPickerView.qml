@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tarvolt
 
-// What stands under the header before a folder has been chosen.
+// The area under the header before a folder has been chosen.
 ColumnLayout {
     id: root
 

@@ -17,7 +17,7 @@ Item {
 
     FocusRing {
         objectName: "logFocus"
-        // Away from the list's edge, which may lie between pixels and cut off what is there.
+        // Clear of the list's edge, which may lie between pixels and would then cut the ring.
         anchors.topMargin: Theme.hairline
         anchors.bottomMargin: Theme.hairline
         anchors.leftMargin: 4

@@ -65,7 +65,7 @@ FocusScope {
         highlightFollowsCurrentItem: false
         Accessible.role: Accessible.List
         Accessible.name: title.text
-        // A screen reader reads out the line that has the focus. The keys begin at the first line in sight.
+        // A screen reader reads out the line that has the focus. The keys start from the first visible line.
         onActiveFocusChanged: {
             if (!activeFocus && currentItem)
                 currentItem.focus = false;

@@ -12,7 +12,7 @@ Item {
 
     implicitHeight: Math.max(oldName.implicitHeight, arrow.implicitHeight, newName.implicitHeight)
 
-    // Measured apart, because a wrapped text's own width follows from the width it is given.
+    // Measured separately, because the width of a wrapped text depends on the width it is given.
     TextMetrics {
         id: oldMetrics
         font: oldName.font
@@ -29,7 +29,7 @@ Item {
         id: oldName
         objectName: "previewOldName"
         anchors.verticalCenter: parent.verticalCenter
-        // As wide as it is where both names fit, else at most half, or more where the new one leaves more.
+        // Its own width or, if both names do not fit, at most half of the room, or more if the new name leaves more.
         width: Math.min(oldMetrics.advanceWidth, Math.max(root.forNames / 2, root.forNames - newMetrics.advanceWidth))
         text: root.oldText
         font: Theme.verbatim(Theme.monoCaption, text)

@@ -12,12 +12,12 @@ ListView {
     required property ProjectListModel projects
     // The focus stays on the list itself, although there are rows.
     property bool resting: false
-    // A focus on the list itself shows.
+    // Whether a focus on the list itself is shown.
     property bool ringed: false
-    // The row that the keys go on from while the list rests; -1 for none.
+    // The row that the keys continue from while the list rests; -1 for none.
     property int restingRow: -1
     readonly property int from: resting ? restingRow : currentIndex
-    // What the focus stays on when the rows are replaced.
+    // The project that keeps the focus when the rows are replaced.
     property string focusedName: ""
     readonly property int rowsInSight: currentItem ? Math.max(1, Math.floor(height / currentItem.height)) : 1
 
@@ -26,7 +26,7 @@ ListView {
     model: projects
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
-    // While it has the focus it must stay where Tab can be.
+    // Keep it in the tab chain while focused.
     activeFocusOnTab: count > 0 || activeFocus
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
@@ -42,12 +42,12 @@ ListView {
     Connections {
         target: root.model
 
-        // The row that comes to stand in this place shows another project.
+        // The new row in this place will show another project.
         function onModelAboutToBeReset(): void {
             root.currentIndex = -1;
         }
 
-        // The linter of Qt 6.4 takes callLater for no function and has no name for this warning.
+        // The linter of Qt 6.4 does not know that callLater is a function and has no name for this warning.
         function onModelReset(): void {
             Qt.callLater(root.handOnFocus); // qmllint disable
         }
@@ -95,7 +95,7 @@ ListView {
         return true;
     }
 
-    // The list itself has the focus only while it rests there or has no row to give it to.
+    // The list itself keeps the focus only while it rests or has no row to give it to.
     function handOnFocus(): void {
         const item = Window.activeFocusItem;
         if (item !== root)

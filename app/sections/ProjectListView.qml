@@ -13,9 +13,9 @@ FocusScope {
 
     objectName: "projectListView"
 
-    // Hidden for longer than a scan.
+    // Not just hidden during a scan.
     readonly property bool searchGone: !view.projects.showsSearchBar && !view.scanning
-    // The focus goes back to the search field when that is there again.
+    // The focus returns to the search field when that is shown again.
     property bool searchAwaited: false
 
     onSearchGoneChanged: {
@@ -35,7 +35,7 @@ FocusScope {
             Qt.callLater(() => Qt.callLater(list.rest, false)); // qmllint disable
         }
 
-        // Whoever has gone elsewhere meanwhile stays there.
+        // If the user has moved the focus meanwhile, it stays there.
         function onRenamedProjectListed(row: int, hiddenBySearch: bool): void {
             if (!list.resting)
                 return;
@@ -55,7 +55,7 @@ FocusScope {
         width: parent.width - 2 * Theme.edge
         visible: root.view.projects.showsSearchBar
         projects: root.view.projects
-        // Tab leads nowhere from what has been hidden, and typing goes on unseen.
+        // Tab leads nowhere from a hidden field, and typing would go on unseen.
         onVisibleChanged: {
             if (!visible && focused) {
                 root.searchAwaited = true;
@@ -97,7 +97,7 @@ FocusScope {
         projects: root.view.projects
     }
 
-    // The focus is on the list itself, for longer than a scan takes.
+    // Shown while the focus is on the list itself, but not during a scan.
     Item {
         x: card.x
         y: card.y

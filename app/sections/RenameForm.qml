@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Tarvolt
 
-// What stands in the rename sheet.
+// The contents of the rename sheet.
 FocusScope {
     id: root
 
@@ -13,7 +13,7 @@ FocusScope {
     objectName: "renameForm"
     focus: true
     Keys.onEscapePressed: root.sheet.cancelRename()
-    // Return is the Rename button's wherever no control takes it.
+    // Return presses the Rename button unless the focused control takes it.
     Keys.onReturnPressed: root.sheet.pressRename()
     Keys.onEnterPressed: root.sheet.pressRename()
     Keys.onPressed: event => event.accepted = thumb.scroll(event.key)
@@ -32,7 +32,7 @@ FocusScope {
         anchors.fill: parent
         spacing: 20
 
-        // With a large font not even a little of the preview has room: then all of this scrolls as one.
+        // If a large font leaves no room for even a little of the preview, all of this scrolls as one.
         Flickable {
             id: area
             Layout.fillWidth: true
@@ -122,7 +122,7 @@ FocusScope {
         }
     }
 
-    // Where something is out of sight.
+    // Shown at an edge where something is out of sight.
     HairLine {
         x: -Theme.sheetPadding
         width: parent.width + 2 * Theme.sheetPadding

@@ -3,12 +3,12 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Tarvolt
 
-// The names on disk before and after, in a box that scrolls where they are too long for it.
+// The names on disk before and after, in a box that scrolls if they are too long for it.
 ColumnLayout {
     id: root
 
     required property SheetBridge sheet
-    // How much of its height the preview can do without: it scrolls as long as a name of two lines is in sight.
+    // How much of its height the preview can give up: it scrolls as long as a name of two lines is in sight.
     readonly property real leastHeight: 2 * (lines.y + Math.ceil(Theme.lineRatio * Theme.captionPixels))
     readonly property real dispensable: Math.max(0, box.implicitHeight - leastHeight)
 
@@ -63,10 +63,10 @@ ColumnLayout {
             objectName: "previewArea"
             anchors.fill: parent
             clip: contentHeight > height
-            // Where only some of the lower padding is out of sight there is nothing to scroll for.
+            // If only some of the lower padding is out of sight, there is nothing to scroll for.
             contentHeight: fits ? height : box.implicitHeight
             boundsBehavior: Flickable.StopAtBounds
-            // While it has the focus it must stay where Tab can be.
+            // Keep it in the tab chain while focused.
             activeFocusOnTab: contentHeight > height || activeFocus
             Keys.onPressed: event => event.accepted = thumb.scroll(event.key)
             Accessible.role: Accessible.Grouping

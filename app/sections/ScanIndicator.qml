@@ -1,7 +1,7 @@
 import QtQuick
 import Tarvolt
 
-// A scan is running: a ring, with a quarter of it going round.
+// Shows that a scan is running: a ring, with a quarter that goes round it.
 Item {
     id: root
 
@@ -36,7 +36,7 @@ Item {
 
                 property int step
 
-                // A whole number changes only so often, and with it the picture.
+                // Being a whole number, it changes only so often, and so does the picture.
                 NumberAnimation on step {
                     running: root.visible && !Theme.reducedMotion
                     loops: Animation.Infinite
@@ -51,7 +51,7 @@ Item {
             id: label
             objectName: "scanLabel"
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.ceil(implicitWidth) // A fraction would be rounded once by the label and once by the column.
+            width: Math.ceil(implicitWidth) // The label and the column would each round a fraction.
             horizontalAlignment: Text.AlignHCenter
             text: qsTr("Scanning...")
             color: Theme.secondary

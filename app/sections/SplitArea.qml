@@ -11,7 +11,7 @@ FocusScope {
 
     objectName: "splitArea"
 
-    // The log keeps its limits first, then the list its least width.
+    // The limits of the log take precedence over the list's least width.
     function allowed(wanted: real): real {
         return Math.max(220, Math.min(280, wanted, width - divider.width - 400));
     }

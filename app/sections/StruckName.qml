@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// A name on disk that goes. The line through it is fainter than its letters, because in their own colour it would take
-// the bars from an "e" or an "a".
+// A name on disk that goes away. The line through it is fainter than its letters, because in their colour it would hide
+// the bar of an "e" or an "a".
 TextLabel {
     id: root
 
