@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view dataFolderMark = "[ProjectData]";
 
 /// With fewer data folders than this, one thread finishes before a second has started.
-constexpr std::size_t foldersWorthThreads = 64;
+constexpr std::size_t foldersWorthThreads = 16;
 
 char lowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
