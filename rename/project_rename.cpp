@@ -18,7 +18,7 @@ std::string reason(const std::exception& failure) {
     return fileError != nullptr ? fileError->localizedDescription() : failure.what();
 }
 
-/// What no item is like: where nothing was seen, nothing may be moved or removed, and the attempt gives the reason.
+/// Matches no item. Where nothing was seen, nothing may be moved or removed, and the attempt gives the reason.
 constexpr FileState nothing;
 
 /// An item of the project that this rename has seen or made, and may therefore move or remove.
@@ -39,8 +39,7 @@ bool contains(const FileManager& fileManager, const path& file, const FileManage
     return isSame && rest.empty();
 }
 
-/// Whether `present` is the item under another number. The dates of some file systems are whole seconds, too coarse to
-/// tell a file that has just been replaced, so the text decides.
+/// Whether `present` is the item under another number. Dates may be whole seconds, so for a file the text decides.
 bool isRenumbered(const FileManager& fileManager, const OwnItem& item, const std::optional<FileState>& present) {
     return present && item.seen.isRenumbered(*present) &&
            (item.text == nullptr || contains(fileManager, item.where, *item.text));
@@ -141,8 +140,7 @@ void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, cons
     }
 }
 
-/// All file operations of a rename. If it throws anything but a RenameError, the disk is unchanged and the old file
-/// could not be read.
+/// If this throws anything but a RenameError, the disk is unchanged and the old file could not be read.
 void renameOnDisk(FileManager& fileManager, const path& folder, const MPCProject& project, const std::string& newName) {
     if (const auto refusal = validateProjectName(newName)) {
         throw *refusal;

@@ -1,7 +1,7 @@
 """What the window tests have in common: a desktop, a folder of projects and the program, new for each test.
 
-The program's path comes from the environment (TARVOLT), as the folder for pictures (TARVOLT_PICTURES) and the library
-of holding_shim.cpp (TARVOLT_SHIM) do, the test's name from the command line.
+The environment gives the program's path (TARVOLT), the folder for pictures (TARVOLT_PICTURES) and the library of
+holding_shim.cpp (TARVOLT_SHIM); the command line gives the test's name.
 """
 
 import os
@@ -18,15 +18,15 @@ class WindowTest(unittest.TestCase):
     characters = ""
     palette = "light"
     fontSize = 10
-    # Further variables of the environment.
+    # More environment variables.
     environment = {}
     screen = (1280, 900)
     # Whether the desktop offers its portal.
     portal = False
     # Words in front of the program's path on its command line.
     before = ()
-    # What the toolkit may say on standard error, a pattern of whole lines. Its own folder panel says this when
-    # assistive technology walks its rows while they come or go.
+    # What the toolkit may print on standard error, as a pattern of whole lines. Its own folder panel prints this when
+    # assistive technology walks its rows while they change.
     toolkitsWords = r"QAccessible(?:Table|Tree)::\w+: [Ii]nvalid index.*\n"
 
     def setUp(self):
@@ -42,7 +42,7 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(toolkits.sub("", self.errors.read_text()), "", "on standard error")
 
     def enterContext(self, context):
-        # unittest has this itself from Python 3.11 on, like this.
+        # unittest itself has this from Python 3.11 on.
         value = context.__enter__()
         self.addCleanup(context.__exit__, None, None, None)
         return value
@@ -57,7 +57,7 @@ class WindowTest(unittest.TestCase):
             return self.enterContext(Program(self.desktop, first, others, errorOutput=errors))
 
     def picture(self, name, still=0.3):
-        """Takes a picture of the window, as Program.picture does, and keeps it among the products of the build."""
+        """Takes a picture of the window, like Program.picture, and saves it in the folder for pictures."""
         picture = self.program.picture(still=still)
         picture.save(Path(os.environ["TARVOLT_PICTURES"]) / f"{name}.png")
         return picture
@@ -81,11 +81,11 @@ class WindowTest(unittest.TestCase):
         self.program.waitFor(lambda: self.program.focused().text == str(folder), "the folder's path")
 
     def logged(self, message):
-        """Waits for a line of the log; read out, it ends with its time."""
+        """Waits for a line of the log. For assistive technology the line ends with its time."""
         return self.program.find("list item", re.compile(f"^{re.escape(message)}, "))
 
     def scans(self, count):
-        """Waits until so many scans have ended."""
+        """Waits until this many scans have ended."""
         lines = re.compile("^Scan complete: ")
         self.program.waitFor(lambda: len(self.program.elements("list item", lines)) >= count, f"{count} scans")
 
@@ -107,7 +107,7 @@ class WindowTest(unittest.TestCase):
         return self.program.waitFor(focused, f"the field with {text!r} and the focus")
 
     def focusedName(self):
-        """The name of what has the keyboard focus; of a list's line, that of the list."""
+        """The name of the element that has the keyboard focus; for a line of a list, the list's name."""
         element = self.program.focused()
         if element and element.role == "list item":
             element = element.parent()
@@ -134,7 +134,7 @@ class WindowTest(unittest.TestCase):
         return after
 
     def assertDisk(self, expected):
-        """Compares with what disk() said or should say; the texts are too long to be shown."""
+        """Compares disk() with what it should be. Shows only paths, because the texts are too long."""
         found = self.disk()
         paths = found.keys() | expected.keys()
         self.assertEqual(sorted(path for path in paths if found.get(path, 0) != expected.get(path, 0)), [])

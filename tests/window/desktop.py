@@ -14,7 +14,7 @@ from picture import Screen
 
 _libc = ctypes.CDLL(None)
 
-# What the platform's theme is told: window, base (lists and fields), text, selection.
+# The colours in the desktop's settings: window, base (lists and fields), text, selection.
 palettes = {
     "light": ("239,239,239", "255,255,255", "0,0,0", "61,174,233"),
     "dark": ("36,36,36", "30,30,30", "255,255,255", "61,174,233"),
@@ -22,10 +22,10 @@ palettes = {
 
 
 class Desktop:
-    """Use it in a `with`: it ends what it started and removes its folder. One at a time in a process, for the
-    accessibility library connects once. Its keyboard has the keys of an American one and one more for each of
-    `characters`. On its session bus only accessibility can be started, with `portal` also whatever else is installed
-    here, which the portal needs."""
+    """For use in a `with`: it ends what it has started and removes its folder. A process can have one at a time,
+    because the accessibility library connects only once. The keyboard has American keys and one more for each of
+    `characters`. On the session bus only the accessibility service can be started or, with `portal`, everything that is
+    installed here, because the portal needs that."""
 
     def __init__(self, palette="light", size=(1280, 900), fontSize=10, characters="", environment=None, portal=False):
         self.folder = Path(tempfile.mkdtemp(prefix="tarvolt-"))
@@ -40,14 +40,14 @@ class Desktop:
             "HOME": str(self.home),
             "LANG": "C.UTF-8",
             "XDG_RUNTIME_DIR": str(self.runtime),
-            # The toolkit reads palette and fonts from this desktop's settings without further packages.
+            # Of this desktop's settings the toolkit reads palette and fonts without additional packages.
             "XDG_CURRENT_DESKTOP": "KDE",
             "KDE_SESSION_VERSION": "5",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            # GTK, where it gives the theme, would put a tree of its own beside the program's.
+            # If GTK provides the theme, it would put a tree of its own beside the program's.
             "NO_AT_BRIDGE": "1",
             "QT_QPA_PLATFORM": "xcb",
-            # It complains on standard error of whoever asks for something that has just vanished.
+            # Without this, it complains on standard error when something is asked for that has just vanished.
             "QT_LOGGING_RULES": "qt.accessibility.atspi=false",
             **(environment or {}),
         }
@@ -73,8 +73,7 @@ class Desktop:
         self.close()
 
     def start(self, command, **options):
-        """Starts a program on this desktop; it is ended with the desktop at the latest, also where this process is
-        killed."""
+        """Starts a program on this desktop. It ends no later than the desktop, even if this process is killed."""
         options.setdefault("stdout", subprocess.DEVNULL)
         options.setdefault("stderr", subprocess.DEVNULL)
         process = subprocess.Popen(
@@ -95,7 +94,7 @@ class Desktop:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def input(self, *words):
-        """Real mouse and key events: a command line of xdotool; returns what it prints."""
+        """Sends real mouse and key events by an xdotool command line. Returns what it prints."""
         return subprocess.run(
             ["xdotool", *map(str, words)], env=self.environment, check=True, capture_output=True, text=True, timeout=30
         ).stdout
@@ -140,7 +139,7 @@ class Desktop:
         return self.screen.grab()
 
     def stillPicture(self, seconds):
-        """The screen once it has been the same for so long."""
+        """The screen, once it has stayed the same for this many seconds."""
         last, since = self.grab(), time.monotonic()
 
         def still():
@@ -193,7 +192,7 @@ class Desktop:
             self._addKeys()
 
     def _addKeys(self):
-        """Puts the further characters on keys that no keyboard has, before anyone has asked which keys there are."""
+        """Puts the additional characters on spare keys, before any program asks which keys there are."""
         codes = range(208, 256)
         if len(self.characters) > len(codes):
             raise ValueError(f"there are {len(codes)} spare keys, not {len(self.characters)}")
@@ -226,15 +225,15 @@ class Desktop:
     def _startWindowManager(self):
         self.start(["openbox", "--sm-disable"])
         waitFor(self._numberOfDesktops, "a window manager")
-        # At the first key the window manager takes all its keys anew, and one that is pressed meanwhile passes it by.
-        # It does what it is asked in turn: once it has done the last, it is ready.
+        # At the first key the window manager grabs all its keys again and misses a key that is pressed meanwhile. It
+        # handles requests in order: once it has done the last one, it is ready.
         self.input("key", "Alt_L")
         self.input("click", "1")
         self.input("set_num_desktops", "1")
         waitFor(lambda: self._numberOfDesktops() == "1", "a window manager that is ready")
 
     def _numberOfDesktops(self):
-        """None while nobody manages any."""
+        """None while no window manager is running."""
         try:
             return self.input("get_num_desktops").strip()
         except subprocess.CalledProcessError:
@@ -247,7 +246,7 @@ def _endWithParent():
 
 
 def waitFor(condition, what, timeout=15.0, pause=0.02):
-    """Returns the first true value that `condition` gives; fails when that takes longer than `timeout` seconds."""
+    """Returns the first true value that `condition` gives. Fails if none comes within `timeout` seconds."""
     deadline = time.monotonic() + timeout
     while True:
         value = condition()
@@ -259,7 +258,7 @@ def waitFor(condition, what, timeout=15.0, pause=0.02):
 
 
 def end(process):
-    """Ends a process and those it started, politely at first."""
+    """Ends a process and those that it started: first by request, then by force."""
     for number in (signal.SIGTERM, signal.SIGKILL):
         try:
             os.killpg(process.pid, number)

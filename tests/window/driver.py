@@ -16,7 +16,7 @@ from desktop import end, waitFor  # noqa: E402
 
 
 class Program:
-    """The program on a desktop; in a `with` it is running and its first window is open."""
+    """The program on a desktop. Inside a `with`, it is running and its first window is open."""
 
     def __init__(self, desktop, path, arguments=(), errorOutput=None):
         self.desktop, self.path, self.arguments, self.errorOutput = desktop, path, arguments, errorOutput
@@ -28,9 +28,9 @@ class Program:
         self.tree = waitFor(self._application, "the program in the accessibility tree")
         self.find("frame")
         window = self.waitFor(self.activeWindow, "an active window")
-        # Before it has been drawn, neither where things stand nor whom a click reaches is settled.
+        # Until it has been drawn, neither the places of things nor the targets of clicks are settled.
         self.desktop.stillPicture(0.1)
-        # On a scaled display the tree may count in the toolkit's units and not in pixels.
+        # On a scaled display the tree may use the toolkit's units instead of pixels.
         self.scale = self.desktop.widthOf(window) / self.find("frame").box[2]
         return self
 
@@ -38,7 +38,7 @@ class Program:
         end(self.process)
 
     def elements(self, role=None, name=None):
-        """All that is showing with this role and name, front to back as the tree has it; the name may be a compiled
+        """All visible elements with this role and name, in the order of the tree. The name may be a compiled
         pattern."""
         return [
             element
@@ -47,7 +47,7 @@ class Program:
         ]
 
     def find(self, role=None, name=None, timeout=15.0):
-        """The one element with this role and name, waited for."""
+        """Waits for the one element with this role and name."""
         found = self.waitFor(lambda: self.elements(role, name), f"{role} {_shown(name)}", timeout)
         if len(found) > 1:
             raise LookupError(f"{len(found)} elements are {role} {_shown(name)}\n{self.dump()}")
@@ -57,7 +57,7 @@ class Program:
         self.waitFor(lambda: not self.elements(role, name), f"the end of {role} {_shown(name)}", timeout)
 
     def waitFor(self, condition, what, timeout=15.0):
-        """As desktop.waitFor, with the tree in the failure and at once when the program has ended."""
+        """Like desktop.waitFor, but a failure shows the tree and comes at once if the program has ended."""
 
         def checked():
             value = condition()
@@ -71,8 +71,8 @@ class Program:
             raise TimeoutError(f"{error}\n{self.dump()}") from None
 
     def focused(self):
-        """The element that has the keyboard focus, or None. Others say so, too: what it stands in, and, from Qt 6.8 on,
-        the current item of a closed list."""
+        """The element that has the keyboard focus, or None. Others claim it too: its ancestors and, from Qt 6.8 on, the
+        current item of a closed list."""
 
         def hasFocus(element):
             return element.has("focused") and element.has("focusable") and not element.has("transient")
@@ -81,22 +81,22 @@ class Program:
         return focused[-1] if focused else None
 
     def key(self, *names):
-        """As Desktop.key."""
+        """Like Desktop.key."""
         self.desktop.key(*names)
 
     def type(self, text):
-        """Presses the keys of a text; those beyond ASCII must be among the characters the desktop was made with."""
+        """Types a text. Characters beyond ASCII must be among those the desktop was made with."""
         for character in text:
             if not character.isascii() and character not in self.desktop.characters:
                 raise ValueError(f"no key of this desktop has {character!r}")
         self.desktop.type(text)
 
     def activeWindow(self):
-        """The active window's number, if it is one of this program's, else None."""
+        """The number of the active window if it belongs to this program, else None."""
         return self.desktop.activeWindow(self.process.pid)
 
     def picture(self, hideMouse=True, still=0.3):
-        """The active window without its frame, once nothing has moved for so many seconds."""
+        """The active window without its frame, once nothing has moved for `still` seconds."""
         if hideMouse:
             self.desktop.point(*self.desktop.size)
         windows = Element(self.tree, self).children
@@ -121,14 +121,14 @@ class Program:
 
 
 class Element:
-    """Something in the accessibility tree. What has vanished meanwhile has no name, state, size or children."""
+    """An element of the accessibility tree. One that has vanished has no name, state, size or children."""
 
     def __init__(self, accessible, program):
         self.accessible, self.program = accessible, program
 
     @property
     def role(self):
-        # Newer versions of the library call a push button a button.
+        # Newer versions of the library say "button" for "push button".
         return _ask(self.accessible.get_role_name, "").replace("push button", "button")
 
     @property
@@ -141,7 +141,7 @@ class Element:
 
     @property
     def text(self):
-        """What stands in a text field."""
+        """The text in a text field."""
         return _ask(lambda: Atspi.Text.get_text(self.accessible, 0, -1), "")
 
     def setText(self, text):
@@ -159,7 +159,7 @@ class Element:
         return tuple(round(number * self.program.scale) for number in (box.x, box.y, box.width, box.height))
 
     def has(self, state):
-        """Whether it is in a state, named as in Atspi.StateType: "focused", "enabled", "showing"."""
+        """Whether it has a state, by its name in Atspi.StateType: "focused", "enabled", "showing"."""
         kind = getattr(Atspi.StateType, state.upper())
         return _ask(lambda: self.accessible.get_state_set().contains(kind), False)
 
@@ -172,7 +172,7 @@ class Element:
         return Element(self.accessible.get_parent(), self.program)
 
     def walk(self, depth=0):
-        """Everything in it and how deep, in the order of the tree."""
+        """Every element in it with its depth, in the order of the tree."""
         for child in self.children():
             yield child, depth
             yield from child.walk(depth + 1)
@@ -181,7 +181,7 @@ class Element:
         return (element for element, _ in self.walk())
 
     def click(self):
-        """A real click into its middle."""
+        """Clicks in its middle, with a real mouse event."""
         self.point()
         self.program.desktop.click()
 
@@ -191,12 +191,12 @@ class Element:
         self.program.desktop.point(x + width // 2, y + height // 2)
 
     def actions(self):
-        """The names of what assistive technology can do with it."""
+        """The names of the actions that assistive technology can perform on it."""
         count = Atspi.Action.get_n_actions(self.accessible)
         return [Atspi.Action.get_action_name(self.accessible, index) for index in range(count)]
 
     def press(self):
-        """The press action that assistive technology calls."""
+        """Calls the press action, as assistive technology does."""
         names = self.actions()
         if "Press" not in names:
             raise LookupError(f"{self.role} {self.name!r} has no press action but {names}")

@@ -1,4 +1,4 @@
-"""However the program is ended, and whatever it is doing then: at once, without a word, and with nothing half done."""
+"""However the program is ended and whatever it is doing: it ends at once and silently, with nothing half done."""
 
 import signal
 import subprocess
@@ -17,7 +17,7 @@ class Ends(case.WindowTest):
         self.program.process.send_signal(number)
 
     def ended(self):
-        """How the program ended, which has to be soon."""
+        """The exit status of the program, which has to end soon."""
         return self.program.process.wait(5)
 
     def renameBlueHour(self):

@@ -1,4 +1,4 @@
-"""From folder to folder and from one rename to the next, with scans and layers that get in each other's way."""
+"""From folder to folder and from rename to rename, with overlapping scans and with sheets, alerts and panels open."""
 
 import re
 
@@ -130,7 +130,7 @@ class Scanning(case.WindowTest):
         self.choose(other, "Change Folder")
         self.program.waitFor(lambda: self.rows() == ["Third"], "the other folder's project")
         self.program.find("label", str(other))
-        # The scan that ends last decides on the list.
+        # The scan that ends last fills the list.
         held.release()
         self.program.waitFor(lambda: self.rows() == case.names, "the first folder's projects")
         self.program.find("label", str(other))

@@ -1,4 +1,4 @@
-"""Where the keyboard focus goes, and that a key held down is one press, with real keys on a real display."""
+"""Where the keyboard focus goes, and that a held key counts as one press. With real keys on a real display."""
 
 import re
 import time
@@ -7,7 +7,7 @@ import case
 
 
 class Focus(case.WindowTest):
-    # How long a key is held; the display repeats it from about 0.7 s on.
+    # How long a key is held. The display starts to repeat it after about 0.7 s.
     held = 3
 
     def hold(self, key):

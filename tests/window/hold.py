@@ -1,15 +1,15 @@
-"""Makes the program wait in the kernel where a test wants it to; needs the library of holding_shim.cpp before it."""
+"""Makes the program wait in a system call when a test wants it to. Needs the library of holding_shim.cpp."""
 
 import errno
 import os
 
-# The words in front of the program's path that put the library before it, by the link that case.py makes to it: the
-# path of a library to preload can hold no blank.
+# The words in front of the program's path that preload the library, by the link that case.py makes to it: the path of a
+# preloaded library cannot contain a space.
 before = ("env", "LD_PRELOAD=../holding_shim.so")
 
 
 class Hold:
-    """Holds each such call on a folder from now on: "listing" or "fsync"."""
+    """From now on holds each call of this kind on a folder: "listing" or "fsync"."""
 
     def __init__(self, folder, call):
         self.path = folder / f".hold-{call}"
@@ -17,7 +17,7 @@ class Hold:
         self.pipe = None
 
     def reached(self):
-        """Whether the program waits there; to be waited for before `release`."""
+        """Whether the program waits in such a call. Wait for this before `release`."""
         try:
             self.pipe = os.open(self.path, os.O_WRONLY | os.O_NONBLOCK)
         except OSError as error:
@@ -26,6 +26,6 @@ class Hold:
         return self.pipe is not None
 
     def release(self):
-        """Lets the waiting call go on, and every later one pass."""
+        """Lets the waiting call and all later ones go on."""
         self.path.unlink()
         os.close(self.pipe)

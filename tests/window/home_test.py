@@ -1,4 +1,4 @@
-"""What a session leaves in the home folder: the renamed project and nothing else, on whatever desktop."""
+"""What a session leaves in the home folder: the renamed project and nothing else, on every desktop."""
 
 import os
 import re
@@ -30,7 +30,7 @@ class HomeTest(case.WindowTest):
         self.program.waitUntilGone("dialog")
 
     def session(self):
-        """A cancelled panel, a chosen folder and a rename; returns what the program itself wrote elsewhere at home."""
+        """Cancels a panel, chooses a folder and renames. Returns what the program itself wrote elsewhere at home."""
         self.cancel()
         self.choose(self.folder)
         self.openSheet("Blue Hour")
@@ -44,7 +44,7 @@ class HomeTest(case.WindowTest):
         return {path for path in written if path.is_relative_to(self.desktop.home) and not path.is_relative_to(self.folder)}
 
     def written(self):
-        """The paths of all calls that went well and change something."""
+        """The paths of all successful calls that change something."""
         for line in (self.desktop.folder / "calls").read_text(errors="surrogateescape").splitlines():
             opens = re.match(r"\d+ +(?:open|openat)\(", line)
             if " = -1 " in line or opens and not re.search("O_(WRONLY|RDWR|CREAT|TRUNC|APPEND)", line):
@@ -77,7 +77,7 @@ class GtkDesktop(HomeTest):
     def testIsNotGivenTheFolderThatIsTyped(self):
         self.program.find("button", "Select Folder").click()
         self.typeFolder(f"{self.folder}/New/")
-        # Had it been taken, there would be no panel left for the second key.
+        # If the first key had been taken, there would be no panel left for the second.
         self.program.key("Return", "Escape")
         self.program.waitUntilGone("dialog")
         self.assertFalse((self.folder / "New").exists())
@@ -88,7 +88,7 @@ class PortalDesktop(HomeTest):
     portal = True
 
     def title(self):
-        """The active window's; None without one."""
+        """The title of the active window; None if no window is active."""
         try:
             return self.desktop.input("getactivewindow", "getwindowname").strip()
         except subprocess.CalledProcessError:

@@ -1,4 +1,4 @@
-"""What assistive technology hears of the window while it listens."""
+"""What assistive technology hears from the window while it listens."""
 
 from gi.repository import Atspi, GLib
 
@@ -8,7 +8,7 @@ from driver import Element
 
 class Listener(case.WindowTest):
     def hear(self, *kinds):
-        """Keeps from now on what the program tells of these kinds; returns the list, which `told` fills."""
+        """From now on collects the program's events of these kinds. Returns the list, which `told` fills."""
         events = []
 
         def keep(event):
@@ -22,7 +22,7 @@ class Listener(case.WindowTest):
         return events
 
     def told(self, condition, what):
-        """Waits until the events that have come meet the condition."""
+        """Waits until the events so far meet the condition."""
 
         def met():
             while GLib.MainContext.default().iteration(False):
@@ -109,7 +109,7 @@ class Listener(case.WindowTest):
         self.sheetField("Sketch 014")
 
     def news(self):
-        """The notifications that appear from now on, a function that gives their names."""
+        """A function that returns the names of the notifications that have appeared since this call."""
         events = self.hear("object:state-changed:showing")
         return lambda: [each.name for _, shows, each in events if shows and each.role == "notification" and each.name]
 

@@ -1,4 +1,4 @@
-"""The toolkit's own folder panel, where the desktop has none to offer: it chooses, and does nothing else."""
+"""The toolkit's own folder panel, for desktops that offer none: it can choose a folder and do nothing else."""
 
 import subprocess
 import unittest
@@ -8,7 +8,7 @@ import case
 
 class OwnPanel(case.WindowTest):
     environment = {"LANG": "de_DE.UTF-8"}
-    # It misses this locale where it is not installed.
+    # The toolkit warns if this locale is not installed.
     toolkitsWords = case.WindowTest.toolkitsWords + '|Detected locale "C"(?:.*\\n){4}'
 
     def setUp(self):
@@ -98,7 +98,7 @@ def places(program):
 @onlyWithMounts
 class OwnPanelWithACard(case.WindowTest):
     card = "/media/mara/SD CARD"
-    # Of these, a system's own mount, a network drive and the folder of all cards are no places to choose.
+    # The panel must not offer the system's own mount, the network drive and the folder of all cards.
     mounts = (("/dev/disk", "/media"), ("/dev/card", card), ("/dev/disk", "/boot"), ("server:/share", "/mnt"))
     commands = [f"mkdir -p '{place}' && mount -t tmpfs {device} '{place}' && " for device, place in mounts]
     before = ("unshare", "--mount", "sh", "-c", "".join(commands) + 'exec "$0"')

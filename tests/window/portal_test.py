@@ -1,4 +1,4 @@
-"""The desktop's portal, good, bad and missing: whatever it does, a folder can be chosen or the window says why not."""
+"""The desktop's portal: good, bad or missing. Whatever it does, a folder can be chosen or the window says why not."""
 
 import json
 import os
@@ -19,7 +19,7 @@ class PortalTest(case.WindowTest):
         self.assertEqual(self.portal.stdout.readline(), "ready\n")
 
     def asked(self):
-        """What the portal was asked so far."""
+        """What the portal has been asked so far."""
         return [json.loads(line) for line in self.record.read_text().splitlines()] if self.record.exists() else []
 
     def openPanel(self):
@@ -32,7 +32,7 @@ class PortalTest(case.WindowTest):
         self.assertIsUsable()
 
     def assertIsUsable(self):
-        """Nothing covers the window any more: the button, which has the focus again, can be pressed."""
+        """Waits until nothing covers the window: the button has the focus again and can be pressed."""
         self.program.find("label", "Select Your MPC Projects Folder")
         self.program.waitFor(lambda: getattr(self.program.focused(), "name", "") == "Select Folder", "its focus")
 
@@ -185,7 +185,7 @@ class WaitingWindow(PortalTest):
     def testSaysNothingWhileThePanelHasTheFocus(self):
         self.openPanel()
         self.program.find("dialog", "Select Folder")
-        # Longer than the patience that it has.
+        # Longer than the program waits.
         self.desktop.stillPicture(3)
         self.assertEqual([each.name for each in self.program.elements("dialog")], ["Select Folder"])
 

@@ -1,4 +1,4 @@
-"""The window as assistive technology has it, and the whole flow without a key or the mouse."""
+"""The window as assistive technology sees it, and the whole flow without keyboard or mouse."""
 
 import re
 import time
@@ -10,12 +10,12 @@ from driver import Element
 
 class Reader(case.WindowTest):
     def shown(self):
-        """Role and name of all that shows, in the order of the tree, but for the rows and the log's lines."""
+        """Roles and names of all visible elements except rows and log lines, in the order of the tree."""
         everything = Element(self.program.tree, self.program).walk()
         return [(each.role, each.name) for each, _ in everything if each.showing and each.role != "list item"]
 
     def assertUsable(self):
-        """Whatever a person can use says what it is, that it can be used, and how."""
+        """Every control says what it is, that it can be used, and how."""
         for role in ("button", "text", "list", "slider"):
             for element in self.program.elements(role):
                 self.assertNotEqual(element.name, "", role)
@@ -26,7 +26,7 @@ class Reader(case.WindowTest):
             self.assertTrue(field.has("editable"), field.name)
 
     def pressIn(self, window, name):
-        """Presses the button of that name in the window; returns at once, whatever it opens."""
+        """Presses the button of this name in the window. Returns at once, whatever opens."""
         start = time.monotonic()
         next(each for each in window.descendants() if (each.role, each.name) == ("button", name)).press()
         self.assertLess(time.monotonic() - start, 2)

@@ -1,4 +1,4 @@
-"""One rename from the folder to the finished list, and the ways it can go wrong, in the real window."""
+"""One rename in the real window, from the folder to the updated list, and the ways it can go wrong."""
 
 import re
 
@@ -34,7 +34,7 @@ class Rename(case.WindowTest):
     def testRenamesByTheButtonToo(self):
         self.choose(self.folder)
         field = self.openSheet("Blue Hour")
-        # There is nothing to rename yet; a click there takes neither the sheet nor the focus away.
+        # There is nothing to rename yet. A click there changes neither the sheet nor the focus.
         self.program.find("button", "Rename").click()
         self.program.type("Red Hour")
         self.program.waitFor(lambda: field.text == "Red Hour", "the new name")

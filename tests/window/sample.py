@@ -1,4 +1,4 @@
-"""A folder of made-up projects, sized like real ones without taking their room: the samples are files with holes."""
+"""A folder of made-up projects that are as large as real ones but take little room: the samples are sparse files."""
 
 
 def projectText(name, notes=1200):
@@ -16,7 +16,7 @@ def projectText(name, notes=1200):
     return "".join(f"{line}\r\n" for line in lines)
 
 
-# Name, number of entries in the data folder, their bytes in all; without a number there is no data folder.
+# Name, number of entries in the data folder, and their total size. Without a number there is no data folder.
 projects = [
     ("Basement Loops Vol. 2", 148, 412_600_000),
     ("Blue Hour", 37, 96_300_000),
@@ -44,7 +44,7 @@ def make(folder):
 
 
 def listing(folder, name):
-    """What stands on disk of one project, a line each, as the tour shows it."""
+    """The items of one project on disk, one per line, as the tour shows them."""
     lines = []
     for path in sorted(folder.glob(f"{name}*")):
         if path.is_dir():

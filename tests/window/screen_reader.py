@@ -15,7 +15,7 @@ import sample
 from desktop import Desktop, waitFor
 from driver import Program
 
-# What it says of its own stands apart from the keys it repeats: between words and voice it leaves no blank.
+# Distinguishes its own words from the keys that it echoes: there is no space between the words and the voice.
 utterance = re.compile(r"^\S+ - SPEECH OUTPUT: '(.*?)'(?: voice=\w+)?( ?)[{\[]", re.MULTILINE | re.DOTALL)
 
 
@@ -30,7 +30,7 @@ class Orca:
         self.read = 0
         settings = desktop.home / ".local/share/orca"
         settings.mkdir(parents=True)
-        # Run by Orca when it starts. Its log is read here while it is being written.
+        # Orca runs this when it starts. The log is read while Orca writes it.
         (settings / "orca-customizations.py").write_text(
             "from orca import debug\ndebug.debugFile.reconfigure(line_buffering=True)\n"
         )
@@ -38,7 +38,7 @@ class Orca:
         waitFor(lambda: self.log.exists() and "ORCA: Starting registry" in self.log.read_text(), "Orca", timeout=60)
 
     def said(self, silence=1.5):
-        """What it has said since the last call, until it has had nothing to do for so many seconds."""
+        """What it has said since the last call, once it has been idle for this many seconds."""
         size, since = -1, time.monotonic()
         while time.monotonic() - since < silence:
             if size != self.log.stat().st_size:
@@ -103,7 +103,7 @@ if __name__ == "__main__":
         emptyFolder.mkdir()
         orca = Orca(desktop)
         try:
-            # The toolkit complains of each key that it had to wait for.
+            # The toolkit complains about each key that it had to wait for.
             with Program(desktop, Path(sys.argv[1]).resolve(), errorOutput=subprocess.DEVNULL) as program:
                 Way(program, orca).go(folder, emptyFolder)
         finally:

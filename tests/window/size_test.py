@@ -15,7 +15,7 @@ class Size(case.WindowTest):
         return dividerLeft - left, left + width - dividerLeft - dividerWidth
 
     def drag(self, distance, log):
-        """Drags the divider, with a hand that is never quite still, until the log is so wide; leaves it there."""
+        """Drags the divider, with a slightly unsteady hand, until the log has this width, and leaves it there."""
         left, top, width, height = self.program.find("slider", "Width of the log").box
         x, y = left + width // 2, top + height // 2
         self.desktop.input("mousemove", x, y, "mousedown", "1")
@@ -38,7 +38,7 @@ class Size(case.WindowTest):
             self.program.waitFor(lambda: frame.box[2] == width, f"a window {width} wide")
             for distance, log in ((-30, 270), (-300, 280), (40, 240), (300, 220), (-20, 240)):
                 self.drag(distance, log)
-                # The list's pane has the rest, but for a thin line.
+                # The list's pane has the rest except for a thin line.
                 self.assertEqual(self.panes(), (width - 1 - log, log))
                 self.assertGreaterEqual(self.panes()[0], 400)
         self.picture("wide-window")

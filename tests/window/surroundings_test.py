@@ -47,7 +47,7 @@ class LargeFontDesktop(case.WindowTest):
         self.choose(self.folder)
         self.scans(1)
         self.picture("large-font-list")
-        # 15 points are 20 pixels, and a line is a fifth to a half higher.
+        # 15 points are 20 pixels, and a line is 20 to 50 % higher.
         self.assertIn(self.program.find("label", "Tarvolt").box[3], range(24, 31))
         self.openSheet("Blue Hour")
         self.program.type("Red Hour")
@@ -119,7 +119,7 @@ class RescaledDesktop(case.WindowTest):
 
 class ForeignDesktop(case.WindowTest):
     environment = {"LC_NUMERIC": "de_DE.UTF-8", "LC_TIME": "ar_EG.UTF-8"}
-    # It misses these locales where they are not installed; numbers and times do not come from there.
+    # The toolkit warns if these locales are not installed. Numbers and times do not depend on them.
     toolkitsWords = case.WindowTest.toolkitsWords + '|Detected locale "C"(?:.*\\n){4}'
 
     def testFormatsNumbersAndTimesForTheUsersLocale(self):

@@ -26,7 +26,7 @@ class Tour:
         self.steps = 0
 
     def step(self, title, text, still=0.3):
-        """Tells what is to be seen and takes its picture."""
+        """Says what can be seen and takes a picture of it."""
         self.steps += 1
         path = self.pictures / f"{self.steps}-{title}.png"
         self.program.picture(still=still).save(path)
@@ -75,7 +75,7 @@ class Tour:
         program.key("Return")
         program.waitUntilGone("button", "Cancel")
         self.logged(f'Renamed "{old}" → "{new}"')
-        # Half a second later the list is made anew.
+        # Half a second later the folder is scanned again.
         self.step("renamed", "Return renames it: the log says so, and the row's icon is green for a moment.", still=0.1)
 
         program.find("button", re.compile(f"^Rename.*{re.escape(new)}"))

@@ -1,5 +1,5 @@
-"""A keyboard and a mouse for a Wayland compositor, whose events it takes for those of real devices. Speaks the wire
-protocol itself, because no tool that every release has can hold a key or move a pointer where there is no mouse."""
+"""A keyboard and a mouse that a Wayland compositor takes for real devices. This module speaks the wire protocol itself,
+because no tool that every release has can hold a key or move a pointer without a mouse."""
 
 import array
 import os
@@ -7,12 +7,12 @@ import socket
 import struct
 import time
 
-# Keys that have a name; every other one is named by its character.
+# Keys that have a name. Every other key is named by its character.
 named = "Return KP_Enter Escape Tab space BackSpace Home End Up Down Prior Next F4".split()
 withShift = {"Tab": "ISO_Left_Tab"}
 modifiers = {"shift": 1, "ctrl": 4, "alt": 8}
 leftButton = 0x110
-# What the numbers of the first key codes mean to a display is eight more than what they mean to a keyboard.
+# The key codes of a display are those of a keyboard plus eight.
 firstCode = 8
 
 _display = 1
@@ -48,7 +48,7 @@ class VirtualInput:
         self.connection.close()
 
     def keyDown(self, name):
-        """Presses a key and leaves it down; a modifier may stand before it: "ctrl+a"."""
+        """Presses a key and leaves it down. A modifier may come before it: "ctrl+a"."""
         *others, key = name.split("+") if len(name) > 1 else [name]
         self._modify(sum(modifiers[each] for each in others))
         self._key(key, 1)
@@ -108,7 +108,7 @@ class VirtualInput:
         self.connection.sendmsg([message], control)
 
     def _synchronized(self):
-        """Returns once the compositor has done all it was told, with what it said meanwhile: sender, opcode, body."""
+        """Waits until the compositor has handled all requests. Returns its events meanwhile: sender, opcode, body."""
         done, events = self._new(_display, 0), []
         while not events or events[-1][0] != done:
             events.append(self._event())

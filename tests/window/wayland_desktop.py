@@ -1,5 +1,5 @@
-"""A desktop as desktop.py's, but a Wayland compositor without a screen: every window without a frame in the upper left
-corner, so that a program, which is not told where its windows are, counts from the corner of the screen."""
+"""A desktop like that of desktop.py, but with a Wayland compositor without a screen. Every window is in the upper left
+corner and has no frame: a program is not told where its windows are and counts from the corner of the screen."""
 
 import json
 import os
@@ -22,7 +22,7 @@ default_floating_border none
 focus_follows_mouse no
 for_window [app_id="tarvolt"] floating enable, move absolute position 0 0
 bindsym Mod1+F4 kill
-# So that a test need not hold a key for long.
+# Saves tests from holding a key for long.
 input * repeat_delay 200
 """
 
@@ -143,4 +143,4 @@ class WaylandDesktop(Desktop):
             return None
 
     def _startWindowManager(self):
-        """The compositor is one."""
+        """The compositor is the window manager."""

@@ -1,4 +1,4 @@
-"""The whole way on a Wayland compositor, with keys and a pointer that it takes for real ones."""
+"""The whole flow on a Wayland compositor, with a keyboard and a pointer that it takes for real ones."""
 
 import configparser
 import re
@@ -83,7 +83,7 @@ class Wayland(WaylandTest):
         path = Path(__file__).parents[2] / "packaging/tarvolt.desktop"
         entry = configparser.RawConfigParser()
         entry.read(path)
-        # The protocol knows no icon for a window: the compositor shows that of the entry with the program's name.
+        # The protocol has no window icons: the compositor shows that of the desktop entry with the program's name.
         self.assertEqual(window["app_id"], path.stem)
         self.assertEqual(window["name"], entry["Desktop Entry"]["Name"])
 
@@ -109,7 +109,7 @@ class Wayland(WaylandTest):
         self.assertEqual(len(self.program.elements("list item", re.compile("^Scan complete: "))), 2)
 
     def hold(self, key):
-        # Several times as long as the compositor waits before it has a key repeat.
+        # Several times as long as the compositor waits before it repeats a key.
         self.desktop.keyDown(key)
         time.sleep(1)
         self.desktop.keyUp(key)
@@ -155,7 +155,7 @@ class WaylandPortal(WaylandTest):
         self.program.waitFor(lambda: self.windows()[title]["focused"], "the panel's focus")
         self.desktop.stillPicture(0.5)
 
-        # What shows of the window beside the panel takes no input.
+        # The part of the window beside the panel takes no input.
         self.desktop.point(10, 300)
         self.desktop.click()
         self.program.waitFor(lambda: self.windows()["Tarvolt"]["focused"], "the window's focus")

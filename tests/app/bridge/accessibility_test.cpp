@@ -9,7 +9,7 @@ namespace {
 
 using testing::SceneWindow;
 
-/// One line for each thing that assistive technology finds: "Role: name".
+/// One line for each element that assistive technology finds: "Role: name".
 void describe(QAccessibleInterface* thing, QStringList& lines) {
     if (thing == nullptr || !thing->isValid() || thing->state().invisible) {
         return;
@@ -21,7 +21,7 @@ void describe(QAccessibleInterface* thing, QStringList& lines) {
     }
 }
 
-/// What assistive technology is told to be a unit or more wider or higher than it is.
+/// The elements that assistive technology is told to be wider or higher than they are, by a unit or more.
 void measure(QAccessibleInterface* thing, QStringList& tooLarge) {
     if (thing == nullptr || !thing->isValid() || thing->state().invisible) {
         return;

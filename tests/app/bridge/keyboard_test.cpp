@@ -49,14 +49,14 @@ protected:
         w.settle();
     }
 
-    /// Lets the time until the scan after a rename pass, and the scan end.
+    /// Passes the time until the scan after a rename and ends that scan.
     void passRescan() {
         w.scene.mainQueue->advance(std::chrono::milliseconds(500));
         w.settle();
     }
 
-    /// Holds Space on what has the focus while it repeats five times, and lets it go. Waits before the press as long as
-    /// a finger does: a press right after a release would pass for a repeat.
+    /// Holds Space on the focused item while it repeats five times, and releases it. Before the press it waits as long
+    /// as a finger would, because a press right after a release would count as a repeat.
     void holdSpace() {
         QTest::qWait(100);
         QTest::keyPress(w.window, Qt::Key_Space);
@@ -74,7 +74,7 @@ protected:
             std::ranges::count_if(traffic, [](const std::string& line) { return line.starts_with("create "); }));
     }
 
-    /// What the focused item is called by assistive technology.
+    /// The name of the focused item for assistive technology.
     QString focusedName() const {
         const QQuickItem* item = w.window->activeFocusItem();
         const QString spoken = item->property("spokenName").toString();

@@ -8,7 +8,7 @@ namespace {
 
 using testing::SceneWindow;
 
-/// Everything in sight that shows a text, of the topmost layer and of those behind it.
+/// All visible items with a text, in the topmost layer and those behind it.
 void collectTexts(QQuickItem* item, std::vector<QQuickItem*>& texts) {
     if (!item->isVisible()) {
         return;
@@ -30,7 +30,7 @@ QRectF drawnBox(QQuickItem* text) {
     return text->mapRectToScene(QRectF(left, 0, width, text->height()));
 }
 
-/// As much of it as is not scrolled out of sight.
+/// The part of it that is not scrolled out of sight.
 QRectF shownBox(QQuickItem* text) {
     QRectF box = drawnBox(text);
     for (QQuickItem* around = text->parentItem(); around != nullptr; around = around->parentItem()) {
@@ -48,7 +48,7 @@ bool isInside(QQuickItem* item, const QQuickItem* ancestor) {
     return item != nullptr;
 }
 
-/// The layer that an item stands in: the window's content or a panel's.
+/// The layer of an item: the window's content or a panel's.
 const QQuickItem* layerOf(const QQuickItem* item, const QQuickItem* root) {
     const QQuickItem* layer = item;
     while (layer->parentItem() != nullptr && layer->parentItem() != root) {
@@ -87,7 +87,7 @@ protected:
         QGuiApplication::setFont(usual);
     }
 
-    /// Fails where a text is cut, leaves what it stands in, or runs into another text or a button.
+    /// Fails if a text is cut, extends beyond its container, or runs into another text or a button.
     void expectWhole(const char* state) const {
         std::vector<QQuickItem*> texts;
         collectTexts(w->window->contentItem(), texts);
@@ -119,7 +119,7 @@ protected:
             const QRectF outer = SceneWindow::boxOf(around);
             if (around->parentItem() != nullptr && around->parentItem()->inherits("QQuickFlickable")) {
                 EXPECT_LE(box.right(), SceneWindow::boxOf(around->parentItem()).right() + 0.5) << shown;
-                return; // What is further down is scrolled to.
+                return; // One can scroll to what is further down.
             }
             if (outer.isEmpty()) {
                 continue;

@@ -8,7 +8,7 @@
 
 Q_IMPORT_QML_PLUGIN(TarvoltPlugin)
 
-// Always offscreen and drawn by the processor: a test measures the same everywhere.
+// Always offscreen and drawn by the processor, so that measures are the same everywhere.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

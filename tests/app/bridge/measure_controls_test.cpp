@@ -43,7 +43,7 @@ protected:
         EXPECT_EQ(SceneWindow::boxOf(part(button, "face")), w.box(button)) << button.toStdString();
     }
 
-    /// The face's colours as the mouse comes, presses and goes.
+    /// The face's colours as the mouse enters, presses and leaves.
     void expectFaces(const QString& button, const char* usual, const char* hovered, const char* pressed) const {
         const QPoint inside = w.box(button).center().toPoint();
         expectColour(face(button), usual);

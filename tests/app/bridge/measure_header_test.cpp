@@ -89,7 +89,7 @@ TEST_F(MeasureHeaderTest, TheHeaderHasItsFontsAndColours) {
 
 TEST_F(MeasureHeaderTest, TheBadgeIsPaddedRoundedAndTinted) {
     w.choose();
-    // The badge is a whole number of pixels wide, its text need not be.
+    // The badge's width is a whole number of pixels; its text's need not be.
     EXPECT_THAT(m.padding("badge", "badgeText"), ElementsAre(8, 4, AllOf(Ge(8), Lt(9)), 4));
     EXPECT_THAT(m.padding("badge", "badgeFill"), ElementsAre(0, 0, 0, 0));
     EXPECT_EQ(m.property("badgeFill", "radius").toDouble(), 6);

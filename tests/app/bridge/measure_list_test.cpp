@@ -144,7 +144,7 @@ TEST_F(MeasureListTest, TheEdgeOfTheCardIsWholeWhereverTheListIsScrolled) {
     QQuickItem* const list = w.find("projectList");
     const double row = w.box("projectRow").height();
     const QRect card = w.box("listCard").toRect();
-    // A row ends at the lower edge, which its line would thicken; a button crosses the upper edge.
+    // A row ends at the lower edge, which its line would thicken, and a button crosses the upper edge.
     for (const double place : {20 * row - list->height(), 20.5 * row}) {
         list->setProperty("contentY", place);
         const QImage picture = w.window->grabWindow();

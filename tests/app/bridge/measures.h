@@ -16,7 +16,7 @@ inline int symbolSide(double ratio) {
     return 2 * qRound(ratio * systemPixels * symbolToText / 2);
 }
 
-/// Reads off the live scene what an item measures and how it is drawn.
+/// Reads the measures and looks of items from the live scene.
 class Measures {
 public:
     explicit Measures(const SceneWindow& window) : window_(window) {}

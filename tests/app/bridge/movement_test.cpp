@@ -20,7 +20,7 @@ public:
 
     qint64 elapsed() const override { return now_; }
 
-    /// Begins the movements that are due. While nothing moves, the toolkit's time stands at 0.
+    /// Starts the movements that are due. While nothing moves, the toolkit's time is 0.
     void begin() {
         now_ = 0;
         QCoreApplication::processEvents();
@@ -68,7 +68,7 @@ protected:
         w.bridge->sheet()->submitNewName();
     }
 
-    /// Lets every movement end.
+    /// Runs every movement to its end.
     void end() {
         clock->begin();
         clock->move(1000);
@@ -172,7 +172,7 @@ TEST_F(MovementTest, ATurnOfTheSpinnerHasTwentyTwoPictures) {
     EXPECT_EQ(*angles.rbegin(), 360);
 }
 
-/// The style of a system that asks for no movement.
+/// The style of a system that asks for reduced motion.
 class StillStyle final : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
@@ -182,7 +182,7 @@ public:
     }
 };
 
-/// The window where the system asks for no movement.
+/// The window on a system that asks for reduced motion.
 class ReducedMotionTest : public MovementTest {
 protected:
     ReducedMotionTest() {
@@ -225,7 +225,7 @@ TEST_F(ReducedMotionTest, ReturnAfterARenameDoesNothingUntilTheListIsUpdated) {
         for (int turn = 0; turn < turns; ++turn) {
             QCoreApplication::processEvents();
         }
-        // Pressed while the window was busy with the rename. QTest would let more turns pass.
+        // Pressed while the window was busy with the rename. QTest would let more turns of the event loop pass.
         QKeyEvent pressed(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
         QCoreApplication::sendEvent(w.window, &pressed);
         end();

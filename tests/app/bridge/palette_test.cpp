@@ -10,7 +10,7 @@ using testing::expectColour;
 using testing::Measures;
 using testing::SceneWindow;
 
-/// The platform turns dark while the window is open, as desktops do at dusk.
+/// The platform turns dark while the window is open, as some desktops do in the evening.
 class PaletteTest : public ::testing::Test {
 protected:
     ~PaletteTest() override {

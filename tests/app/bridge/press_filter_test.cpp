@@ -11,7 +11,7 @@
 namespace tarvolt {
 namespace {
 
-/// Counts the presses that come through to it.
+/// Counts the presses that reach it.
 class Counter : public QObject {
 public:
     bool event(QEvent* event) override {

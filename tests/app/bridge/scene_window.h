@@ -60,7 +60,7 @@ public:
         }
     }
 
-    /// Chooses the folder, scans it and lets the window come to rest.
+    /// Chooses the folder, scans it and waits until the window is at rest.
     void choose() {
         scene.panel->answer = "/p";
         bridge->selectFolder();
@@ -68,7 +68,7 @@ public:
         settle();
     }
 
-    /// Runs what is due and lets the window come to rest.
+    /// Runs what is due and waits until the window is at rest.
     void settle() {
         scene.settle();
         rest();
@@ -104,7 +104,7 @@ public:
         return found;
     }
 
-    /// What is called `name` inside an item, seen or not.
+    /// The item called `name` inside another, visible or not.
     static QQuickItem* part(QQuickItem* item, const QString& name) {
         for (QQuickItem* child : item->childItems()) {
             if (QQuickItem* found = child->objectName() == name ? child : part(child, name)) {
@@ -143,7 +143,7 @@ public:
     QQuickWindow* window = nullptr;
 
 private:
-    /// The toolkit complains of nothing.
+    /// Fails the test with what the toolkit complains about.
     static void fail(QtMsgType, const QMessageLogContext&, const QString& message) {
         ADD_FAILURE() << "the toolkit says: " << message.toStdString();
     }

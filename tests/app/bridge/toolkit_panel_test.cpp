@@ -46,7 +46,7 @@ protected:
         return folder.filePath(name);
     }
 
-    /// What the panel says about the folder that was typed; nothing while there is nothing to say.
+    /// What the panel says about the typed folder; empty if it says nothing.
     QString refusal() const {
         const auto* label = panel.findChild<QLabel*>(QStringLiteral("refusal"));
         return label == nullptr ? QStringLiteral("no label") : label->text();
@@ -201,7 +201,7 @@ TEST(ToolkitPanelLookTest, ShowsTheEdgesOfItsFieldsAndLists) {
         }
         QApplication::setPalette(palette);
         const testing::SceneWindow w;
-        qInstallMessageHandler(nullptr); // The offscreen platform complains of the panel.
+        qInstallMessageHandler(nullptr); // The offscreen platform complains about the panel.
         ToolkitPanel panel({.message = {}, .prompt = {}}, w.window, &PlatformStyle::verbatim);
         panel.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->clearFocus();
         const QImage picture = panel.grab().toImage();

@@ -13,7 +13,7 @@
 namespace tarvolt {
 namespace {
 
-/// A black box with a red border in an item that lies anywhere, on white.
+/// A black box with a red border, on white, in an item that can be anywhere.
 class SnappedItemTest : public ::testing::Test {
 protected:
     SnappedItemTest() {
@@ -31,13 +31,13 @@ protected:
     void borderIs(double width) { box.setProperty("borderWidth", width); }
     int pixels(double length) const { return static_cast<int>(std::lround(length * window_.devicePixelRatio())); }
 
-    /// The window when the ancestor is so far away from whole pixels.
+    /// A picture of the window with the ancestor this far from whole pixels.
     QImage picture(double x, double y) {
         ancestor_.setPosition(QPointF(10 + x, 10 + y));
         return window_.grabWindow().convertToFormat(QImage::Format_RGB32);
     }
 
-    /// The last column that has a pixel of the colour; -1 for none.
+    /// The last column that has a pixel of this colour, or -1.
     static int rightmost(const QImage& image, const QColor& colour) {
         int last = -1;
         for (int row = 0; row < image.height(); ++row) {
@@ -48,7 +48,7 @@ protected:
         return last;
     }
 
-    /// How many pixels have which colour when the ancestor is so far away from whole ones.
+    /// The number of pixels of each colour with the ancestor this far from whole pixels.
     std::map<QRgb, int> coloursAt(double x, double y) {
         const QImage image = picture(x, y);
         std::map<QRgb, int> colours;

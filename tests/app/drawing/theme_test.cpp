@@ -23,7 +23,7 @@ struct Platform {
 constexpr Platform lightPlatform{0xEFEFEF, 0xFFFFFF, 0x000000};
 constexpr Platform darkPlatform{0x242424, 0x1E1E1E, 0xFFFFFF};
 
-/// What the window looks like on a platform.
+/// The look of the window on a platform.
 class ThemeOf {
 public:
     explicit ThemeOf(const Platform& platform) {
