@@ -10,7 +10,7 @@
 namespace tarvolt {
 
 /// The lines of a scanner's log, newest first. New lines are inserted in the next turn of the event loop, once for all
-/// of a turn. Reads the entries where they are: they are never shortened, and what is new stands before what is known.
+/// of a turn. Reads the entries in place: none is ever removed, and new ones come before those already known.
 /// Main thread.
 class LogModel final : public QAbstractListModel {
     Q_OBJECT
