@@ -121,8 +121,7 @@ void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path&
 
 void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, const OwnItem& newFile) {
     try {
-        // If another process has written to the old file, it holds the only copy of that; if another process has
-        // removed the new file, it holds the only copy of everything.
+        // It holds the only copy of what another process has written to it, and of all if the new file is gone.
         const auto isReplaced = [&] {
             const auto present = fileManager.state(newFile.where);
             return !(present && present->identity == newFile.seen.identity) &&
