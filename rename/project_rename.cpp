@@ -121,7 +121,7 @@ void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path&
 
 void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, const OwnItem& newFile) {
     try {
-        // It holds the only copy of what another process has written to it, and of all if the new file is gone.
+        // The old file is the only copy of what others have written to it, and of everything if the new one is gone.
         const auto isReplaced = [&] {
             const auto present = fileManager.state(newFile.where);
             return !(present && present->identity == newFile.seen.identity) &&
