@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,8 +19,6 @@ namespace {
 
 using namespace tarvolt;
 using tarvolt::benchmarks::linesOf;
-using tarvolt::benchmarks::otherName;
-using tarvolt::benchmarks::projectName;
 
 /// Runs everything at once.
 class ImmediateQueue final : public DispatchQueue {
@@ -42,22 +39,22 @@ void scanBenchmark(benchmark::State& state, const std::string& folder) {
     }
 }
 
-void renameBenchmark(benchmark::State& state, const std::string& folder) {
-    const auto projectNamed = [&](const std::string& name) {
-        const auto start = folder + "/" + name;
-        return MPCProject(name, start + ".xpj", start + std::string(dataFolderSuffix), 0, 0);
-    };
+/// What renames a project in `folder`.
+auto renameIn(const std::string& folder) {
     const auto scanner = makeScanner();
     scanner->folderURL.set(folder);
-    auto present = projectNamed(projectName);
-    auto absent = projectNamed(otherName);
-    for (auto _ : state) {
-        scanner->rename(present, absent.baseName());
-        std::swap(present, absent);
-    }
-    if (present.baseName() == otherName) {
-        scanner->rename(present, projectName);
-    }
+    return [scanner, start = folder + "/"](const std::string& from, const std::string& to) {
+        const std::string path = start + from;
+        scanner->rename(MPCProject(from, path + ".xpj", path + std::string(dataFolderSuffix), 0, 0), to);
+    };
+}
+
+void renameBenchmark(benchmark::State& state, const std::string& folder) {
+    benchmarks::renameThereAndBack(state, renameIn(folder));
+}
+
+void renameOfTwoFormsBenchmark(benchmark::State& state, const std::string& folder) {
+    benchmarks::renameAnew(state, folder, renameIn(folder));
 }
 
 /// The order of the names and the records moved into it, as at the end of a scan. All memory is used again in the next
@@ -106,6 +103,7 @@ int main(int argc, char** argv) {
     return benchmarks::runOperation(argc, argv,
                                     {{"scan", scanBenchmark},
                                      {"rename", renameBenchmark},
+                                     {"rename of two forms", renameOfTwoFormsBenchmark},
                                      {"flushed rename", renameBenchmark},
                                      {"sort", sortBenchmark},
                                      {"filter", filterBenchmark},

@@ -49,10 +49,11 @@ def tree(folder, projects, entries, progress):
 def project(path, name, size, references, accents=0):
     """A folder with one project, whose file has about `size` bytes and so many references, evenly spread.
 
-    Of every 100 other lines `accents` hold accented letters.
+    Of every 100 other lines `accents` hold accented letters. Every second reference is decomposed.
     """
     path.mkdir(parents=True)
     (path / (name + DATA)).mkdir()
+    forms = name, unicodedata.normalize("NFD", name)
     seeded = random.Random(3)
     filler = []
     while sum(map(len, filler)) < min(size, 60_000):
@@ -62,7 +63,7 @@ def project(path, name, size, references, accents=0):
         filler.append(text.encode())
     with open(path / f"{name}.xpj", "wb") as file:
         for number in range(references):
-            file.write(f"  <File>{name}{DATA}/sample {number}.wav</File>\n".encode())
+            file.write(f"  <File>{forms[number % 2]}{DATA}/sample {number}.wav</File>\n".encode())
             while file.tell() < size * (number + 1) // references:
                 file.write(filler[seeded.randrange(len(filler))])
     return path

@@ -3,10 +3,12 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvolt::benchmarks {
@@ -40,9 +42,42 @@ inline std::vector<std::string> linesOf(const std::string& path) {
     return lines;
 }
 
-/// The project that the inputs of a rename contain, and the name it gets and loses again in turn.
+/// The project that the inputs of a rename contain, and the name it gets.
 inline constexpr const char* projectName = "Night Drive";
+inline constexpr const char* accentedName = "Café Noir";
 inline constexpr const char* otherName = "Dawn Patrol";
+
+/// Measures `rename`, a function of the old and the new name, on a project that gets its new name and loses it again in
+/// turn.
+template<class Rename> void renameThereAndBack(benchmark::State& state, const Rename& rename) {
+    std::string present = projectName;
+    std::string absent = otherName;
+    for (auto _ : state) {
+        rename(present, absent);
+        std::swap(present, absent);
+    }
+    if (present == otherName) {
+        rename(present, absent);
+    }
+}
+
+/// Measures `rename` on a project whose references are in two Unicode forms. A rename leaves only one of them, so the
+/// project is made anew each time.
+template<class Rename>
+void renameAnew(benchmark::State& state, const std::filesystem::path& folder, const Rename& rename) {
+    const std::string name = accentedName;
+    const std::string newName = otherName;
+    std::filesystem::copy_file(folder / (name + ".xpj"), folder / "copy");
+    for (auto _ : state) {
+        rename(name, newName);
+        state.PauseTiming();
+        std::filesystem::rename(folder / (newName + "_[ProjectData]"), folder / (name + "_[ProjectData]"));
+        std::filesystem::remove(folder / (newName + ".xpj"));
+        std::filesystem::copy_file(folder / "copy", folder / (name + ".xpj"));
+        state.ResumeTiming();
+    }
+    std::filesystem::remove(folder / "copy");
+}
 
 /// What the list is searched for.
 inline constexpr const char* searchText = "mi";

@@ -15,6 +15,12 @@ void scanFloor(benchmark::State& state, const std::string& folder);
 /// the data folder and removes the old file. With `flushes`, each step is on disk before the next.
 void renameFloor(benchmark::State& state, const std::string& folder, bool flushes);
 
+/// The same, flushed, with all the calls that keep Tarvolt's promises about other programs and interruptions.
+void carefulRenameFloor(benchmark::State& state, const std::string& folder);
+
+/// Like renameFloor, for a project with an accented name. It finds only the references in the name's own Unicode form.
+void renameOfTwoFormsFloor(benchmark::State& state, const std::string& folder);
+
 /// Makes ICU's sort keys of the names in the file `list` and sorts their indices.
 void sortFloor(benchmark::State& state, const std::string& list);
 

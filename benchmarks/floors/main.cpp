@@ -7,6 +7,8 @@ int main(int argc, char** argv) {
     return runOperation(argc, argv,
                         {{"scan", scanFloor},
                          {"rename", [](auto& state, auto& folder) { renameFloor(state, folder, false); }},
+                         {"careful rename", carefulRenameFloor},
+                         {"rename of two forms", renameOfTwoFormsFloor},
                          {"flushed rename", [](auto& state, auto& folder) { renameFloor(state, folder, true); }},
                          {"sort", sortFloor},
                          {"filter", filterFloor}});
