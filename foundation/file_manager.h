@@ -124,16 +124,16 @@ public:
     virtual std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) = 0;
 
     /// Moves an item within one file system and flushes both folders as far as possible. Never replaces anything, not
-    /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. With
-    /// `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError, and the item is then where it
+    /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. An
+    /// item of another identity than `onlyIf` is left alone (EBUSY). Throws FileError, and the item is then where it
     /// was, unless a network drive moved it but lost the replies to the move and to the check that follows a failure.
     virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
-                          std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
+                          const FileIdentity& onlyIf) = 0;
 
     /// Removes the file or link at `path` itself, never a folder or the target of a link, and flushes its folder as far
-    /// as possible. With `onlyIf`, an item of another identity is left alone (EBUSY). Throws FileError when it cannot
-    /// be removed.
-    virtual void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf = std::nullopt) = 0;
+    /// as possible. An item of another identity than `onlyIf` is left alone (EBUSY). Throws FileError when it cannot be
+    /// removed.
+    virtual void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) = 0;
 };
 
 /// The real disk, accessed through POSIX calls and, where the guarantees need them, Linux ones.

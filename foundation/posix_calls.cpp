@@ -60,12 +60,9 @@ Place::Place(const std::filesystem::path& path, const char* call) {
     }
 }
 
-bool Place::holds(const std::optional<FileIdentity>& expected) const {
-    if (!expected) {
-        return true;
-    }
+bool Place::holds(const FileIdentity& identity) const {
     const auto found = state();
-    if (found && found->identity != *expected) {
+    if (found && found->identity != identity) {
         errno = EBUSY; // another process has replaced it
         return false;
     }

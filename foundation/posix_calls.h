@@ -74,8 +74,8 @@ public:
     /// The state of the item, links not followed; absent (and errno set) when there is none.
     std::optional<FileState> state() const { return stateAt(folder(), name()); }
 
-    /// Whether the item exists and has this identity, if one is given. When false, errno says why.
-    bool holds(const std::optional<FileIdentity>& identity) const;
+    /// Whether the item exists and has this identity. When false, errno says why.
+    bool holds(const FileIdentity& identity) const;
 
     /// Flushes the names in the folder to disk. False when that failed; a folder that cannot be opened for reading, or
     /// a file system that has no such call, has not failed.

@@ -118,7 +118,7 @@ public:
     }
 
     void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
-                  std::optional<FileIdentity> onlyIf) override {
+                  const FileIdentity& onlyIf) override {
         const Place source(from, "rename");
         const Place destination(to, "rename");
         const bool leavesItsFolder = from.parent_path() != to.parent_path(); // the last that needs memory
@@ -129,7 +129,7 @@ public:
             0) {
             const int error = errno;
             // A network drive can do the move and lose the reply. An item that has both names has not been moved.
-            if (!onlyIf || !destination.holds(onlyIf) || source.state()) {
+            if (!destination.holds(onlyIf) || source.state()) {
                 throw FileError(error, "rename", from);
             }
         }
@@ -140,7 +140,7 @@ public:
         }
     }
 
-    void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
+    void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) override {
         const Place place(path, "unlink");
         if (!place.holds(onlyIf) || ::unlinkat(place.folder(), place.name(), 0) != 0) {
             throw FileError(errno, "unlink", path);

@@ -6,7 +6,6 @@
 
 #include <exception>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace tarvolt {
@@ -98,9 +97,9 @@ void MPCScanner::scan(Task published) {
                 publish(std::move(self), std::move(found), published);
             }
         });
-    } catch (const std::system_error& error) {
+    } catch (const std::exception& failure) {
         // There is no thread for it: the scan ends like one whose folder cannot be read, so that the user can retry.
-        log(scanErrorText(error), true);
+        log(scanErrorText(failure), true);
         publish(shared_from_this(), {}, std::move(published));
     }
 }

@@ -3,7 +3,6 @@
 #include "app/bridge/qt_text.h"
 #include "app/bridge/tell_once.h"
 #include "app/sections/list_texts.h"
-#include "app/sections/log_texts.h"
 
 #include <QScopeGuard>
 

@@ -1,5 +1,6 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
+#include "tests/support/identity_of.h"
 #include "tests/support/privileges.h"
 #include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
@@ -21,11 +22,14 @@ using ::testing::ElementsAre;
 using testing::SystemCall;
 using testing::TemporaryFolder;
 
+std::optional<long> withoutTheFlag(const SystemCall& call) {
+    return call.arguments[4] != 0 ? std::optional<long>(-EINVAL) : std::nullopt;
+}
+
 class PosixMoving : public ::testing::TestWithParam<bool> {
 protected:
     /// The error of the move, or 0, on a file system with or without support for RENAME_NOREPLACE.
-    int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to,
-                    std::optional<FileIdentity> onlyIf = std::nullopt) {
+    int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to, const FileIdentity& onlyIf) {
         int error = 0;
         const auto move = [&] {
             try {
@@ -42,8 +46,8 @@ protected:
         return error;
     }
 
-    static std::optional<long> withoutTheFlag(const SystemCall& call) {
-        return call.arguments[4] != 0 ? std::optional<long>(-EINVAL) : std::nullopt;
+    int errorOfMove(const std::filesystem::path& from, const std::filesystem::path& to) {
+        return errorOfMove(from, to, testing::identityOf(*disk, from));
     }
 
     const bool knowsTheFlag = GetParam();
@@ -86,9 +90,9 @@ TEST_P(PosixMoving, FailsForAnItemThatHadBothNamesBefore) {
     folder.write("file", "2");
     std::filesystem::create_hard_link(folder / "file", folder / "same file");
     const auto before = folder.tree();
-    EXPECT_EQ(errorOfMove(folder / "data", folder / "data", disk->state(folder / "data")->identity), EEXIST);
+    EXPECT_EQ(errorOfMove(folder / "data", folder / "data"), EEXIST);
     SKIP_WHERE_CALLS_CANNOT_BE_ANSWERED();
-    EXPECT_EQ(errorOfMove(folder / "file", folder / "same file", disk->state(folder / "file")->identity), EEXIST);
+    EXPECT_EQ(errorOfMove(folder / "file", folder / "same file"), EEXIST);
     EXPECT_EQ(folder.tree(), before);
 }
 
@@ -138,7 +142,7 @@ class PosixMovingCalls : public ::testing::Test {
 protected:
     int errorOfMove() const {
         try {
-            disk->moveItem(folder / "from", folder / "to");
+            disk->moveItem(folder / "from", folder / "to", testing::identityOf(*disk, folder / "from"));
         } catch (const FileError& failure) {
             return failure.code().value();
         }
@@ -152,6 +156,7 @@ protected:
 TEST_F(PosixMovingCalls, FlushEachFolderOnceAfterTheMoveAndIgnoreFailuresOfThat) {
     folder.write("a/from", "1");
     folder.makeFolder("b");
+    const auto item = testing::identityOf(*disk, folder / "a/from");
     std::vector<std::string> trace;
     const auto noting = [&](const SystemCall& call) -> std::optional<long> {
         if (call.number != SYS_fsync) {
@@ -162,8 +167,8 @@ TEST_F(PosixMovingCalls, FlushEachFolderOnceAfterTheMoveAndIgnoreFailuresOfThat)
         return -EIO;
     };
     if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_renameat, SYS_fsync}, noting, [&] {
-            disk->moveItem(folder / "a/from", folder / "b/to");
-            disk->moveItem(folder / "b/to", folder / "b/there");
+            disk->moveItem(folder / "a/from", folder / "b/to", item);
+            disk->moveItem(folder / "b/to", folder / "b/there", item);
         })) {
         GTEST_SKIP() << *reason;
     }
@@ -177,10 +182,9 @@ TEST_F(PosixMovingCalls, SucceedWhenOnlyTheirReplyIsLost) {
                   call.arguments[4]);
         return -EIO;
     };
-    const auto item = disk->state(folder / "from");
-    ASSERT_TRUE(item);
+    const auto item = testing::identityOf(*disk, folder / "from");
     if (const auto reason = testing::withCallsAnswered({SYS_renameat2, SYS_renameat}, losingTheAnswer, [&] {
-            EXPECT_NO_THROW(disk->moveItem(folder / "from", folder / "to", item->identity));
+            EXPECT_NO_THROW(disk->moveItem(folder / "from", folder / "to", item));
         })) {
         GTEST_SKIP() << *reason;
     }
@@ -191,8 +195,9 @@ TEST_F(PosixMovingCalls, FallBackOnEachErrorThatMeansTheFlagIsUnknown) {
     for (const int error : {EINVAL, ENOSYS, EOPNOTSUPP}) {
         const auto from = folder.write("from", "1");
         const auto to = folder / std::to_string(error);
+        const auto item = testing::identityOf(*disk, from);
         if (const auto reason = testing::withCallsAnswered({SYS_renameat2}, testing::refuseWith(error),
-                                                           [&] { EXPECT_NO_THROW(disk->moveItem(from, to)); })) {
+                                                           [&] { EXPECT_NO_THROW(disk->moveItem(from, to, item)); })) {
             GTEST_SKIP() << *reason;
         }
         EXPECT_EQ(testing::readFile(to), "1") << error;
@@ -204,8 +209,10 @@ TEST_F(PosixMovingCalls, DoNotFallBackWhenTheDestinationCannotBeExamined) {
     folder.write("to", "2");
     int error = 0;
     const auto answer = [](const SystemCall& call) -> std::optional<long> {
-        return call.number == SYS_renameat2 ? call.arguments[4] != 0 ? std::optional<long>(-EINVAL) : std::nullopt
-                                            : std::optional<long>(-EIO);
+        if (call.number == SYS_renameat2) {
+            return withoutTheFlag(call);
+        }
+        return call.text(1) == "to" ? std::optional<long>(-EIO) : std::nullopt;
     };
     if (const auto reason =
             testing::withCallsAnswered({SYS_renameat2, SYS_newfstatat}, answer, [&] { error = errorOfMove(); })) {

@@ -1,6 +1,7 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/file_contents.h"
+#include "tests/support/identity_of.h"
 #include "tests/support/privileges.h"
 #include "tests/support/temporary_folder.h"
 
@@ -21,7 +22,11 @@ using testing::TemporaryFolder;
 
 class PosixRemoval : public ::testing::Test {
 protected:
-    int errorOfRemoval(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf = std::nullopt) const {
+    int errorOfRemoval(const std::filesystem::path& path) const {
+        return errorOfRemoval(path, testing::identityOf(*disk, path));
+    }
+
+    int errorOfRemoval(const std::filesystem::path& path, const FileIdentity& onlyIf) const {
         try {
             disk->removeItem(path, onlyIf);
         } catch (const FileError& failure) {

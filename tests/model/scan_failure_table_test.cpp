@@ -88,14 +88,14 @@ const Row rows[] = {
      .log = {none, "! Scan error: The folder \"p\" could not be read: Permission denied"},
      .traffic = {listedIt}},
     {.fact = "AFolderThatIsGoneIsAnErrorLineAndThenNoProjects",
-     .onFake = [](FakeFileManager& disk) { disk.moveItem("/p", "/q", std::nullopt); },
+     .onFake = [](FakeFileManager& disk) { disk.relocate("/p", "/q"); },
      .onDisk = [](const TemporaryFolder& folder) { std::filesystem::rename(folder / "p", folder / "q"); },
      .log = {none, "! Scan error: The folder \"p\" could not be read: No such file or directory"},
      .traffic = {listedIt}},
     {.fact = "AFileChosenAsAFolderIsAnErrorLineAndThenNoProjects",
      .onFake =
          [](FakeFileManager& disk) {
-             disk.moveItem("/p", "/q", std::nullopt);
+             disk.relocate("/p", "/q");
              disk.addFile("/p", "text");
          },
      .onDisk =

@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <functional>
 #include <string>
-#include <utility>
 
 namespace tarvolt {
 namespace {
@@ -97,7 +96,7 @@ TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneHasBeenReplaced) {
 }
 
 TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsGone) {
-    EXPECT_EQ(rename("state /p/Beat.xpj", [&] { disk.removeItem("/p/Beat.xpj", std::nullopt); }),
+    EXPECT_EQ(rename("state /p/Beat.xpj", [&] { disk.lose("/p/Beat.xpj"); }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat_[ProjectData]/", "/p/Song.xpj=Song_[ProjectData]"));
 }
@@ -113,7 +112,7 @@ TEST_F(Meddling, KeepsTheOldFileWhenTheNewOneIsGoneAndTheOldOneCannotBeExamined)
     EXPECT_EQ(rename("state /p/Song.xpj",
                      [&, looks = 0]() mutable {
                          if (++looks == 2) {
-                             disk.removeItem("/p/Beat.xpj", std::nullopt);
+                             disk.lose("/p/Beat.xpj");
                          }
                      }),
               "Failed to delete: Could not remove old .xpj: Input/output error");
@@ -141,7 +140,7 @@ TEST_F(Meddling, DoesNotMoveADataFolderThatCannotBeExamined) {
 }
 
 TEST_F(Meddling, DoesNotMoveWhatAppearsAtTheDataFoldersPathWhereNothingWas) {
-    disk.moveItem("/p/Song_[ProjectData]", "/p/away", std::nullopt);
+    disk.relocate("/p/Song_[ProjectData]", "/p/away");
     EXPECT_EQ(rename("create", [&] { disk.addFolder("/p/Song_[ProjectData]"); }),
               "Failed to write file: Could not rename data folder: Device or resource busy");
     EXPECT_THAT(disk.disk(),
@@ -150,19 +149,14 @@ TEST_F(Meddling, DoesNotMoveWhatAppearsAtTheDataFoldersPathWhereNothingWas) {
 
 TEST_F(Meddling, KeepsTheNewFileWhenTheFolderHasItsNewNameAlthoughTheMoveFailed) {
     // As on a network drive that does the move and loses the reply.
-    EXPECT_EQ(rename("move",
-                     [&, isDone = false]() mutable {
-                         if (!std::exchange(isDone, true)) {
-                             disk.moveItem("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]", std::nullopt);
-                         }
-                     }),
+    EXPECT_EQ(rename("move", [&] { disk.relocate("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]"); }),
               "Failed to write file: Could not rename data folder: No such file or directory");
     EXPECT_THAT(disk.disk(), ElementsAre("/p/", "/p/Beat.xpj=Beat_[ProjectData]", "/p/Beat_[ProjectData]/",
                                          "/p/Song.xpj=Song_[ProjectData]"));
 }
 
 TEST_F(Meddling, ReportsAnOldFileThatIsGoneBeforeItsRemoval) {
-    EXPECT_EQ(rename("move", [&] { disk.removeItem("/p/Song.xpj", std::nullopt); }),
+    EXPECT_EQ(rename("move", [&] { disk.lose("/p/Song.xpj"); }),
               "Failed to delete: Could not remove old .xpj: No such file or directory");
 }
 

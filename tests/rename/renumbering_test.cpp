@@ -150,7 +150,7 @@ TEST_F(Renumbering, LeavesAnOldFileAloneThatGrowsWhileItIsCompared) {
 
 TEST_F(Renumbering, KnowsTheDataFolderAtItsNewPathAlthoughTheMoveFailed) {
     const auto meddle = [&] {
-        disk.moveItem("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]", std::nullopt);
+        disk.relocate("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]");
         renumber();
     };
     EXPECT_EQ(rename("move", meddle), "Failed to write file: Could not rename data folder: No such file or directory");

@@ -56,6 +56,21 @@ void FakeFileManager::renumber(const std::string& path) {
     }
 }
 
+void FakeFileManager::lose(const std::string& path) {
+    const Guard guard(mutex_);
+    items_.erase(path);
+}
+
+void FakeFileManager::relocate(const std::string& from, const std::string& to) {
+    const Guard guard(mutex_);
+    Items moved;
+    for (const auto& [path, placed] : items_) {
+        const bool inside = path == from || path.starts_with(from + "/");
+        moved[inside ? to + path.substr(from.size()) : path] = placed;
+    }
+    items_ = std::move(moved);
+}
+
 std::vector<std::string> FakeFileManager::traffic() const {
     const Guard guard(mutex_);
     return traffic_;
@@ -182,10 +197,9 @@ std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& p
                      .changed = item.fakeDate ? static_cast<std::uint64_t>(*item.fakeDate) : serial};
 }
 
-void FakeFileManager::expect(const char* call, const std::filesystem::path& path,
-                             const std::optional<FileIdentity>& onlyIf) const {
+void FakeFileManager::expect(const char* call, const std::filesystem::path& path, const FileIdentity& onlyIf) const {
     const auto found = stateOf(path);
-    if (!found || (onlyIf && found->identity != *onlyIf)) {
+    if (!found || found->identity != onlyIf) {
         throw FileError(found ? EBUSY : ENOENT, call, path);
     }
 }
@@ -215,7 +229,7 @@ std::optional<FileState> FakeFileManager::createFile(const std::filesystem::path
 }
 
 void FakeFileManager::moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
-                               std::optional<FileIdentity> onlyIf) {
+                               const FileIdentity& onlyIf) {
     const Guard guard(mutex_);
     if (const int error = begin("move", from.native() + " -> " + to.native())) {
         throw FileError(error, "rename", from);
@@ -224,25 +238,19 @@ void FakeFileManager::moveItem(const std::filesystem::path& from, const std::fil
     if (find(to.native(), false) != nullptr || !isInAFolder(to)) {
         throw FileError(isInAFolder(to) ? EEXIST : ENOENT, "rename", from);
     }
-    Items moved;
-    for (const auto& [path, placed] : items_) {
-        const bool inside = path == from.native() || path.starts_with(from.native() + "/");
-        moved[inside ? to.native() + path.substr(from.native().size()) : path] = placed;
-    }
-    items_ = std::move(moved);
+    relocate(from.native(), to.native());
 }
 
-void FakeFileManager::removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) {
+void FakeFileManager::removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) {
     const Guard guard(mutex_);
     if (const int error = begin("remove", path.native())) {
         throw FileError(error, "unlink", path);
     }
     expect("unlink", path, onlyIf);
-    const auto found = items_.find(path.native());
-    if (found->second.item.kind == Kind::folder) {
+    if (find(path.native(), false)->kind == Kind::folder) {
         throw FileError(EISDIR, "unlink", path);
     }
-    items_.erase(found);
+    lose(path.native());
 }
 
 } // namespace tarvolt::testing

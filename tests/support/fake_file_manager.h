@@ -49,6 +49,10 @@ public:
     /// it.
     void renumber(const std::string& path);
 
+    // What another program does; these calls are not recorded and cannot fail.
+    void lose(const std::string& path);
+    void relocate(const std::string& from, const std::string& to);
+
     /// Reported as the dates of files that are created from now on.
     std::optional<std::int64_t> dateOfNewFiles;
 
@@ -67,8 +71,8 @@ public:
     std::optional<FileContents> contents(const std::filesystem::path& path) const override;
     std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override;
     void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
-                  std::optional<FileIdentity> onlyIf) override;
-    void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override;
+                  const FileIdentity& onlyIf) override;
+    void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) override;
 
 private:
     struct Placed {
@@ -85,7 +89,7 @@ private:
     Item& add(const std::string& path, Kind kind);
     /// Records the call and returns the error it is to fail with, or 0.
     int begin(const std::string& operation, const std::string& rest) const;
-    void expect(const char* call, const std::filesystem::path& path, const std::optional<FileIdentity>& onlyIf) const;
+    void expect(const char* call, const std::filesystem::path& path, const FileIdentity& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;
     static std::optional<std::int64_t> sizeOf(const Item& item);
     std::optional<FileState> stateOf(const std::filesystem::path& path) const;

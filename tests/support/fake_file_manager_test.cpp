@@ -3,6 +3,7 @@
 
 #include "foundation/file_manager.h"
 #include "tests/support/file_contents.h"
+#include "tests/support/identity_of.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -58,10 +59,12 @@ protected:
         return errorOf([&] { disk->contentsOfDirectory(path(name), links, Sizes::ask, [](const DirectoryEntry&) {}); });
     }
     int errorOfMove(const std::string& from, const std::string& to, std::optional<FileIdentity> onlyIf = {}) {
-        return errorOf([&] { disk->moveItem(path(from), path(to), onlyIf); });
+        const auto item = onlyIf.value_or(testing::identityOf(*disk, path(from)));
+        return errorOf([&] { disk->moveItem(path(from), path(to), item); });
     }
     int errorOfRemoval(const std::string& name, std::optional<FileIdentity> onlyIf = {}) {
-        return errorOf([&] { disk->removeItem(path(name), onlyIf); });
+        const auto item = onlyIf.value_or(testing::identityOf(*disk, path(name)));
+        return errorOf([&] { disk->removeItem(path(name), item); });
     }
 
     const bool inMemory = GetParam();

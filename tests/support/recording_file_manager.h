@@ -42,11 +42,11 @@ public:
         return disk_->createFile(path, contents);
     }
     void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
-                  std::optional<FileIdentity> onlyIf) override {
+                  const FileIdentity& onlyIf) override {
         note("move " + from.native() + " -> " + to.native());
         disk_->moveItem(from, to, onlyIf);
     }
-    void removeItem(const std::filesystem::path& path, std::optional<FileIdentity> onlyIf) override {
+    void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) override {
         note("remove " + path.native());
         disk_->removeItem(path, onlyIf);
     }

@@ -496,7 +496,7 @@ TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereAHiddenSearchHidesTheNe
 TEST_F(KeyboardTest, AfterTheRescanTheFocusIsOnNoRowWhereTheProjectHasGone) {
     choose(3);
     renameRow(0, "Zebra");
-    w.scene.disk->removeItem("/p/Zebra.xpj", std::nullopt);
+    w.scene.disk->lose("/p/Zebra.xpj");
     passRescan();
     EXPECT_EQ(w.focused(), "projectList");
     EXPECT_FALSE(w.findAll("listFocus").empty());
@@ -587,7 +587,7 @@ TEST_F(KeyboardTest, TheFocusReturnsToASearchFieldThatAScanHid) {
 TEST_F(KeyboardTest, TheFocusLeavesASearchFieldThatDoesNotComeBack) {
     choose(6);
     w.find("searchField")->forceActiveFocus();
-    w.scene.disk->removeItem("/p/Song 0.xpj", std::nullopt);
+    w.scene.disk->lose("/p/Song 0.xpj");
     w.bridge->rescan();
     w.settle();
     ASSERT_TRUE(w.findAll("searchField").empty());

@@ -60,7 +60,7 @@ TEST_F(MeasureSearchTest, TheSearchBarAppearsWithTheSixthProject) {
     w.settle();
     EXPECT_EQ(w.findAll("projectRow").size(), 1U);
     EXPECT_EQ(m.text("badgeText"), "6 projects");
-    w.scene.disk->removeItem("/p/one more.xpj", std::nullopt);
+    w.scene.disk->lose("/p/one more.xpj");
     w.bridge->rescan();
     w.settle();
     EXPECT_TRUE(w.findAll("searchBar").empty());
