@@ -20,17 +20,18 @@ template<class Unit> bool isAscii(const Unit* text, std::size_t length) {
 }
 
 bool hasTurkicCaseRules(std::string_view locale) {
-    const std::string_view language = locale.substr(0, locale.find_first_of("_-@"));
-    return language == "tr" || language == "az";
+    // This is asked for every name.
+    return (locale.starts_with("tr") || locale.starts_with("az")) &&
+           std::min(locale.find_first_of("_-@"), locale.size()) == 2;
 }
 
 bool asciiContains(std::string_view text, std::string_view search, bool turkic) {
     // In Turkish, I is not the capital of i, and the small letter that belongs to it is not in ASCII.
-    const auto folded = [turkic](char letter) {
-        const bool isUpper = letter >= 'A' && letter <= 'Z' && !(turkic && letter == 'I');
-        return isUpper ? static_cast<char>(letter - 'A' + 'a') : letter;
+    const auto equal = [turkic](char a, char b) {
+        constexpr int caseBit = 'a' - 'A';
+        const int small = a | caseBit;
+        return a == b || ((a ^ b) == caseBit && small >= 'a' && small <= 'z' && !(turkic && small == 'i'));
     };
-    const auto equal = [&](char a, char b) { return folded(a) == folded(b); };
     return std::search(text.begin(), text.end(), search.begin(), search.end(), equal) != text.end();
 }
 
