@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cctype>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,16 @@ TEST(LocalizedCaseInsensitiveContains, IgnoresCase) {
     EXPECT_TRUE(contains("\u00c9TUDE", "\u00e9tude"));
     EXPECT_TRUE(contains("\u039f\u03b4\u03cc\u03c2", "\u039f\u0394\u038c\u03a3"));
     EXPECT_FALSE(contains("My song 2", "songs"));
+}
+
+TEST(LocalizedCaseInsensitiveContains, PairsAsciiCharactersOnlyIfTheyAreTheSameLetter) {
+    for (int one = 0; one < 0x80; ++one) {
+        for (int other = 0; other < 0x80; ++other) {
+            const bool same = one == other || (std::isalpha(one) != 0 && std::tolower(one) == std::tolower(other));
+            EXPECT_EQ(contains(std::string(1, static_cast<char>(one)), std::string(1, static_cast<char>(other))), same)
+                << one << " and " << other;
+        }
+    }
 }
 
 TEST(LocalizedCaseInsensitiveContains, UsesFullCaseFolding) {
