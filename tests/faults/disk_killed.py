@@ -9,14 +9,10 @@ Where the file system cannot be had, it says why and is skipped (exit status 77)
 """
 
 import os
-import shutil
 import sys
-import tempfile
 
-from disks import Disk
-from processes import Unavailable
-from rename_case import DATA, NEW, OLD, Run, clean_state, fill, verdict
-from traced import SKIPPED
+from disks import Disk, report
+from rename_case import DATA, NEW, OLD, Run, clean_state, fill
 
 UNMOVED = "Failed to write file: Could not rename data folder: "
 # The states that each message allows.
@@ -82,23 +78,16 @@ def faults_of(programs, disk, shim):
     return faults, kills[:-1]
 
 
-def tried(programs, disk):
-    if not faults_of(programs, disk, "stop,early-name")[0]:
-        sys.exit("the planted fault early-name went unnoticed: this check finds nothing")
-    faults, kills = faults_of(programs, disk, "stop")
+def tried(programs, name, work):
+    with Disk(name, work) as disk:
+        if not faults_of(programs, disk, "stop,early-name")[0]:
+            sys.exit("the planted fault early-name went unnoticed: this check finds nothing")
+        faults, kills = faults_of(programs, disk, "stop")
     hidden = {start: sum(any(item.startswith(start) for item in kill.items) for kill in kills) for start in HIDDEN}
-    return faults, (f"{disk.name}: {len(kills)} kills of the file system, {sum(bool(kill.damage) for kill in kills)} "
+    return faults, (f"{name}: {len(kills)} kills of the file system, {sum(bool(kill.damage) for kill in kills)} "
                     f"damaged images, states {' '.join(str(kill.state) for kill in kills)}, hidden files {hidden}")
 
 
 if __name__ == "__main__":
     PROGRAMS, NAME = sys.argv[1:]
-    WORK = tempfile.mkdtemp(prefix="tarvolt-killed-")
-    try:
-        with Disk(NAME, WORK) as DISK:
-            verdict(*tried(PROGRAMS, DISK))
-    except Unavailable as REASON:
-        print(f"skipped: {NAME} cannot be had here ({REASON})")
-        sys.exit(SKIPPED)
-    finally:
-        shutil.rmtree(WORK)
+    report(NAME, lambda work: tried(PROGRAMS, NAME, work))

@@ -6,10 +6,15 @@ reason.
 
 import contextlib
 import os
+import shutil
 import subprocess
+import sys
+import tempfile
 
 from loopback_server import Server
 from processes import PATIENCE, Unavailable, run, started, wait_for
+from rename_case import verdict
+from traced import SKIPPED
 
 MADE_BY = {
     "ext4": (64, ["mkfs.ext4", "-q", "-i", "4096"]),
@@ -151,3 +156,16 @@ class Disk:
             self.end_process()
         if self.server:
             self.server.stop()
+
+
+def report(name, tried):
+    """Ends the driver with the verdict on what `tried` finds, given a folder for its disks. Where `name` cannot be had,
+    says why and is skipped."""
+    work = tempfile.mkdtemp(prefix="tarvolt-disks-")
+    try:
+        verdict(*tried(work))
+    except Unavailable as reason:
+        print(f"skipped: {name} cannot be had here ({reason})")
+        sys.exit(SKIPPED)
+    finally:
+        shutil.rmtree(work)

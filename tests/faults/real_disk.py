@@ -8,19 +8,15 @@ Where the file system cannot be had, it says why and is skipped (exit status 77)
 """
 
 import os
-import shutil
 import subprocess
 import sys
-import tempfile
 
 import every_call_fails
 import killed
 import races
 import short_transfers
-from disks import Disk
-from processes import Unavailable
-from rename_case import Folder, tree, verdict
-from traced import SKIPPED
+from disks import Disk, report
+from rename_case import Folder, tree
 
 # File systems that keep no permissions, and the rows of the tables that need some.
 OPEN_TO_ALL = ("exfat", "ntfs")
@@ -105,19 +101,15 @@ def misses_planted_faults(programs, work):
         return None if changed_by_the_remount(forgetful) else "a disk that forgets"
 
 
+def checked(programs, core_tests, name, work):
+    planted = misses_planted_faults(programs, work)
+    if planted:
+        sys.exit(f"the planted fault {planted} went unnoticed: this check finds nothing")
+    with Disk(name, work) as disk, disk.mounted():
+        Folder.home, Folder.ended = disk.folder, {}
+        return tried(programs, core_tests, disk)
+
+
 if __name__ == "__main__":
     PROGRAMS, NAME, CORE_TESTS = sys.argv[1:]
-    WORK = tempfile.mkdtemp(prefix="tarvolt-disk-")
-    try:
-        PLANTED = misses_planted_faults(PROGRAMS, WORK)
-        if PLANTED:
-            sys.exit(f"the planted fault {PLANTED} went unnoticed: this check finds nothing")
-        with Disk(NAME, WORK) as DISK, DISK.mounted():
-            Folder.home, Folder.ended = DISK.folder, {}
-            RESULT = tried(PROGRAMS, CORE_TESTS, DISK)
-        verdict(*RESULT)
-    except Unavailable as REASON:
-        print(f"skipped: {NAME} cannot be had here ({REASON})")
-        sys.exit(SKIPPED)
-    finally:
-        shutil.rmtree(WORK)
+    report(NAME, lambda work: checked(PROGRAMS, CORE_TESTS, NAME, work))

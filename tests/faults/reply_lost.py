@@ -11,17 +11,16 @@ Where there is no sshfs or no tracer, it says why and is skipped (exit status 77
 import contextlib
 import itertools
 import os
-import shutil
 import subprocess
 import sys
 import tempfile
 
 from disk_killed import ALLOWED, UNMOVED, fitting
-from disks import Disk
+from disks import Disk, report
 from loopback_server import descendants
-from processes import Unavailable, started, wait_for
-from rename_case import Run, clean_state, fill, verdict
-from traced import SKIPPED, side_by_side
+from processes import started, wait_for
+from rename_case import Run, clean_state, fill
+from traced import side_by_side
 
 # The states that each message allows. A folder whose move was not answered has been moved.
 ANY_REPLY = {**ALLOWED, UNMOVED: [1, 2, 3]}
@@ -89,12 +88,4 @@ def tried(programs, work):
 
 
 if __name__ == "__main__":
-    PROGRAMS = sys.argv[1]
-    WORK = tempfile.mkdtemp(prefix="tarvolt-reply-")
-    try:
-        verdict(*tried(PROGRAMS, WORK))
-    except Unavailable as REASON:
-        print(f"skipped: sshfs or strace cannot be had here ({REASON})")
-        sys.exit(SKIPPED)
-    finally:
-        shutil.rmtree(WORK)
+    report("sshfs or strace", lambda work: tried(sys.argv[1], work))

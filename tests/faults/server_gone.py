@@ -12,17 +12,15 @@ Where there is no sshfs, it says why and is skipped (exit status 77).
 import contextlib
 import itertools
 import os
-import shutil
 import signal
 import sys
 import tempfile
 import threading
 
 from disk_killed import fitting
-from disks import Disk
-from processes import Unavailable
-from rename_case import NEW, OLD, Run, clean_state, fill, verdict
-from traced import SKIPPED, side_by_side
+from disks import Disk, report
+from rename_case import NEW, OLD, Run, clean_state, fill
+from traced import side_by_side
 
 WAIT = 0.1  # seconds for which a call waits in vain
 RENAME, SCAN = (OLD, NEW), ()
@@ -110,12 +108,4 @@ def tried(programs, work):
 
 
 if __name__ == "__main__":
-    PROGRAMS = sys.argv[1]
-    WORK = tempfile.mkdtemp(prefix="tarvolt-server-")
-    try:
-        verdict(*tried(PROGRAMS, WORK))
-    except Unavailable as REASON:
-        print(f"skipped: sshfs cannot be had here ({REASON})")
-        sys.exit(SKIPPED)
-    finally:
-        shutil.rmtree(WORK)
+    report("sshfs", lambda work: tried(sys.argv[1], work))
