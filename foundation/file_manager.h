@@ -56,6 +56,7 @@ struct FileState {
         return one.identity == other.identity && one.size == other.size && one.modified == other.modified &&
                one.modifiedNanoseconds == other.modifiedNanoseconds;
     }
+    friend bool operator==(const FileState& state, const FileIdentity& identity) { return state.identity == identity; }
 
     /// Whether only the number has changed. User-space file systems may number an item anew once the system has
     /// forgotten it.
@@ -131,9 +132,9 @@ public:
                           const FileIdentity& onlyIf) = 0;
 
     /// Removes the file or link at `path` itself, never a folder or the target of a link, and flushes its folder as far
-    /// as possible. An item of another identity than `onlyIf` is left alone (EBUSY). Throws FileError when it cannot be
+    /// as possible. An item in another state than `onlyIf` is left alone (EBUSY). Throws FileError when it cannot be
     /// removed.
-    virtual void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) = 0;
+    virtual void removeItem(const std::filesystem::path& path, const FileState& onlyIf) = 0;
 };
 
 /// The real disk, accessed through POSIX calls and, where the guarantees need them, Linux ones.

@@ -60,15 +60,6 @@ Place::Place(const std::filesystem::path& path, const char* call) {
     }
 }
 
-bool Place::holds(const FileIdentity& identity) const {
-    const auto found = state();
-    if (found && found->identity != identity) {
-        errno = EBUSY; // another process has replaced it
-        return false;
-    }
-    return found.has_value();
-}
-
 bool Place::synchroniseFolder() const {
     return !isReadable_ || synchronise(folder_);
 }

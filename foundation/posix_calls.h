@@ -74,8 +74,15 @@ public:
     /// The state of the item, links not followed; absent (and errno set) when there is none.
     std::optional<FileState> state() const { return stateAt(folder(), name()); }
 
-    /// Whether the item exists and has this identity. When false, errno says why.
-    bool holds(const FileIdentity& identity) const;
+    /// Whether the item exists and is still what was seen, a FileIdentity or a FileState. When false, errno says why.
+    template<class Seen> bool holds(const Seen& seen) const {
+        const auto found = state();
+        if (found && *found != seen) {
+            errno = EBUSY; // another process has replaced it or written to it
+            return false;
+        }
+        return found.has_value();
+    }
 
     /// Flushes the names in the folder to disk. False when that failed; a folder that cannot be opened for reading, or
     /// a file system that has no such call, has not failed.

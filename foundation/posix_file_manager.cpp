@@ -140,7 +140,7 @@ public:
         }
     }
 
-    void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) override {
+    void removeItem(const std::filesystem::path& path, const FileState& onlyIf) override {
         const Place place(path, "unlink");
         if (!place.holds(onlyIf) || ::unlinkat(place.folder(), place.name(), 0) != 0) {
             throw FileError(errno, "unlink", path);

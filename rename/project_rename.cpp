@@ -39,22 +39,26 @@ bool contains(const FileManager& fileManager, const path& file, const FileManage
     return isSame && rest.empty();
 }
 
-/// Whether `present` is the item under another number. Dates may be whole seconds, so for a file the text decides.
-bool isRenumbered(const FileManager& fileManager, const OwnItem& item, const std::optional<FileState>& present) {
-    return present && item.seen.isRenumbered(*present) &&
-           (item.text == nullptr || contains(fileManager, item.where, *item.text));
+/// Whether `present` is still the item. The number of a removed file is soon given to another one, and dates may be
+/// whole seconds. So where number, size and date are not all as they were, the text of a file decides.
+bool isStill(const FileManager& fileManager, const OwnItem& item, const std::optional<FileState>& present) {
+    if (!present || present == item.seen) {
+        return present.has_value();
+    }
+    const bool maybe = present->identity == item.seen.identity || item.seen.isRenumbered(*present);
+    return maybe && (item.text == nullptr || contains(fileManager, item.where, *item.text));
 }
 
-/// Calls `act` with the identity of the item: first the one it was seen with and, if it is busy, the one it has now.
+/// Calls `act` with the state of the item: first the one it was seen in and, if it is busy, the one it is in now.
 template<class Act> void actOn(const FileManager& fileManager, const OwnItem& item, Act act) {
     try {
-        act(item.seen.identity);
+        act(item.seen);
     } catch (const FileError& failure) {
         const auto present = failure.code().value() == EBUSY ? fileManager.state(item.where) : std::nullopt;
-        if (!isRenumbered(fileManager, item, present)) {
+        if (!isStill(fileManager, item, present)) {
             throw;
         }
-        act(present->identity);
+        act(*present);
     }
 }
 
@@ -103,7 +107,7 @@ void rollBack(FileManager& fileManager, const OwnItem& folder, const path& to, c
               const std::exception& moveFailure) {
     try {
         if (!hasMovedAnyway(fileManager, folder, to, moveFailure)) {
-            actOn(fileManager, newFile, [&](auto identity) { fileManager.removeItem(newFile.where, identity); });
+            actOn(fileManager, newFile, [&](const auto& state) { fileManager.removeItem(newFile.where, state); });
         }
     } catch (const std::exception&) {
         // The message is about the failed move. The old project is whole, with or without the new file beside it.
@@ -112,7 +116,7 @@ void rollBack(FileManager& fileManager, const OwnItem& folder, const path& to, c
 
 void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path& to, const OwnItem& newFile) {
     try {
-        actOn(fileManager, folder, [&](auto identity) { fileManager.moveItem(folder.where, to, identity); });
+        actOn(fileManager, folder, [&](const auto& state) { fileManager.moveItem(folder.where, to, state.identity); });
     } catch (const std::exception& moveFailure) {
         rollBack(fileManager, folder, to, newFile, moveFailure);
         throw moveFailed(moveFailure);
@@ -122,17 +126,13 @@ void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path&
 void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, const OwnItem& newFile) {
     try {
         // The old file is the only copy of what others have written to it, and of everything if the new one is gone.
-        const auto isReplaced = [&] {
-            const auto present = fileManager.state(newFile.where);
-            return !(present && present->identity == newFile.seen.identity) &&
-                   !isRenumbered(fileManager, newFile, present);
-        };
         const auto present = fileManager.state(oldFile.where);
-        if ((present && present != oldFile.seen && !isRenumbered(fileManager, oldFile, present)) || isReplaced()) {
+        if ((present && !isStill(fileManager, oldFile, present)) ||
+            !isStill(fileManager, newFile, fileManager.state(newFile.where))) {
             throw FileError(EBUSY, "unlink", oldFile.where);
         }
         actOn(fileManager, {oldFile.where, present.value_or(nothing), oldFile.text},
-              [&](auto identity) { fileManager.removeItem(oldFile.where, identity); });
+              [&](const auto& state) { fileManager.removeItem(oldFile.where, state); });
     } catch (const std::exception& failure) {
         // Nothing is rolled back: the project is whole under its new name, and the old file does no harm.
         throw RenameError::deleteFailed("Could not remove old .xpj: " + reason(failure));

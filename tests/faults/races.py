@@ -28,8 +28,8 @@ def make_new_file(folder):
 
 def replace_new_file(folder):
     if os.path.lexists(f"{folder.projects}/{NEW}.xpj"):
-        write(f"{folder.path}/draft", FOREIGN)
-        os.replace(f"{folder.path}/draft", f"{folder.projects}/{NEW}.xpj")
+        os.remove(f"{folder.projects}/{NEW}.xpj")
+        write(f"{folder.projects}/{NEW}.xpj", FOREIGN)  # which often gets the number of the one removed
 
 
 def replace_new_file_before_the_roll_back(folder):

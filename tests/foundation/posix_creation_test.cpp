@@ -460,7 +460,7 @@ TEST(PosixCreationByName, IdentifiesTheFileOnAFileSystemThatNumbersNames) {
     if (const auto reason = testing::withCallsAnswered({SYS_openat, SYS_newfstatat}, numberingNames, [&] {
             const auto created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
             ASSERT_TRUE(created);
-            disk->removeItem(folder / "New.xpj", created->identity);
+            disk->removeItem(folder / "New.xpj", *created);
         })) {
         GTEST_SKIP() << *reason;
     }

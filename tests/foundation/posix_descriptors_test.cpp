@@ -1,7 +1,7 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/file_contents.h"
-#include "tests/support/identity_of.h"
+#include "tests/support/state_of.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -37,8 +37,8 @@ TEST(PosixDescriptors, AreClosedInStartedPrograms) {
         EXPECT_TRUE(disk->createFile(folder / "unnamed at first", testing::inOnePart("text")));
         EXPECT_TRUE(disk->contents(folder / "unnamed at first"));
         EXPECT_TRUE(disk->createFile(folder / "hidden at first", testing::inOnePart("text")));
-        const auto item = testing::identityOf(*disk, folder / "hidden at first");
-        disk->moveItem(folder / "hidden at first", folder / "moved", item);
+        const auto item = testing::stateOf(*disk, folder / "hidden at first");
+        disk->moveItem(folder / "hidden at first", folder / "moved", item.identity);
         disk->removeItem(folder / "moved", item);
     });
     if (reason) {

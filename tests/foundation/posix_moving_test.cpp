@@ -1,8 +1,8 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
-#include "tests/support/identity_of.h"
 #include "tests/support/privileges.h"
 #include "tests/support/small_disk.h"
+#include "tests/support/state_of.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
 #include "foundation/file_manager.h"
 #include "tests/support/call_faults.h"
 #include "tests/support/file_contents.h"
-#include "tests/support/identity_of.h"
 #include "tests/support/privileges.h"
+#include "tests/support/state_of.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -23,10 +23,10 @@ using testing::TemporaryFolder;
 class PosixRemoval : public ::testing::Test {
 protected:
     int errorOfRemoval(const std::filesystem::path& path) const {
-        return errorOfRemoval(path, testing::identityOf(*disk, path));
+        return errorOfRemoval(path, testing::stateOf(*disk, path));
     }
 
-    int errorOfRemoval(const std::filesystem::path& path, const FileIdentity& onlyIf) const {
+    int errorOfRemoval(const std::filesystem::path& path, const FileState& onlyIf) const {
         try {
             disk->removeItem(path, onlyIf);
         } catch (const FileError& failure) {
@@ -63,9 +63,16 @@ TEST_F(PosixRemoval, RemovesTheCreatedFileButNotAnotherOfItsName) {
     // The created file is kept under another name, so that the other one cannot get its inode number.
     std::filesystem::rename(folder / "New.xpj", folder / "elsewhere");
     folder.write("New.xpj", "of another program");
-    EXPECT_EQ(errorOfRemoval(folder / "New.xpj", created->identity), EBUSY);
-    EXPECT_EQ(errorOfRemoval(folder / "gone", created->identity), ENOENT);
-    EXPECT_EQ(errorOfRemoval(folder / "elsewhere", created->identity), 0);
+    EXPECT_EQ(errorOfRemoval(folder / "New.xpj", *created), EBUSY);
+    EXPECT_EQ(errorOfRemoval(folder / "gone", *created), ENOENT);
+    EXPECT_EQ(errorOfRemoval(folder / "elsewhere", *created), 0);
+    EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
+}
+
+TEST_F(PosixRemoval, LeavesTheCreatedFileAloneOnceItWasWrittenTo) {
+    const auto created = disk->createFile(folder / "New.xpj", testing::inOnePart("text"));
+    folder.write("New.xpj", "of another program");
+    EXPECT_EQ(errorOfRemoval(folder / "New.xpj", *created), EBUSY);
     EXPECT_THAT(folder.tree(), ElementsAre("New.xpj=of another program"));
 }
 
@@ -81,7 +88,7 @@ TEST_F(PosixRemoval, ReportsWhyItFailed) {
 
 TEST_F(PosixRemoval, FindsAnItemInTheRootFolder) {
     // Found, but left alone because it is not the one meant.
-    EXPECT_EQ(errorOfRemoval("/proc", FileIdentity{}), EBUSY);
+    EXPECT_EQ(errorOfRemoval("/proc", FileState{}), EBUSY);
 }
 
 TEST_F(PosixRemoval, FlushesTheFolderAndIgnoresAFailureOfThat) {

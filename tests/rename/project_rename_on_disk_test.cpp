@@ -407,5 +407,44 @@ TEST_F(ProjectRenameOnDisk, RollsBackOnlyTheFileItCreated) {
     EXPECT_EQ(testing::readFile(folder / "Beat.xpj"), "of another program");
 }
 
+TEST_F(ProjectRenameOnDisk, DoesNotRollBackAFileThatWasWrittenToInPlace) {
+    makeSong();
+    disk->onCall = [&](const std::string& line) {
+        if (line.starts_with("move ")) {
+            folder.write("Beat.xpj", "of another program"); // as with the file's number given to another
+            folder.makeFolder("Beat_[ProjectData]");
+        }
+    };
+    EXPECT_EQ(rename("Beat"), "Failed to write file: Could not rename data folder: File exists");
+    EXPECT_EQ(testing::readFile(folder / "Beat.xpj"), "of another program");
+}
+
+TEST_F(ProjectRenameOnDisk, KeepsTheOldFileWhenTheNewOneWasWrittenToInPlace) {
+    makeSong();
+    disk->onCall = [&](const std::string& line) {
+        if (line.starts_with("move ")) {
+            folder.write("Beat.xpj", "of another program");
+        }
+    };
+    EXPECT_EQ(rename("Beat"), "Failed to delete: Could not remove old .xpj: Device or resource busy");
+    EXPECT_THAT(folder.tree(),
+                ElementsAre("Beat.xpj=of another program", "Beat_[ProjectData]/", "Beat_[ProjectData]/kick.wav=boom",
+                            "Song.xpj=<a>Song_[ProjectData]/kick.wav</a>"));
+}
+
+TEST_F(ProjectRenameOnDisk, GoesOnWhenTheFilesAreGivenOtherDatesMeanwhile) {
+    makeSong();
+    disk->onCall = [&](const std::string& line) {
+        if (line.starts_with("move ")) {
+            for (const char* name : {"Song.xpj", "Beat.xpj"}) {
+                fs::last_write_time(folder / name, fs::file_time_type::clock::now() - std::chrono::hours(1));
+            }
+        }
+    };
+    EXPECT_EQ(rename("Beat"), "");
+    EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>", "Beat_[ProjectData]/",
+                                           "Beat_[ProjectData]/kick.wav=boom"));
+}
+
 } // namespace
 } // namespace tarvolt

@@ -197,9 +197,10 @@ std::optional<FileState> FakeFileManager::stateOf(const std::filesystem::path& p
                      .changed = item.fakeDate ? static_cast<std::uint64_t>(*item.fakeDate) : serial};
 }
 
-void FakeFileManager::expect(const char* call, const std::filesystem::path& path, const FileIdentity& onlyIf) const {
+template<class Seen>
+void FakeFileManager::expect(const char* call, const std::filesystem::path& path, const Seen& onlyIf) const {
     const auto found = stateOf(path);
-    if (!found || found->identity != onlyIf) {
+    if (!found || *found != onlyIf) {
         throw FileError(found ? EBUSY : ENOENT, call, path);
     }
 }
@@ -241,7 +242,7 @@ void FakeFileManager::moveItem(const std::filesystem::path& from, const std::fil
     relocate(from.native(), to.native());
 }
 
-void FakeFileManager::removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) {
+void FakeFileManager::removeItem(const std::filesystem::path& path, const FileState& onlyIf) {
     const Guard guard(mutex_);
     if (const int error = begin("remove", path.native())) {
         throw FileError(error, "unlink", path);

@@ -72,7 +72,7 @@ public:
     std::optional<FileState> createFile(const std::filesystem::path& path, const ContentsWriter& contents) override;
     void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                   const FileIdentity& onlyIf) override;
-    void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) override;
+    void removeItem(const std::filesystem::path& path, const FileState& onlyIf) override;
 
 private:
     struct Placed {
@@ -89,7 +89,7 @@ private:
     Item& add(const std::string& path, Kind kind);
     /// Records the call and returns the error it is to fail with, or 0.
     int begin(const std::string& operation, const std::string& rest) const;
-    void expect(const char* call, const std::filesystem::path& path, const FileIdentity& onlyIf) const;
+    template<class Seen> void expect(const char* call, const std::filesystem::path& path, const Seen& onlyIf) const;
     const Item* find(std::string path, bool followLink) const;
     static std::optional<std::int64_t> sizeOf(const Item& item);
     std::optional<FileState> stateOf(const std::filesystem::path& path) const;

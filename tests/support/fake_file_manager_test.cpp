@@ -3,7 +3,7 @@
 
 #include "foundation/file_manager.h"
 #include "tests/support/file_contents.h"
-#include "tests/support/identity_of.h"
+#include "tests/support/state_of.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -62,8 +62,8 @@ protected:
         const auto item = onlyIf.value_or(testing::identityOf(*disk, path(from)));
         return errorOf([&] { disk->moveItem(path(from), path(to), item); });
     }
-    int errorOfRemoval(const std::string& name, std::optional<FileIdentity> onlyIf = {}) {
-        const auto item = onlyIf.value_or(testing::identityOf(*disk, path(name)));
+    int errorOfRemoval(const std::string& name, std::optional<FileState> onlyIf = {}) {
+        const auto item = onlyIf.value_or(testing::stateOf(*disk, path(name)));
         return errorOf([&] { disk->removeItem(path(name), item); });
     }
 
@@ -195,8 +195,8 @@ TEST_P(FileManagerContract, RemovesOnlyTheFileOrLinkMeantAndNeverAFolder) {
     EXPECT_EQ(testing::contentsOf(*disk, path("file")), "text");
     EXPECT_EQ(errorOfRemoval("folder"), EISDIR);
     EXPECT_EQ(errorOfRemoval("gone"), ENOENT);
-    EXPECT_EQ(errorOfRemoval("other", disk->state(path("file"))->identity), EBUSY);
-    EXPECT_EQ(errorOfRemoval("file", disk->state(path("file"))->identity), 0);
+    EXPECT_EQ(errorOfRemoval("other", disk->state(path("file"))), EBUSY);
+    EXPECT_EQ(errorOfRemoval("file", disk->state(path("file"))), 0);
     EXPECT_FALSE(disk->fileExists(path("file")));
     EXPECT_TRUE(disk->fileExists(path("other")));
 }

@@ -46,7 +46,7 @@ public:
         note("move " + from.native() + " -> " + to.native());
         disk_->moveItem(from, to, onlyIf);
     }
-    void removeItem(const std::filesystem::path& path, const FileIdentity& onlyIf) override {
+    void removeItem(const std::filesystem::path& path, const FileState& onlyIf) override {
         note("remove " + path.native());
         disk_->removeItem(path, onlyIf);
     }
