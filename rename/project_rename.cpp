@@ -12,10 +12,10 @@ namespace {
 
 using std::filesystem::path;
 
-/// Why a file operation failed, in the operating system's words.
+/// Why a file operation failed, in the operating system's words. If it is no FileError, memory ran out.
 std::string reason(const std::exception& failure) {
-    const auto* fileError = dynamic_cast<const FileError*>(&failure);
-    return fileError != nullptr ? fileError->localizedDescription() : failure.what();
+    const auto* error = dynamic_cast<const FileError*>(&failure);
+    return error != nullptr ? error->localizedDescription() : FileError(ENOMEM, {}, {}).localizedDescription();
 }
 
 /// Matches no item. Where nothing was seen, nothing may be moved or removed, and the attempt gives the reason.

@@ -22,6 +22,7 @@ def faults_of(programs, words=""):
             items = os.listdir(folder.projects)
             unfit = fitting(message, clean_state(folder.projects), items)
             unfit += [f"{item} is left" for item in items if item.startswith(".")]
+            unfit += [f"it said {message}"] if "std::" in message else []
         if not rename.errors:
             return at - 1, faults
         faults += [f"allocation {at}: {fault}" for fault in unfit]

@@ -17,7 +17,6 @@
 #include <cerrno>
 #include <new>
 #include <ostream>
-#include <stdexcept>
 
 namespace tarvolt {
 namespace {
@@ -87,12 +86,11 @@ Circumstances whileUnremovable(const std::string& name, int error) {
     };
 }
 
-template<class Failure>
-std::function<void(FakeFileManager&)> throwingAt(const std::string& operation, const Failure& failure) {
+std::function<void(FakeFileManager&)> withoutMemoryFor(const std::string& operation) {
     return [=](FakeFileManager& disk) {
         disk.onCall = [=](const std::string& line) {
             if (line.starts_with(operation + " ")) {
-                throw failure;
+                throw std::bad_alloc();
             }
         };
     };
@@ -189,28 +187,28 @@ const Row rows[] = {
 // Failures that cannot be caused on a real disk.
 const Row rowsInMemory[] = {
     {.fact = "NoMemoryForTheFileMeansItCannotBeRead",
-     .onFake = throwingAt("read", std::bad_alloc()),
+     .onFake = withoutMemoryFor("read"),
      .error = "Failed to read file: Song.xpj",
      .traffic = upTo("state Song_"),
      .diskAfterwards = unchanged},
     {.fact = "NoMemoryForTheExistenceTestMeansThatNothingCanBeRead",
-     .onFake = throwingAt("exists", std::bad_alloc()),
+     .onFake = withoutMemoryFor("exists"),
      .error = "Failed to read file: Song.xpj",
      .traffic = {},
      .diskAfterwards = unchanged},
-    {.fact = "WhateverIsThrownByTheCreationMeansItFailed",
-     .onFake = throwingAt("create", std::bad_alloc()),
+    {.fact = "NoMemoryForTheCreationMeansItFailed",
+     .onFake = withoutMemoryFor("create"),
      .error = "Failed to write file: Beat.xpj",
      .traffic = upTo("read"),
      .diskAfterwards = unchanged},
-    {.fact = "WhateverIsThrownByTheMoveIsTheReasonAndRollsBack",
-     .onFake = throwingAt("move", std::runtime_error("odd")),
-     .error = "Failed to write file: Could not rename data folder: odd",
+    {.fact = "NoMemoryForTheMoveIsTheReasonInTheSystemsWordsAndRollsBack",
+     .onFake = withoutMemoryFor("move"),
+     .error = "Failed to write file: Could not rename data folder: Cannot allocate memory",
      .traffic = upTo("create", {rollBack}),
      .diskAfterwards = unchanged},
-    {.fact = "WhateverIsThrownByTheRemovalIsTheReason",
-     .onFake = throwingAt("remove", std::runtime_error("odd")),
-     .error = "Failed to delete: Could not remove old .xpj: odd",
+    {.fact = "NoMemoryForTheRemovalIsTheReasonInTheSystemsWords",
+     .onFake = withoutMemoryFor("remove"),
+     .error = "Failed to delete: Could not remove old .xpj: Cannot allocate memory",
      .traffic = upTo("state Beat"),
      .diskAfterwards = sorted(newData, {newFile, oldFile})},
 };
