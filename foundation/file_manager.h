@@ -56,7 +56,7 @@ struct FileState {
         return one.identity == other.identity && one.size == other.size && one.modified == other.modified &&
                one.modifiedNanoseconds == other.modifiedNanoseconds;
     }
-    friend bool operator==(const FileState& state, const FileIdentity& identity) { return state.identity == identity; }
+    friend bool operator==(const FileState& state, const FileIdentity& other) { return state.identity == other; }
 
     /// Whether only the number has changed. User-space file systems may number an item anew once the system has
     /// forgotten it.
