@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Shared by ./run, ./test and .ci/run: installing packages, configuring, building, running and counting tests. Sourced
-# from the project's root; nothing here reads standard input.
+# What the commands share: installing packages, configuring, building, running and counting tests. Sourced from the
+# project's root; nothing here reads standard input.
 
 packageList=${packageList:-packaging/packages.txt}
 osRelease=${osRelease:-/etc/os-release}

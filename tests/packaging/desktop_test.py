@@ -32,7 +32,7 @@ class Desktop(unittest.TestCase):
 
     def testMetainfoIsValid(self):
         out, _, _ = said("appstreamcli", "validate", "--pedantic", "--no-net", packaging / "tarvolt.metainfo.xml")
-        # The file gives the reasons. Debian 13's validator takes the last for a failure.
+        # The file gives the reasons.
         expected = {
             "cid-maybe-not-rdns",
             "developer-name-tag-deprecated",
