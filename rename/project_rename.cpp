@@ -49,16 +49,17 @@ bool isStill(const FileManager& fileManager, const OwnItem& item, const std::opt
     return maybe && (item.text == nullptr || contains(fileManager, item.where, *item.text));
 }
 
-/// Calls `act` with the state of the item: first the one it was seen in and, if it is busy, the one it is in now.
-template<class Act> void actOn(const FileManager& fileManager, const OwnItem& item, Act act) {
+/// Calls `act` with the state of the item: first the one it was seen in and, as long as it is busy, the one it is in
+/// now. A system short of memory may forget its number again and again.
+template<class Act> void actOn(const FileManager& fileManager, const OwnItem& item, Act act, int attempts = 8) {
     try {
         act(item.seen);
     } catch (const FileError& failure) {
         const auto present = failure.code().value() == EBUSY ? fileManager.state(item.where) : std::nullopt;
-        if (!isStill(fileManager, item, present)) {
+        if (attempts == 1 || !isStill(fileManager, item, present)) {
             throw;
         }
-        act(*present);
+        actOn(fileManager, {item.where, *present, item.text}, act, attempts - 1);
     }
 }
 

@@ -54,8 +54,8 @@ def forgets(disk, folder):
 
 
 def races_while_it_forgets(programs, disk):
-    """As races.races, on a disk that forgets everything at each call. One race at a time: an item that is numbered anew
-    twice between two calls cannot be told."""
+    """As races.races, on a disk that forgets everything at each call. One race at a time, or others would number an
+    item anew at every look."""
     with Folder() as folder:
         # For a moment after it was filled the folder may still be in use.
         faults = [] if any(forgets(disk, folder) for _ in range(100)) else ["it forgets nothing"]

@@ -77,6 +77,26 @@ TEST_P(Renumbering, StopsNoRename) {
     EXPECT_EQ(disk.disk(), renamed);
 }
 
+TEST_F(Renumbering, StopsNoRenameWhenItGoesOn) {
+    disk.onCall = [&, times = 0](const std::string& line) mutable {
+        if ((line.starts_with("move") || line.starts_with("remove")) && ++times % 4 != 0) {
+            renumber();
+        }
+    };
+    EXPECT_EQ(rename(), "renamed");
+    EXPECT_EQ(disk.disk(), renamed);
+}
+
+TEST_F(Renumbering, StopsARenameOnceItNeverEnds) {
+    disk.onCall = [&](const std::string& line) {
+        if (line.starts_with("move")) {
+            renumber();
+        }
+    };
+    EXPECT_EQ(rename(), "Failed to write file: Could not rename data folder: Device or resource busy");
+    EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, oldFolder}));
+}
+
 TEST_F(Renumbering, RollsBackTheNewFileUnderItsNewNumber) {
     const auto meddle = [&] {
         disk.addFolder("/p/Beat_[ProjectData]");
