@@ -30,6 +30,11 @@ T.AbstractButton {
     Keys.onSpacePressed: root.press()
     Keys.onReturnPressed: root.press()
     Keys.onEnterPressed: root.press()
+    // If Tab leads back to the same button, as in a view with one control, the toolkit does not show the focus.
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
+            root.focusReason = Qt.TabFocusReason;
+    }
 
     // The press action of assistive technology. The toolkit finds it by this name.
     function accessiblePressAction(): void {
