@@ -83,8 +83,12 @@ FocusScope {
         Keys.onUpPressed: decrementCurrentIndex()
         Keys.onDownPressed: incrementCurrentIndex()
 
+        // A line that is cut off at the top counts only if the next one is not wholly in sight.
         function firstInSight(): int {
-            return indexAt(0, contentY + spacing);
+            const first = indexAt(0, contentY + spacing);
+            const next = itemAtIndex(first + 1);
+            const cut = itemAtIndex(first)?.y < contentY && next && next.y + next.height <= contentY + height;
+            return cut ? first + 1 : first;
         }
 
         T.ScrollBar.vertical: ScrollThumb {

@@ -159,6 +159,26 @@ TEST_F(KeyboardTest, TheLogScrollsByKeys) {
     EXPECT_EQ(top(), 0);
 }
 
+TEST_F(KeyboardTest, PageDownLeavesTheFocusedLineOfTheLogInSightAtItsEndToo) {
+    choose(1);
+    for (int i = 0; i < 60; ++i) {
+        w.view->scanner->log("line", false);
+    }
+    w.settle();
+    QQuickItem* log = w.find("logList");
+    log->forceActiveFocus(Qt::TabFocusReason);
+    const auto toTheEnd = [&] {
+        const double end = log->property("originY").toDouble() + log->property("contentHeight").toDouble();
+        return end - log->property("contentY").toDouble() - log->height();
+    };
+    for (int i = 0; i < 12; ++i) {
+        w.press(Qt::Key_PageDown);
+        w.rest();
+        EXPECT_TRUE(w.box("logList").contains(SceneWindow::boxOf(w.window->activeFocusItem()))) << i;
+    }
+    EXPECT_NEAR(toTheEnd(), 0, 1);
+}
+
 TEST_F(KeyboardTest, TheArrowKeysMoveFromLineToLineOfTheLog) {
     choose(1);
     const auto line = [&] { return w.window->activeFocusItem()->property("message").toString(); };
