@@ -23,10 +23,6 @@ const std::optional<MPCProject>& SheetBridge::shown() const {
     return renaming ? renaming : fading_;
 }
 
-QString SheetBridge::currentNameText() const {
-    return shown() ? singleLineString(tarvolt::currentNameText(*shown())) : QString();
-}
-
 PreviewRow SheetBridge::previewRow(std::size_t index) const {
     const auto rows = shown() ? previewRows(*shown(), view_->newName.get()) : std::vector<PreviewRow>();
     return index < rows.size() ? rows[index] : PreviewRow{};

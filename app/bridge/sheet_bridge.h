@@ -23,7 +23,7 @@ class SheetBridge final : public QObject {
     QML_UNCREATABLE("Made by the program")
 
     Q_PROPERTY(bool open READ open NOTIFY openChanged)
-    Q_PROPERTY(QString currentNameText READ currentNameText NOTIFY textsChanged)
+    Q_PROPERTY(QString currentName READ currentName NOTIFY textsChanged)
     Q_PROPERTY(QString newName READ newName WRITE setNewName NOTIFY textsChanged)
     Q_PROPERTY(bool offersRename READ offersRename NOTIFY textsChanged)
     Q_PROPERTY(QString oldFileName READ oldFileName NOTIFY textsChanged)
@@ -37,7 +37,7 @@ public:
     explicit SheetBridge(std::shared_ptr<ContentView> view);
 
     bool open() const { return view_->renamingProject.get().has_value(); }
-    QString currentNameText() const;
+    QString currentName() const { return shown() ? singleLineString(shown()->baseName()) : QString(); }
     QString newName() const { return fieldString(view_->newName.get()); }
     bool offersRename() const { return shown() && view_->offersRename(*shown()); }
     QString oldFileName() const { return singleLineString(previewRow(0).oldText); }

@@ -68,14 +68,9 @@ FocusScope {
                         font: Theme.title2
                     }
 
-                    TextLabel {
-                        objectName: "sheetCurrentName"
+                    CurrentName {
                         Layout.fillWidth: true
-                        text: root.sheet.currentNameText
-                        font: Theme.verbatim(Theme.monoBody, text)
-                        color: Theme.secondary
-                        maximumLineCount: 1
-                        elide: Text.ElideMiddle
+                        name: root.sheet.currentName
                     }
                 }
 

@@ -1,6 +1,5 @@
 #include "app/sections/sheet_texts.h"
 
-#include "foundation/localized.h"
 #include "model/folder_scan.h"
 
 namespace tarvolt {
@@ -18,10 +17,6 @@ std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view 
         rows.push_back(withEnding(project, newName, dataFolderSuffix));
     }
     return rows;
-}
-
-std::string currentNameText(const MPCProject& project) {
-    return localized("RenameSheet", "Current: ") + project.baseName();
 }
 
 } // namespace tarvolt

@@ -19,7 +19,4 @@ struct PreviewRow {
 /// One line for the project file and, if there is one, a second for the data folder. `newName` is used as typed.
 std::vector<PreviewRow> previewRows(const MPCProject& project, std::string_view newName);
 
-/// "Current: " and the project's name.
-std::string currentNameText(const MPCProject& project);
-
 } // namespace tarvolt

@@ -29,6 +29,13 @@
     </message>
 </context>
 <context>
+    <name>CurrentName</name>
+    <message>
+        <source>Current: </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>EmptyStateView</name>
     <message>
         <source>No MPC Projects Found</source>
@@ -203,13 +210,6 @@ and their _[ProjectData] folders</source>
     </message>
     <message>
         <source>+ Updates file paths inside .xpj</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>RenameSheet</name>
-    <message>
-        <source>Current: </source>
         <translation type="unfinished"></translation>
     </message>
 </context>

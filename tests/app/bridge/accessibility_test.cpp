@@ -206,7 +206,7 @@ TEST_F(AccessibilityTest, NothingBehindTheSheetCanBePressed) {
     pressByAction("rowButton");
     EXPECT_EQ(w->scene.panel->asked.size(), 1U);
     EXPECT_EQ(w->bridge->log()->rowCount(), 2);
-    EXPECT_EQ(w->bridge->sheet()->currentNameText(), "Current: Blue Hour");
+    EXPECT_EQ(w->bridge->sheet()->currentName(), "Blue Hour");
 }
 
 TEST_F(AccessibilityTest, TheSheetAndItsFieldHaveNames) {

@@ -23,7 +23,7 @@ protected:
     void openSheet() {
         w.bridge->projects()->beginRename(6);
         w.settle();
-        ASSERT_EQ(w.bridge->sheet()->currentNameText(), "Current: two lines");
+        ASSERT_EQ(w.bridge->sheet()->currentName(), "two lines");
     }
 
     QString shown(const QString& field = "newNameField") const { return w.find(field)->property("text").toString(); }

@@ -584,6 +584,20 @@ TEST_F(KeyboardTest, KeyboardUsersSeeTheRestoredFocus) {
     EXPECT_TRUE(rings()) << "after the sheet";
 }
 
+TEST_F(KeyboardTest, TabShowsAFocusThatItLeadsBackTo) {
+    const auto rings = [&] { return w.window->activeFocusItem()->property("visualFocus").toBool(); };
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        QTest::mousePress(w.window, Qt::LeftButton, {}, w.box("selectFolderButton").center().toPoint());
+        QTest::mouseRelease(w.window, Qt::LeftButton, {}, QPoint(1, 1));
+        ASSERT_EQ(w.focused(), "selectFolderButton");
+        ASSERT_FALSE(rings());
+        w.press(key);
+        EXPECT_EQ(w.focused(), "selectFolderButton") << "the only control";
+        EXPECT_TRUE(rings());
+        w.window->activeFocusItem()->setProperty("focusReason", Qt::MouseFocusReason);
+    }
+}
+
 TEST_F(KeyboardTest, TheFocusStaysWhereTheUserMovedItAfterARename) {
     choose(3);
     renameRow(0, "Zebra");
@@ -602,20 +616,6 @@ TEST_F(KeyboardTest, TheFocusReturnsToASearchFieldThatAScanHid) {
     w.settle();
     EXPECT_EQ(w.focused(), "searchField");
     EXPECT_FALSE(w.findAll("searchField").empty());
-}
-
-TEST_F(KeyboardTest, TabShowsAFocusThatItLeadsBackTo) {
-    const auto rings = [&] { return w.window->activeFocusItem()->property("visualFocus").toBool(); };
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
-        QTest::mousePress(w.window, Qt::LeftButton, {}, w.box("selectFolderButton").center().toPoint());
-        QTest::mouseRelease(w.window, Qt::LeftButton, {}, QPoint(1, 1));
-        ASSERT_EQ(w.focused(), "selectFolderButton");
-        ASSERT_FALSE(rings());
-        w.press(key);
-        EXPECT_EQ(w.focused(), "selectFolderButton") << "the only control";
-        EXPECT_TRUE(rings());
-        w.window->activeFocusItem()->setProperty("focusReason", Qt::MouseFocusReason);
-    }
 }
 
 TEST_F(KeyboardTest, TheFocusLeavesASearchFieldThatDoesNotComeBack) {

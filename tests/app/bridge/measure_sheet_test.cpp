@@ -158,7 +158,9 @@ TEST_F(MeasureSheetTest, TheTitlesFieldAndButtonsHaveTheirFontsColoursAndTexts) 
     EXPECT_NEAR(m.textRatio("sheetTitle"), testing::title2, 0.01);
     EXPECT_EQ(m.font("sheetTitle").weight(), QFont::Bold);
     expectColour(m.colour("sheetTitle"), "#161616");
-    EXPECT_EQ(m.text("sheetCurrentName"), "Current: Blue Hour");
+    EXPECT_EQ(m.text("sheetCurrent"), "Current: ");
+    expectColour(m.colour("sheetCurrent"), "#606060");
+    EXPECT_EQ(m.text("sheetCurrentName"), "Blue Hour");
     EXPECT_EQ(m.colour("sheetCurrentName"), QColor("#606060"));
     EXPECT_NEAR(m.textRatio("sheetCurrentName"), testing::body, 0.01);
     EXPECT_TRUE(m.isMonospaced("sheetCurrentName"));
@@ -172,6 +174,26 @@ TEST_F(MeasureSheetTest, TheTitlesFieldAndButtonsHaveTheirFontsColoursAndTexts) 
     EXPECT_TRUE(m.isMonospaced("newNameField"));
     EXPECT_EQ(m.text("cancelButton"), "Cancel");
     EXPECT_EQ(m.text("renameButton"), "Rename");
+}
+
+TEST_F(MeasureSheetTest, TheCurrentNameIsATextOfItsOwnAndSoOrderedAsInItsRow) {
+    const auto baseline = [this](const QString& text) {
+        return w.box(text).top() + m.property(text, "baselineOffset").toDouble();
+    };
+    for (const char* name : {"Blue Hour", "\u05D0\u05D1 with English 12", "\u0E40\u0E1E\u0E25\u0E07"}) {
+        w.addProject(name);
+        w.bridge->rescan();
+        w.settle();
+        open(static_cast<int>(w.findAll("rowName").size()) - 1, "x");
+        EXPECT_EQ(m.text("sheetCurrentName"), w.findAll("rowName").back()->property("text").toString());
+        const double gap = QFontMetricsF(m.font("sheetCurrent")).horizontalAdvance("Current: ");
+        EXPECT_EQ(w.box("sheetCurrent").left(), w.box("sheetTitle").left());
+        EXPECT_NEAR(w.box("sheetCurrentName").left() - w.box("sheetTitle").left(), gap, 0.5) << name;
+        EXPECT_EQ(baseline("sheetCurrent"), baseline("sheetCurrentName")) << name;
+        EXPECT_EQ(w.box("sheetCurrentName").right(), w.box("newNameField").right());
+        w.press(Qt::Key_Escape);
+        w.settle();
+    }
 }
 
 TEST_F(MeasureSheetTest, RenameIsEnabledAndThePreviewShownOnlyForADifferentName) {

@@ -146,7 +146,7 @@ TEST_F(WindowBridgeTest, OpensTheSheetAtOnceWithTheRowsOwnRecord) {
     EXPECT_EQ(told, QStringList({"texts", "open"})) << "what opens has its texts";
     EXPECT_TRUE(bridge.sheet()->open());
     EXPECT_EQ(bridge.sheet()->newName(), "Midnight Ferry");
-    EXPECT_EQ(bridge.sheet()->currentNameText(), "Current: Midnight Ferry");
+    EXPECT_EQ(bridge.sheet()->currentName(), "Midnight Ferry");
     EXPECT_FALSE(bridge.sheet()->offersRename());
     bridge.projects()->beginRename(0);
     EXPECT_EQ(bridge.sheet()->newName(), "Midnight Ferry") << "one sheet at a time";
@@ -179,7 +179,7 @@ TEST_F(WindowBridgeTest, MakesOneRenameOfTwoPresses) {
     bridge.sheet()->pressRename();
     EXPECT_EQ(renames(), 1);
     EXPECT_FALSE(bridge.sheet()->open());
-    EXPECT_EQ(bridge.sheet()->currentNameText(), "Current: Blue Hour") << "while the sheet fades away";
+    EXPECT_EQ(bridge.sheet()->currentName(), "Blue Hour") << "while the sheet fades away";
     EXPECT_FALSE(bridge.sheet()->alertOpen());
 }
 

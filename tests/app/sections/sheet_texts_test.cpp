@@ -23,9 +23,5 @@ TEST(RenameSheetTexts, PreviewTheNameAsTypedWithItsSpaces) {
     EXPECT_EQ(previewRows(song(), "  ").front().newText, "  .xpj");
 }
 
-TEST(RenameSheetTexts, NameTheCurrentProject) {
-    EXPECT_EQ(currentNameText(song()), "Current: Song");
-}
-
 } // namespace
 } // namespace tarvolt
