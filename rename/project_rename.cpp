@@ -49,8 +49,7 @@ bool isStill(const FileManager& fileManager, const OwnItem& item, const std::opt
     return maybe && (item.text == nullptr || contains(fileManager, item.where, *item.text));
 }
 
-/// Calls `act` with the state of the item: first the one it was seen in and, as long as it is busy, the one it is in
-/// now. A system short of memory may forget its number again and again.
+/// Calls `act` with the state in which the item was seen and, while it is busy, with the one it is in now.
 template<class Act> void actOn(const FileManager& fileManager, const OwnItem& item, Act act, int attempts = 8) {
     try {
         act(item.seen);
