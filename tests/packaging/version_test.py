@@ -18,7 +18,7 @@ class Package(unittest.TestCase):
         debians, day, month, year = first(
             r"\Atarvolt \((.+)\) (?:.*\n)*?^ -- .+>  \w+, (\d+) (\w+) (\d+)", "debian/changelog"
         )
-        changelogs, changelogsDate = first(r"^## (\S+), (\S+)$", "CHANGELOG.md")
+        changelogs, changelogsDate = first(r"^## \[(\S+)\] - (\S+)$", "CHANGELOG.md")
         release = ElementTree.parse(project / "packaging/tarvolt.metainfo.xml").find("releases/release")
         self.assertEqual([debians, changelogs, release.get("version")], [version] * 3)
         months = "Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec".split()
