@@ -64,7 +64,6 @@ class WaylandTest(case.WindowTest):
         self.picture(f"{prefix}-renamed")
         self.assertDisk(self.renamed(before, "Sketch 014", "Sketch 15!"))
 
-
     def assertThinLines(self, picture):
         """The line below the header takes as many whole pixels as a thin line has at this scale."""
         if self.scale == 1.5 and "libQt6Gui.so.6.4." in Path(f"/proc/{self.program.process.pid}/maps").read_text():
