@@ -112,7 +112,7 @@ public:
     virtual std::optional<FileState> state(const std::filesystem::path& path) const = 0;
 
     /// All bytes of the regular file at `path`, links followed; absent when it cannot be read, ends before the size it
-    /// had, is larger than half of the machine's memory (if that is known), or is a pipe, a device, a socket or a
+    /// had, is larger than a quarter of the machine's memory (if that is known), or is a pipe, a device, a socket or a
     /// folder. These are never read or waited for, and only opened when they replace a file at the moment of the call.
     /// Throws only std::bad_alloc.
     virtual std::optional<FileContents> contents(const std::filesystem::path& path) const = 0;

@@ -112,8 +112,8 @@ int nameUnnamed(int file, int folder, const char* name);
 /// Moves `from` in one folder to `to` in another without replacing anything. Returns 0, or -1 and sets errno.
 int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);
 
-/// Half of the machine's memory in bytes; where that is unknown, more than any file has.
-std::size_t halfOfMemory();
+/// A quarter of the machine's memory in bytes; where that is unknown, more than any file has.
+std::size_t quarterOfMemory();
 
 /// Makes the file at `place`; see FileManager::createFile. Throws FileError when the file cannot be written.
 std::optional<FileState> createFile(const Place& place, const FileManager::ContentsWriter& contents);

@@ -28,7 +28,7 @@ DirectoryEntry examine(int folder, const char* name, std::optional<bool> isDirec
 
 std::optional<FileContents> readToTheEnd(const Descriptor& file, std::size_t expectedSize) {
     constexpr std::size_t leastRoom = 4096;
-    const std::size_t mostSize = posix::halfOfMemory();
+    const std::size_t mostSize = posix::quarterOfMemory(); // a rename may have to hold a file twice
     if (expectedSize > mostSize) {
         return std::nullopt;
     }

@@ -84,10 +84,10 @@ int moveWithoutReplacing(int fromFolder, const char* from, int toFolder, const c
     return errno == ENOENT ? ::renameat(fromFolder, from, toFolder, to) : -1;
 }
 
-std::size_t halfOfMemory() {
+std::size_t quarterOfMemory() {
 #ifdef TARVOLT_HAS_PHYS_PAGES
     // If the answer is -1, for unknown, the product is larger than any file, too.
-    return static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    return static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) / 4 * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 #else
     return std::numeric_limits<std::size_t>::max() / 2;
 #endif

@@ -186,19 +186,19 @@ TEST_F(PosixContents, NeitherBlockOnNorReadAPipeThatReplacesTheFileAtTheLastMome
     EXPECT_TRUE(exchanged);
 }
 
-TEST_F(PosixContents, AreNotReadIfTheyAreOrGrowLargerThanHalfOfTheMemory) {
+TEST_F(PosixContents, AreNotReadIfTheyAreOrGrowLargerThanAQuarterOfTheMemory) {
     TARVOLT_SKIP_WITH_PLAIN_POSIX("tell how much memory there is");
-    constexpr off_t half = 1 << 20;
+    constexpr off_t quarter = 1 << 20;
     struct Row {
         off_t size;
         off_t grown; ///< the bytes there are when it is read
-        off_t read;  ///< of these; one more than half shows that it is larger
+        off_t read;  ///< of these; one more than a quarter of the memory shows that it is larger
         bool isAbsent;
     };
-    const auto rows = {Row{half, half, half, false},           {half, 2 * half, half + 1, true},
-                       {half - 5000, half, half, false},       {half - 5000, 2 * half, half + 1, true},
-                       {half + 1, half + 1, 0, true},          {off_t{64} << 30, 2 * half, 0, true},
-                       {0x7fffffffffffffff, 2 * half, 0, true}};
+    const auto rows = {Row{quarter, quarter, quarter, false},     {quarter, 2 * quarter, quarter + 1, true},
+                       {quarter - 5000, quarter, quarter, false}, {quarter - 5000, 2 * quarter, quarter + 1, true},
+                       {quarter + 1, quarter + 1, 0, true},       {off_t{64} << 30, 2 * quarter, 0, true},
+                       {0x7fffffffffffffff, 2 * quarter, 0, true}};
     for (const Row& row : rows) {
         const int file = ::memfd_create("all of it a hole", MFD_CLOEXEC);
         const auto path = "/proc/self/fd/" + std::to_string(file);
@@ -208,7 +208,7 @@ TEST_F(PosixContents, AreNotReadIfTheyAreOrGrowLargerThanHalfOfTheMemory) {
                 auto* memory =
                     reinterpret_cast<struct sysinfo*>(call.arguments[0]); // NOLINT(performance-no-int-to-ptr)
                 *memory = {};
-                memory->totalram = 2 * half;
+                memory->totalram = 4 * quarter;
                 memory->mem_unit = 1;
                 return std::optional<long>(0);
             }
