@@ -134,6 +134,12 @@ class Desktop:
         """In pixels."""
         return int(re.search(r"WIDTH=(\d+)", self.input("getwindowgeometry", "--shell", window))[1])
 
+    def numbers(self, window, name):
+        """The numbers in a property of a window; none if the window does not have it."""
+        command = ["obxprop", "--id", window, name]
+        shown = subprocess.run(command, env=self.environment, check=True, capture_output=True, text=True).stdout
+        return list(map(int, re.findall(r"\d+", shown.partition("=")[2])))
+
     def grab(self):
         """A Picture of the screen as it is now."""
         return self.screen.grab()

@@ -1,4 +1,4 @@
-"""The window's frame and how its two panes share it."""
+"""The window's frame, its title and icon, and how its two panes share it."""
 
 import itertools
 
@@ -48,6 +48,18 @@ class Size(case.WindowTest):
         self.choose(self.folder)
         self.assertEqual([element.role for element in self.program.elements() if "menu" in element.role], [])
         self.assertEqual(self.desktop.input("getwindowname", self.program.activeWindow()).strip(), "Tarvolt")
+
+    def testCarriesTheProgramsIconInEverySize(self):
+        numbers = self.desktop.numbers(self.program.activeWindow(), "_NET_WM_ICON")
+        sizes = []
+        # Width, height and pixels of one picture after the other.
+        while numbers:
+            width, height, *rest = numbers
+            pixels, numbers = rest[: width * height], rest[width * height :]
+            sizes.append((width, height))
+            self.assertGreater(len(set(pixels)), 16, f"colours at {sizes[-1]}")
+        # The window manager gives a window without icons one of its own, so it is not enough that there is one.
+        self.assertEqual(sizes, [(side, side) for side in (16, 24, 32, 48, 64, 128, 256)])
 
 
 if __name__ == "__main__":
