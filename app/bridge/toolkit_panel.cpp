@@ -32,7 +32,7 @@ constexpr int panelWidth = 40;
 constexpr int panelHeight = 28;
 constexpr int placesWidth = 10;
 
-// A second press of the key that opened the panel comes within this many milliseconds.
+// Impatient presses of the key that opened the panel follow one another within so many milliseconds.
 constexpr int impatience = 600;
 
 // The panel's empty row, under the field and beside the buttons.
@@ -70,7 +70,7 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window,
             activateWindow();
         }
     });
-    opened_.start();
+    pressed_.start();
 }
 
 std::optional<std::filesystem::path> ToolkitPanel::folder() const {
@@ -90,7 +90,7 @@ QString ToolkitPanel::namedFolder() const {
 }
 
 void ToolkitPanel::accept() {
-    if (field_->text().isEmpty() && opened_.elapsed() < impatience) {
+    if (field_->text().isEmpty() && pressed_.restart() < impatience) {
         return;
     }
     if (QFileInfo(namedFolder()).isDir()) {

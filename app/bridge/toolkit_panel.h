@@ -41,7 +41,7 @@ private:
     QLabel* refusal_;
     QComboBox* lookIn_;
     const QList<QAbstractItemView*> lists_;
-    QElapsedTimer opened_;
+    QElapsedTimer pressed_; ///< since the panel was opened or last told to accept
 };
 
 } // namespace tarvolt
