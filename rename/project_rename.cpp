@@ -125,14 +125,12 @@ void moveDataFolder(FileManager& fileManager, const OwnItem& folder, const path&
 
 void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, const OwnItem& newFile) {
     try {
-        // The old file is the only copy of what others have written to it, and of everything if the new one is gone.
-        const auto present = fileManager.state(oldFile.where);
-        if ((present && !isStill(fileManager, oldFile, present)) ||
-            !isStill(fileManager, newFile, fileManager.state(newFile.where))) {
+        // Without the new file the old one would be the only copy.
+        if (!isStill(fileManager, newFile, fileManager.state(newFile.where))) {
             throw FileError(EBUSY, "unlink", oldFile.where);
         }
-        actOn(fileManager, {oldFile.where, present.value_or(nothing), oldFile.text},
-              [&](const auto& state) { fileManager.removeItem(oldFile.where, state); });
+        // What others have written to the old file since is in no other file; then it stays, too.
+        actOn(fileManager, oldFile, [&](const auto& state) { fileManager.removeItem(oldFile.where, state); });
     } catch (const std::exception& failure) {
         // Nothing is rolled back: the project is whole under its new name, and the old file does no harm.
         throw RenameError::deleteFailed("Could not remove old .xpj: " + reason(failure));

@@ -63,7 +63,7 @@ def steps_of(calls):
         if "O_DIRECTORY" in call.line and step in ("read", "create"):
             folders += 1
             step = "create" if folders == 1 else "move"
-        if step == "move" and call.name == "newfstatat" and old_by_path:
+        if step == "move" and call.name == "newfstatat" and f'/{NEW}.xpj"' in call.line:
             step = "remove"
         steps.append(step)
     return steps

@@ -57,7 +57,7 @@ const Lines newData{"Beat_[ProjectData]/", "Beat_[ProjectData]/kick.wav=boom"};
 // The calls of a successful rename, in order.
 const Lines calls{"exists Beat.xpj", "state Song.xpj",  "state Song_[ProjectData]",
                   "read Song.xpj",   "create Beat.xpj", "move Song_[ProjectData] -> Beat_[ProjectData]",
-                  "state Song.xpj",  "state Beat.xpj",  "remove Song.xpj"};
+                  "state Beat.xpj",  "remove Song.xpj"};
 const std::string rollBack = "remove Beat.xpj";
 
 /// These calls up to and including the first that starts like this, followed by `more`.

@@ -23,6 +23,7 @@
 #include <climits>
 #include <cstring>
 #include <fstream>
+#include <functional>
 
 namespace tarvolt {
 namespace {
@@ -44,6 +45,15 @@ protected:
 
     std::string rename(const std::string& newName) {
         return errorOfRename(*scanner, projectIn(folder.path()), newName);
+    }
+
+    /// Has `meddle` run as another program just before the data folder is moved.
+    void beforeTheMove(std::function<void()> meddle) {
+        disk->onCall = [meddle = std::move(meddle)](const std::string& line) {
+            if (line.starts_with("move ")) {
+                meddle();
+            }
+        };
     }
 
     /// Renames and expects this failure and no change on disk.
@@ -72,7 +82,7 @@ TEST_F(ProjectRenameOnDisk, GivesFileFolderAndReferencesTheNewName) {
                 ElementsAre("exists " + at("Beat.xpj"), "state " + at("Song.xpj"), "state " + at("Song_[ProjectData]"),
                             "read " + at("Song.xpj"), "create " + at("Beat.xpj"),
                             "move " + at("Song_[ProjectData]") + " -> " + at("Beat_[ProjectData]"),
-                            "state " + at("Song.xpj"), "state " + at("Beat.xpj"), "remove " + at("Song.xpj")));
+                            "state " + at("Beat.xpj"), "remove " + at("Song.xpj")));
 }
 
 TEST_F(ProjectRenameOnDisk, ThereAndBackRestoresTheTree) {
@@ -383,11 +393,7 @@ TEST_F(ProjectRenameOnDisk, KeepsAFileThatAppearsAfterTheExistenceTest) {
 
 TEST_F(ProjectRenameOnDisk, KeepsAnOldFileThatIsWrittenToInPlaceAfterItWasRead) {
     makeSong();
-    disk->onCall = [&](const std::string& line) {
-        if (line.starts_with("move ")) {
-            folder.write("Song.xpj", "saved again");
-        }
-    };
+    beforeTheMove([&] { folder.write("Song.xpj", "saved again"); });
     EXPECT_EQ(rename("Beat"), "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>", "Beat_[ProjectData]/",
                                            "Beat_[ProjectData]/kick.wav=boom", "Song.xpj=saved again"));
@@ -395,37 +401,29 @@ TEST_F(ProjectRenameOnDisk, KeepsAnOldFileThatIsWrittenToInPlaceAfterItWasRead) 
 
 TEST_F(ProjectRenameOnDisk, RollsBackOnlyTheFileItCreated) {
     makeSong();
-    disk->onCall = [&](const std::string& line) {
-        if (line.starts_with("move ")) {
-            // The created file is kept elsewhere, so that the other one cannot get its inode number.
-            fs::rename(folder / "Beat.xpj", folder / "kept elsewhere");
-            folder.write("Beat.xpj", "of another program");
-            folder.makeFolder("Beat_[ProjectData]");
-        }
-    };
+    beforeTheMove([&] {
+        // The created file is kept elsewhere, so that the other one cannot get its inode number.
+        fs::rename(folder / "Beat.xpj", folder / "kept elsewhere");
+        folder.write("Beat.xpj", "of another program");
+        folder.makeFolder("Beat_[ProjectData]");
+    });
     EXPECT_EQ(rename("Beat"), "Failed to write file: Could not rename data folder: File exists");
     EXPECT_EQ(testing::readFile(folder / "Beat.xpj"), "of another program");
 }
 
 TEST_F(ProjectRenameOnDisk, DoesNotRollBackAFileThatWasWrittenToInPlace) {
     makeSong();
-    disk->onCall = [&](const std::string& line) {
-        if (line.starts_with("move ")) {
-            folder.write("Beat.xpj", "of another program"); // as with the file's number given to another
-            folder.makeFolder("Beat_[ProjectData]");
-        }
-    };
+    beforeTheMove([&] {
+        folder.write("Beat.xpj", "of another program"); // as with the file's number given to another
+        folder.makeFolder("Beat_[ProjectData]");
+    });
     EXPECT_EQ(rename("Beat"), "Failed to write file: Could not rename data folder: File exists");
     EXPECT_EQ(testing::readFile(folder / "Beat.xpj"), "of another program");
 }
 
 TEST_F(ProjectRenameOnDisk, KeepsTheOldFileWhenTheNewOneWasWrittenToInPlace) {
     makeSong();
-    disk->onCall = [&](const std::string& line) {
-        if (line.starts_with("move ")) {
-            folder.write("Beat.xpj", "of another program");
-        }
-    };
+    beforeTheMove([&] { folder.write("Beat.xpj", "of another program"); });
     EXPECT_EQ(rename("Beat"), "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_THAT(folder.tree(),
                 ElementsAre("Beat.xpj=of another program", "Beat_[ProjectData]/", "Beat_[ProjectData]/kick.wav=boom",
@@ -434,13 +432,11 @@ TEST_F(ProjectRenameOnDisk, KeepsTheOldFileWhenTheNewOneWasWrittenToInPlace) {
 
 TEST_F(ProjectRenameOnDisk, GoesOnWhenTheFilesAreGivenOtherDatesMeanwhile) {
     makeSong();
-    disk->onCall = [&](const std::string& line) {
-        if (line.starts_with("move ")) {
-            for (const char* name : {"Song.xpj", "Beat.xpj"}) {
-                fs::last_write_time(folder / name, fs::file_time_type::clock::now() - std::chrono::hours(1));
-            }
+    beforeTheMove([&] {
+        for (const char* name : {"Song.xpj", "Beat.xpj"}) {
+            fs::last_write_time(folder / name, fs::file_time_type::clock::now() - std::chrono::hours(1));
         }
-    };
+    });
     EXPECT_EQ(rename("Beat"), "");
     EXPECT_THAT(folder.tree(), ElementsAre("Beat.xpj=<a>Beat_[ProjectData]/kick.wav</a>", "Beat_[ProjectData]/",
                                            "Beat_[ProjectData]/kick.wav=boom"));
