@@ -8,10 +8,19 @@ import Tarvolt
 T.TextField {
     id: root
 
+    required property string stored // the text in the program's state
     property string spokenText: ""
     // While the menu is open, it has the focus.
     readonly property bool inUse: activeFocus || menu.visible
 
+    signal edited(newText: string)
+
+    text: stored
+    // Assistive technology sets a text without editing it.
+    onTextChanged: {
+        if (text !== stored)
+            edited(text);
+    }
     color: Theme.primary
     selectionColor: Theme.selection
     selectedTextColor: Theme.primary

@@ -32,12 +32,8 @@ ColumnLayout {
         hoverEnabled: true
         font: Theme.verbatim(Theme.monoBody, text)
         placeholderText: qsTr("Enter new project name")
-        text: root.sheet.newName
-        // Assistive technology sets a text without editing it.
-        onTextChanged: {
-            if (text !== root.sheet.newName)
-                root.sheet.newName = text;
-        }
+        stored: root.sheet.newName
+        onEdited: newText => root.sheet.newName = newText
         Accessible.name: qsTr("New name")
         // Submitting the field asks for the rename whatever the button's state.
         Keys.onReturnPressed: root.sheet.submitNewName()

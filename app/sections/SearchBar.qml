@@ -43,12 +43,8 @@ Item {
         implicitHeight: contentHeight
         font: Theme.verbatim(Theme.body, text)
         placeholderText: qsTr("Search projects...")
-        text: root.projects.searchText
-        // Assistive technology sets a text without editing it.
-        onTextChanged: {
-            if (text !== root.projects.searchText)
-                root.projects.searchText = text;
-        }
+        stored: root.projects.searchText
+        onEdited: newText => root.projects.searchText = newText
         Accessible.name: placeholderText
         Accessible.searchEdit: true
     }
