@@ -57,7 +57,6 @@ ProjectListModel::ProjectListModel(std::shared_ptr<ContentView> view, SheetBridg
     const auto outdated = [this] { rowsOutdated_ = true; };
     subscriptions_.push_back(view_->scanner->projects.observe(outdated));
     subscriptions_.push_back(view_->searchText.observe(outdated));
-    connect(&sheet_, &SheetBridge::renamed, this, &ProjectListModel::renamed);
 }
 
 void ProjectListModel::refresh() {

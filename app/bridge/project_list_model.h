@@ -49,9 +49,6 @@ signals:
     /// How many projects a search has found; a screen reader should announce it immediately.
     void newsTold(const QString& text);
 
-    /// A rename has succeeded: the scan that follows will replace its row.
-    void renamed();
-
     /// The scan after a rename has ended, and no sheet, alert or panel is open any more. `row` shows the new name; it
     /// is -1 if the name is not listed, and then `hiddenBySearch` says whether the search text is why.
     void renamedProjectListed(int row, bool hiddenBySearch);

@@ -27,13 +27,17 @@ FocusScope {
     }
 
     Connections {
-        target: list.model
+        target: root.view.sheet
 
         // The log tells of the rename two turns of the event loop later; a screen reader should announce that first.
         function onRenamed(): void {
             list.focus = false; // Until then, no row takes a key.
             Qt.callLater(() => Qt.callLater(list.rest, false)); // qmllint disable
         }
+    }
+
+    Connections {
+        target: list.model
 
         // If the user has moved the focus meanwhile, it stays there.
         function onRenamedProjectListed(row: int, hiddenBySearch: bool): void {
