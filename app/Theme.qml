@@ -17,6 +17,10 @@ PlatformStyle {
     readonly property color base: Qt.alpha(platform.base, 1)
     readonly property color text: Qt.alpha(platform.windowText, 1)
     readonly property bool dark: Ink.luminance(window) < Ink.luminance(text)
+    // Each for more than one of the roles below.
+    readonly property color brightOrange: "#FF9F45"
+    readonly property color brightGreen: "#62D284"
+    readonly property color deepRed: "#C01C28"
 
     // Opacities of colours that are drawn dimmed.
     readonly property real badgeOpacity: 0.1
@@ -30,7 +34,7 @@ PlatformStyle {
     readonly property color card: dark ? Ink.mixed(window, text, 0.045) : base
     readonly property color sheet: dark ? Ink.mixed(window, text, 0.04) : Ink.mixed(window, base, 0.55)
     readonly property color quaternary: Qt.alpha(text, dark ? 0.14 : 0.11)
-    readonly property color badge: dark ? "#FF9F45" : "#FF7A00"
+    readonly property color badge: dark ? brightOrange : "#FF7A00"
     readonly property color drawnSearchBar: Ink.drawn(quaternary, halfOpacity, window)
     readonly property color drawnPreview: Ink.drawn(quaternary, halfOpacity, sheet)
     readonly property color drawnLog: Ink.drawn(quaternary, panelOpacity, window)
@@ -51,16 +55,16 @@ PlatformStyle {
     readonly property color secondaryEightTenths: Ink.legible(soft, strongest, noteOpacity, textContrast, [window])
     readonly property color secondaryHalf: Ink.legible(soft, strongest, halfOpacity, iconContrast, [window])
     readonly property color disabledInk: Qt.alpha(text, 0.36)
-    readonly property color orange: Ink.legible(dark ? "#FF9F45" : "#D75600", strongest, 1, iconContrast,
+    readonly property color orange: Ink.legible(dark ? brightOrange : "#D75600", strongest, 1, iconContrast,
         [window, card, sheet, drawnSearchBar, drawnLog])
-    readonly property color orangeSixTenths: Ink.legible(dark ? "#FF9F45" : "#962C00", strongest, tintedOpacity,
+    readonly property color orangeSixTenths: Ink.legible(dark ? brightOrange : "#962C00", strongest, tintedOpacity,
         iconContrast, [window])
-    readonly property color green: Ink.legible(dark ? "#62D284" : "#1A7533", strongest, 1, textContrast,
+    readonly property color green: Ink.legible(dark ? brightGreen : "#1A7533", strongest, 1, textContrast,
         [card, drawnPreview])
-    readonly property color greenSixTenths: Ink.legible(dark ? "#62D284" : "#00521C", strongest, tintedOpacity,
+    readonly property color greenSixTenths: Ink.legible(dark ? brightGreen : "#00521C", strongest, tintedOpacity,
         iconContrast, [drawnLog])
-    readonly property color red: Ink.legible(dark ? "#FF857D" : "#C01C28", strongest, 1, textContrast, [drawnLog])
-    readonly property color redSevenTenths: Ink.legible(dark ? "#FF9A93" : "#C01C28", strongest, oldNameOpacity,
+    readonly property color red: Ink.legible(dark ? "#FF857D" : deepRed, strongest, 1, textContrast, [drawnLog])
+    readonly property color redSevenTenths: Ink.legible(dark ? "#FF9A93" : deepRed, strongest, oldNameOpacity,
         3.3, [drawnPreview])
     readonly property color yellow: Ink.legible(dark ? "#F3CB52" : "#875F00", strongest, 1, textContrast, [card])
 
@@ -138,9 +142,6 @@ PlatformStyle {
     readonly property int smallButtonRadius: 6
 
     // Movement, in milliseconds.
-    readonly property int hoverFade: still(90)
-    readonly property int highlightIn: still(160)
-    readonly property int highlightOut: still(400)
     readonly property int viewFade: still(140)
 
     function still(duration: int): int {

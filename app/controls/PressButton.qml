@@ -104,7 +104,7 @@ T.AbstractButton {
                 // `pressed` is set before the colour changes, so a press shows at once.
                 enabled: !root.pressed
                 ColorAnimation {
-                    duration: Theme.hoverFade
+                    duration: Theme.still(90)
                 }
             }
         }

@@ -53,7 +53,7 @@ FocusScope {
                 Behavior on colour {
                     id: highlight
                     ColorAnimation {
-                        duration: highlight.targetValue === Theme.green ? Theme.highlightIn : Theme.highlightOut
+                        duration: Theme.still(highlight.targetValue === Theme.green ? 160 : 400)
                     }
                 }
             }
