@@ -62,7 +62,7 @@ def renames(table, disk, memory):
     folder = inputs.project(memory / "two forms", ACCENTED_NAME, 5_000_000, 40_000)
     table.compare("rename in memory", "5 MB, half of 40,000 references in the other form",
                   *floor("rename of two forms", folder))
-    for work in "100 kB", "5 MB, 40,000 references":
+    for work in "100 kB", "5 MB, 40,000 references", "100 MB, 800,000 references":
         folder = shutil.copytree(memory / work, disk / work)
         table.compare("rename on disk, flushed", work, *floor("flushed rename", folder))
 

@@ -16,14 +16,17 @@ namespace {
 
 /// Only the checks that UTF-8 cannot do without: lead bytes, continuation bytes, overlong forms, surrogates, the end.
 bool isUtf8(std::string_view text) {
+    std::uint64_t word = 0;
+    const auto isAscii = [&](std::size_t at) {
+        if (at + sizeof word > text.size()) {
+            return false;
+        }
+        std::memcpy(&word, text.data() + at, sizeof word);
+        return (word & 0x8080808080808080U) == 0;
+    };
     for (std::size_t at = 0; at < text.size();) {
-        std::uint64_t word = 0;
-        if (at + sizeof word <= text.size()) {
-            std::memcpy(&word, text.data() + at, sizeof word);
-            if ((word & 0x8080808080808080U) == 0) {
-                at += sizeof word;
-                continue;
-            }
+        while (isAscii(at)) {
+            at += sizeof word;
         }
         const auto byte = [&](std::size_t index) {
             return at + index < text.size() ? static_cast<std::uint8_t>(text[at + index]) : 0U;
@@ -155,7 +158,6 @@ void renameCarefully(const std::string& folder, const Names& from, const Names& 
     flushAndClose(destination);
     ::close(source);
     // The file that was seen is removed, if both are still what they were.
-    look(AT_FDCWD, start + from.file);
     look(AT_FDCWD, start + to.file);
     const int last = openFolder(folder);
     look(last, from.file);
