@@ -455,7 +455,7 @@ TEST_F(ContentViewTest, TreatsARenameWithoutAFolderAsASuccess) {
     EXPECT_TRUE(messages(*view->scanner).empty());
 }
 
-TEST_F(RenameFlow, EndsItsScanAlsoWithoutTheState) {
+TEST_F(RenameFlow, FinishesItsScanAfterTheStateIsGone) {
     renameTo("Beat");
     const auto scanner = view->scanner;
     view.reset();

@@ -627,7 +627,7 @@ TEST_F(PosixCreationFails, WhenTheDiskFillsUpAndFreesTheSpace) {
     }
 }
 
-TEST_F(PosixCreationFails, WhenItsContentsAreNotToBeHad) {
+TEST_F(PosixCreationFails, WhenItsContentsCannotBeProduced) {
     const auto breaking = [](const FileManager::PartWriter& write) {
         write(textOfSize(400'000));
         throw std::runtime_error("no more");

@@ -31,7 +31,7 @@ class CommandLine(unittest.TestCase):
                 message = f"tarvolt: unexpected argument '{wrong}'; try 'tarvolt --help'\n"
                 self.assertEqual(run(*arguments), (2, "", message))
 
-    def testTellsThatTheHelpCouldNotBeWritten(self):
+    def testSaysThatTheHelpCouldNotBeWritten(self):
         with open("/dev/full", "w") as full:
             self.assertEqual(run("--help", output=full), (1, None, ""))
 

@@ -74,7 +74,7 @@ TEST_F(RenameCost, InMemoryIsTheOldFileAndOneWindowOfTheNewOne) {
     EXPECT_LE(writes, static_cast<int>(size / (windowSize - 100)) + 1);
 }
 
-TEST_F(RenameCost, InSystemCallsIsTheSameForALargeFileButForItsWrites) {
+TEST_F(RenameCost, InSystemCallsDoesNotGrowWithTheFileExceptForItsWrites) {
     TARVOLT_SKIP_WITH_PLAIN_POSIX("do it with so few calls");
     const auto callsFor = [&](std::size_t size, const std::string& newName) {
         makeSong(size);

@@ -148,7 +148,7 @@ class Setup(unittest.TestCase):
                 self.assertRegex(output, "^test: packages can be installed on Debian 12 and 13, Ubuntu 24.04, Linux Mint 22 ")
                 self.assertRegex(output, ": cmake window-module \n$")
 
-    def testGoesOnWithARelativeOfDebianAfterSayingThatItIsUntried(self):
+    def testWarnsThatARelativeOfDebianIsUntestedAndContinues(self):
         self.command("apt-cache", '[ "$2" = libnew-dev ]', records=False)
         for system in (
             ("ubuntu", "noble", "24.04"),

@@ -40,7 +40,7 @@ class NetworkDrive(case.WindowTest):
         self.program.find("button", "Rescan").click()
         self.program.find("notification", "Scanning...")
 
-    def testHoldsUpNeitherTheWindowNorItsEnd(self):
+    def testDelaysNeitherTheWindowNorItsClosing(self):
         self.scanWithoutAnswer()
         self.answer()
         self.scans(2)

@@ -35,6 +35,18 @@ protected:
         w.settle();
     }
 
+    /// The log, long enough to scroll and with the focus.
+    QQuickItem* focusLogOfSixtyLines() {
+        choose(1);
+        for (int i = 0; i < 60; ++i) {
+            w.view->scanner->log("line", false);
+        }
+        w.settle();
+        QQuickItem* log = w.find("logList");
+        log->forceActiveFocus(Qt::TabFocusReason);
+        return log;
+    }
+
     /// Renames the project of this row by keys alone.
     void renameRow(int row, const QString& name) {
         w.find("projectList")->forceActiveFocus(Qt::TabFocusReason);
@@ -136,13 +148,7 @@ TEST_F(KeyboardTest, TheListScrollsByKeysAndKeepsTheFocusedRowInSight) {
 }
 
 TEST_F(KeyboardTest, TheLogScrollsByKeys) {
-    choose(1);
-    for (int i = 0; i < 60; ++i) {
-        w.view->scanner->log("line", false);
-    }
-    w.settle();
-    QQuickItem* log = w.find("logList");
-    log->forceActiveFocus(Qt::TabFocusReason);
+    QQuickItem* log = focusLogOfSixtyLines();
     const auto top = [&] { return log->property("contentY").toDouble() - log->property("originY").toDouble(); };
     EXPECT_EQ(top(), 0);
     w.press(Qt::Key_PageDown);
@@ -160,13 +166,7 @@ TEST_F(KeyboardTest, TheLogScrollsByKeys) {
 }
 
 TEST_F(KeyboardTest, PageDownLeavesTheFocusedLineOfTheLogInSightAtItsEndToo) {
-    choose(1);
-    for (int i = 0; i < 60; ++i) {
-        w.view->scanner->log("line", false);
-    }
-    w.settle();
-    QQuickItem* log = w.find("logList");
-    log->forceActiveFocus(Qt::TabFocusReason);
+    QQuickItem* log = focusLogOfSixtyLines();
     const auto toTheEnd = [&] {
         const double end = log->property("originY").toDouble() + log->property("contentHeight").toDouble();
         return end - log->property("contentY").toDouble() - log->height();
