@@ -29,7 +29,7 @@ file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEP
      "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
 file(GLOB pictures RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
      "${CMAKE_CURRENT_SOURCE_DIR}/symbols/*.svg" "${CMAKE_CURRENT_SOURCE_DIR}/shadows/*.png")
-set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+set_source_files_properties(Theme.qml controls/Speech.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)

@@ -64,8 +64,7 @@ T.Menu {
         font: Theme.body
         hoverEnabled: root.hovers
         Accessible.name: text
-        // Qt 6.4 does not tell assistive technology that a control is disabled.
-        Accessible.description: enabled ? "" : qsTr("Not available now")
+        Accessible.description: Speech.description(enabled, "")
         Accessible.onPressAction: item.choose()
         Keys.onReturnPressed: item.choose()
         Keys.onEnterPressed: item.choose()

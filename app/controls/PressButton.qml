@@ -24,8 +24,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: spokenName
-    // Qt 6.4 does not tell assistive technology that a control is disabled.
-    Accessible.description: enabled ? spokenDetails : qsTr("Not available now")
+    Accessible.description: Speech.description(enabled, spokenDetails)
     // The toolkit's button acts when Space is released, and on X11 a held key seems to be released again and again.
     Keys.onSpacePressed: root.press()
     Keys.onReturnPressed: root.press()

@@ -73,10 +73,6 @@ directly contains your .xpj files.</source>
         <source>Edit</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>Not available now</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>FolderPanel</name>
@@ -155,13 +151,6 @@ and their _[ProjectData] folders</source>
     </message>
 </context>
 <context>
-    <name>PressButton</name>
-    <message>
-        <source>Not available now</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>ProjectList</name>
     <message>
         <source>Projects</source>
@@ -224,6 +213,13 @@ and their _[ProjectData] folders</source>
     <name>SearchBar</name>
     <message>
         <source>Search projects...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Speech</name>
+    <message>
+        <source>Not available now</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
