@@ -128,7 +128,6 @@ PlatformStyle {
     readonly property int cardRadius: 10
     readonly property int rowLineSpacing: 3
     readonly property int sheetPadding: 24
-    readonly property int caretWidth: 2
     readonly property int focusWidth: 2
     readonly property int thumbEdge: 2
     readonly property real twoLineHeight: 1.15

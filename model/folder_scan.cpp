@@ -105,7 +105,7 @@ bool isProjectFileName(std::string_view fileName) {
     if (fileName.size() <= projectFileExtension.size()) {
         return false;
     }
-    const auto stem = fileName.substr(0, fileName.size() - projectFileExtension.size());
+    const auto stem = baseNameOf(fileName);
     const auto extension = fileName.substr(stem.size());
     // Leading dots belong to the name: if nothing else comes before the last dot, there is no extension.
     return stem.find_first_not_of('.') != std::string_view::npos &&

@@ -19,7 +19,6 @@ class LogModel final : public QAbstractListModel {
 
 public:
     enum Role { timeRole = Qt::UserRole, messageRole, isErrorRole, sentenceRole };
-    Q_ENUM(Role)
 
     /// `scanner` outlives the model.
     explicit LogModel(MPCScanner& scanner);

@@ -9,6 +9,7 @@ T.TextField {
     id: root
 
     required property string stored // the text in the program's state
+    readonly property int caretWidth: 2
     property string spokenText: ""
     // While the menu is open, it has the focus.
     readonly property bool inUse: activeFocus || menu.visible
@@ -24,7 +25,6 @@ T.TextField {
     color: Theme.primary
     selectionColor: Theme.selection
     selectedTextColor: Theme.primary
-    selectByMouse: true
     // Like all texts in the window, in every script.
     horizontalAlignment: TextInput.AlignLeft
     renderType: Text.NativeRendering
@@ -41,10 +41,10 @@ T.TextField {
         readonly property int flash: Qt.styleHints.cursorFlashTime // qmllint disable
 
         objectName: "caret"
-        width: Theme.caretWidth
+        width: root.caretWidth
         color: Theme.orange
         transform: Translate {
-            x: -Theme.caretWidth / 2
+            x: -root.caretWidth / 2
         }
         visible: root.activeFocus && root.selectionStart === root.selectionEnd
 
@@ -97,7 +97,7 @@ T.TextField {
     TextLabel {
         objectName: "placeholder"
         anchors.verticalCenter: parent.verticalCenter
-        x: root.leftPadding + Theme.caretWidth // a pixel beside the caret
+        x: root.leftPadding + root.caretWidth // a pixel beside the caret
         width: root.width - x - root.rightPadding
         elide: Text.ElideRight
         visible: root.length === 0 && root.preeditText === ""

@@ -11,13 +11,13 @@ T.Dialog {
     required property color scrim
     required property int timeIn
     required property int timeOut
+    property real rise: 0 // how far below its place it is while it opens
 
     parent: T.Overlay.overlay
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     x: Math.round((parent.width - width) / 2)
-    y: Math.round((parent.height - height) / 2)
+    y: Math.round((parent.height - height) / 2 + rise)
     modal: true
-    dim: true
     focus: true
     closePolicy: T.Popup.NoAutoClose
 

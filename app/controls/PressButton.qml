@@ -10,14 +10,12 @@ T.AbstractButton {
     required property color ink
     required property color face
     property bool raised: false // with a border, and a shade below
-    property int cornerRadius: Theme.buttonRadius
+    required property int cornerRadius
     property string symbol: ""
     property string spokenName: text
     property string spokenDetails: "" // what it says after that
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: Theme.buttonHeight
-    leftPadding: Theme.buttonPadding
     rightPadding: leftPadding
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus

@@ -18,7 +18,6 @@ T.ScrollBar {
     x: area.x + area.width + gap
     y: area.y + inset
     height: area.height - 2 * inset
-    orientation: Qt.Vertical
     implicitWidth: 6
     minimumSize: height > 0 ? Math.min(1, 24 / height) : 0
     visible: size > 0 && size < 1

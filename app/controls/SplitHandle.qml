@@ -7,9 +7,8 @@ Item {
 
     signal moved(distance: real)
 
-    required property real logWidth
     // Assistive technology reads these of a slider, the only kind of item for which Qt Quick reports a value.
-    readonly property real value: logWidth
+    required property real value // the width of the log
     required property real minimumValue
     required property real maximumValue
     readonly property real stepSize: 10

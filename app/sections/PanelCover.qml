@@ -6,7 +6,6 @@ import Tarvolt
 T.Popup {
     parent: T.Overlay.overlay
     modal: true
-    dim: true
     focus: true
     closePolicy: T.Popup.NoAutoClose
     // Assistive technology sees the panel only.

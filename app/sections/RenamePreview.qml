@@ -43,7 +43,6 @@ ColumnLayout {
         implicitHeight: lines.implicitHeight + 2 * lines.y
         Layout.fillWidth: true
         Layout.fillHeight: true
-        Layout.minimumHeight: 0
         Layout.maximumHeight: implicitHeight
 
         BoxItem {

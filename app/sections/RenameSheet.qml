@@ -6,7 +6,6 @@ ModalPanel {
     id: root
 
     required property SheetBridge sheet
-    property real rise: 0
     readonly property RenameForm form: contentItem as RenameForm
 
     title: form.title
@@ -16,7 +15,6 @@ ModalPanel {
     scrim: Theme.scrim
     timeIn: Theme.still(180)
     timeOut: Theme.still(120)
-    y: Math.round((parent.height - height) / 2 + rise)
     onAboutToShow: root.form.selectName()
 
     enter: Transition {

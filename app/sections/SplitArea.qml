@@ -28,7 +28,7 @@ FocusScope {
         x: parent.width - root.logWidth - width
         height: parent.height
         z: 1
-        logWidth: root.logWidth
+        value: root.logWidth
         minimumValue: root.allowed(0)
         maximumValue: root.allowed(Infinity)
         onMoved: distance => root.wantedLogWidth = root.allowed(root.logWidth - distance)
