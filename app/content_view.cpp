@@ -5,7 +5,6 @@
 #include "rename/rename_error.h"
 
 #include <algorithm>
-#include <chrono>
 #include <iterator>
 #include <utility>
 
@@ -13,8 +12,6 @@ namespace tarvolt {
 namespace {
 
 constexpr std::size_t projectsWithoutSearchBar = 5;
-constexpr std::chrono::milliseconds rescanDelay{500};
-constexpr std::chrono::milliseconds highlightDuration{2000};
 
 } // namespace
 

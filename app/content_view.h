@@ -3,6 +3,7 @@
 #include "foundation/published.h"
 #include "model/mpc_scanner.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,9 @@ class ContentView final : public std::enable_shared_from_this<ContentView> {
     struct Passkey {};
 
 public:
+    static constexpr std::chrono::milliseconds rescanDelay{500};
+    static constexpr std::chrono::milliseconds highlightDuration{2000};
+
     /// A view with a new scanner of its own, kept for the view's life.
     static std::shared_ptr<ContentView> create(Services services);
 
@@ -57,8 +61,8 @@ public:
     void cancelRename();
 
     /// Renames the project to the trimmed new name. On failure the alert is shown and the sheet stays; on success the
-    /// sheet closes, the row is highlighted, the folder is scanned again 0.5 s later, which sets `listedName`, and the
-    /// highlight ends 2.0 s later.
+    /// sheet closes, the row is highlighted for `highlightDuration`, and after `rescanDelay` the folder is scanned
+    /// again, which sets `listedName`.
     void performRename(const MPCProject& project);
 
     void dismissAlert();

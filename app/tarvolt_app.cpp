@@ -10,7 +10,6 @@
 #include <QDebug>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QPixmap>
 #include <QQmlComponent>
 #include <QQuickWindow>
 #include <QTranslator>
@@ -51,7 +50,7 @@ std::shared_ptr<QtMainQueue> prepare() {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QtFolderPanel::keepNothing();
     QCoreApplication::setApplicationName(QStringLiteral("Tarvolt"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarvolt"));
+    QGuiApplication::setApplicationDisplayName(QCoreApplication::applicationName());
     QGuiApplication::setDesktopFileName(QStringLiteral("tarvolt"));
     return mainQueue;
 }

@@ -29,6 +29,8 @@ file(GLOB_RECURSE qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEP
      "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
 file(GLOB pictures RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS
      "${CMAKE_CURRENT_SOURCE_DIR}/symbols/*.svg" "${CMAKE_CURRENT_SOURCE_DIR}/shadows/*.png")
+set_source_files_properties(drawing/snapped_items.cpp PROPERTIES COMPILE_DEFINITIONS
+                                                                   TARVOLT_SMALL_ICON=${TARVOLT_SMALL_ICON})
 set_source_files_properties(Theme.qml controls/Speech.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
 # moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.

@@ -139,11 +139,10 @@ void SymbolItem::draw(QPainter& painter, const QRectF& box) const {
 }
 
 QPixmap applicationIcon(int side) {
-    constexpr int smallUpTo = 24;
     QPixmap icon(side, side);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
-    QSvgRenderer(drawing(side > smallUpTo ? QStringLiteral("tarvolt") : QStringLiteral("tarvolt.small")))
+    QSvgRenderer(drawing(side > TARVOLT_SMALL_ICON ? QStringLiteral("tarvolt") : QStringLiteral("tarvolt.small")))
         .render(&painter);
     return icon;
 }

@@ -51,7 +51,7 @@ Item {
 
             TextLabel {
                 objectName: "headerTitle"
-                text: qsTr("Tarvolt")
+                text: Qt.application.name
                 font: Theme.headline
             }
 

@@ -108,10 +108,6 @@ and their _[ProjectData] folders</source>
 <context>
     <name>HeaderView</name>
     <message>
-        <source>Tarvolt</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Rescan</source>
         <translation type="unfinished"></translation>
     </message>
