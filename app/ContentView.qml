@@ -25,7 +25,7 @@ T.ApplicationWindow {
     palette.highlightedText: Theme.prominentLabel
     palette.mid: Theme.fieldBorder
     visible: true
-    // However the focus comes: a sheet closes, a button is enabled again, the user returns from another window.
+    // However the focus got there: a sheet closed, a button was enabled again, the user came back from another window.
     onActiveFocusItemChanged: {
         const control = activeFocusItem as T.Control;
         if (control && root.presses.goesByKeys())

@@ -133,7 +133,7 @@ PlatformStyle {
     readonly property real twoLineHeight: 1.15
     readonly property real proseHeight: 1.1
 
-    // Buttons grow with their text, whose line is so many times as high as its size.
+    // Buttons grow with their text. A line of text is this many times as high as the font size.
     readonly property real lineRatio: 1.2
     readonly property int buttonHeight: Math.round(Math.max(28, lineRatio * bodyPixels + 12))
     readonly property int buttonPadding: 12

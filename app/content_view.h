@@ -45,7 +45,7 @@ public:
     /// Whether the sheet, the alert or the folder panel is open. Nothing behind it can be pressed then.
     bool isCovered() const;
 
-    /// From six projects on, whatever the search text.
+    /// Whether there are at least six projects, whatever the search text.
     bool showsSearchBar() const;
 
     /// Whether the preview is shown and the Rename button enabled: `newName` is neither empty nor the project's own.

@@ -25,8 +25,8 @@ int print(std::string_view text) {
     return std::cout ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-/// Answers the command line, and returns the exit status, or nothing if the window is to open. Options of the toolkit
-/// are unknown like any other.
+/// Answers the command line. Returns the exit status, or nothing if the window should open. The toolkit's own options
+/// are not accepted.
 std::optional<int> answer(int argc, char** argv) {
     if (argc < 2) {
         return std::nullopt;

@@ -28,7 +28,7 @@ QIcon windowIcon() {
     return icon;
 }
 
-/// The toolkit's own texts follow a language only where the window's do.
+/// The toolkit's own texts are translated only if the window's are.
 void installTranslations(QObject* owner) {
     auto* window = new QTranslator(owner);
     auto* toolkit = new QTranslator(owner);
@@ -69,7 +69,7 @@ TarvoltApp::TarvoltApp(int& argc, char** argv)
 }
 
 int TarvoltApp::run() {
-    // The toolkit's ready-made engine for applications would install its own translations of whatever language.
+    // The toolkit's engine for applications would install translations of its own, whatever the language.
     engine_.addImportPath(QStringLiteral(":/qt/qml"));
     QQmlComponent content(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/Tarvolt/ContentView.qml")));
     const std::unique_ptr<QObject> window(
@@ -83,7 +83,7 @@ int TarvoltApp::run() {
     const int code = QApplication::exec();
     mainQueue_->stop();
     if (runningBackgroundTasks() != 0) {
-        // A scan that hangs must not keep the program from ending, and may still use what an orderly end takes away.
+        // A scan that hangs must not keep the program from ending, and may still use what a normal exit destroys.
         std::_Exit(code);
     }
     return code;

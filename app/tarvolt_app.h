@@ -12,7 +12,7 @@
 namespace tarvolt {
 
 /// The program: its services, the QML engine and its one window. Made once, on the main thread, before any other thread
-/// is started. `argc` outlives it.
+/// is started. `argc` must outlive it.
 class TarvoltApp {
 public:
     TarvoltApp(int& argc, char** argv);

@@ -1,8 +1,8 @@
-# The window: the bridge between the view state and the toolkit, what is drawn, the QML with both, and the program.
+# The window: the bridge between the view state and the toolkit, the drawing, the QML that uses both, and the program.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Svg Widgets LinguistTools)
 qt_standard_project_setup()
 
-# The code that talks to a Wayland compositor about windows that other programs may stand over.
+# The code that asks a Wayland compositor to keep another program's window over ours.
 enable_language(C)
 find_library(WAYLAND_CLIENT wayland-client REQUIRED)
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
@@ -33,7 +33,7 @@ set_source_files_properties(drawing/snapped_items.cpp PROPERTIES COMPILE_DEFINIT
                                                                    TARVOLT_SMALL_ICON=${TARVOLT_SMALL_ICON})
 set_source_files_properties(Theme.qml controls/Speech.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
 
-# moc 6.4 stumbles over libstdc++'s <concepts>; it finds these headers already read.
+# moc 6.4 stumbles over libstdc++'s <concepts>. With their include guards set, it skips these headers.
 set(CMAKE_AUTOMOC_MOC_OPTIONS -D_GLIBCXX_CONCEPTS -D_GLIBCXX_COMPARE)
 
 add_library(tarvolt_window STATIC ${window_sources} tarvolt_app.cpp)
@@ -73,7 +73,7 @@ qt_add_lrelease(tarvolt_window TS_FILES ${translations} QM_FILES_OUTPUT_VARIABLE
 qt_add_resources(tarvolt_window tarvolt_translations PREFIX /i18n BASE "${CMAKE_CURRENT_BINARY_DIR}"
                  FILES ${compiled_translations})
 
-# What the toolkit generates does not keep this project's warnings. Its sources are known once the folder is read.
+# The sources that the toolkit generates do not compile without warnings. They are known once the folder has been read.
 function(tarvolt_quiet_generated_sources)
   foreach(target IN ITEMS tarvolt_window tarvolt_windowplugin tarvolt_windowplugin_init tarvolt_window_qmlcache)
     if(TARGET ${target})

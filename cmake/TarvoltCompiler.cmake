@@ -10,7 +10,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # The installed program takes its libraries from the system only.
 set(CMAKE_SKIP_INSTALL_RPATH ON)
 
-option(TARVOLT_COVERAGE "Count which conditions come out which way (needs Clang)" OFF)
+option(TARVOLT_COVERAGE "Count how often each branch is taken (needs Clang)" OFF)
 set(TARVOLT_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
 # When it optimises, GCC 12 mistakes a string concatenation for an overlapping copy; GCC 13 no longer does.
@@ -53,7 +53,7 @@ if(TARVOLT_COVERAGE)
 endif()
 
 # Defines a layer: a library of the sources in this folder and the subfolders given. Its headers are also compiled on
-# their own. The program's entry belongs to no layer of this kind.
+# their own. The program's entry is in no layer.
 function(tarvolt_layer name)
   list(TRANSFORM ARGN PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE folders)
   list(PREPEND folders "${CMAKE_CURRENT_SOURCE_DIR}")

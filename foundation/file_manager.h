@@ -76,7 +76,7 @@ struct FileContents {
 
 enum class LinkPolicy { follow, refuse };
 
-/// Whether a listing has to tell the sizes of files, which takes a call for each.
+/// Whether a listing includes the sizes of files, which takes a call for each.
 enum class Sizes { ask, skip };
 
 /// The program's only access to the disk. Paths are bytes; a path that contains a NUL byte or is longer than the
@@ -126,13 +126,13 @@ public:
 
     /// Moves an item within one file system and flushes both folders as far as possible. Never replaces anything, not
     /// even an empty folder; where the file system cannot guarantee that, the destination is checked just before. An
-    /// item of another identity than `onlyIf` is left alone (EBUSY). Throws FileError, and the item is then where it
-    /// was, unless a network drive moved it but lost the replies to the move and to the check that follows a failure.
+    /// item whose identity is not `onlyIf` is left alone (EBUSY). Throws FileError, and the item is then where it was,
+    /// unless a network drive moved it but lost the replies to the move and to the check that follows a failure.
     virtual void moveItem(const std::filesystem::path& from, const std::filesystem::path& to,
                           const FileIdentity& onlyIf) = 0;
 
     /// Removes the file or link at `path` itself, never a folder or the target of a link, and flushes its folder as far
-    /// as possible. An item in another state than `onlyIf` is left alone (EBUSY). Throws FileError when it cannot be
+    /// as possible. An item whose state is not `onlyIf` is left alone (EBUSY). Throws FileError when it cannot be
     /// removed.
     virtual void removeItem(const std::filesystem::path& path, const FileState& onlyIf) = 0;
 };

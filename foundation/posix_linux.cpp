@@ -1,5 +1,5 @@
-// Calls that Linux has and POSIX lacks. CMake checks for each one. Without it, its function uses what POSIX has or
-// fails as it would on a file system without support, which the callers handle.
+// Calls that Linux has and POSIX lacks. CMake checks for each. Where one is missing, its function uses what POSIX has
+// or fails as on a file system without support, which the callers handle.
 #include "foundation/posix_calls.h"
 
 #include <dirent.h>

@@ -28,12 +28,12 @@ std::size_t skipAscii(std::string_view bytes, std::size_t at) {
     return at;
 }
 
-// ICU's macros do not compile under this project's warnings.
+// ICU's macros do not compile without warnings.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
 #pragma GCC diagnostic ignored "-Wsign-conversion"
 
-/// The character at `at`, which is moved behind it; negative if there is no well-formed one.
+/// The character at `at`, which is moved past it; negative if there is no well-formed one.
 UChar32 nextCharacter(std::string_view bytes, std::size_t& at) {
     UChar32 character = 0;
     U8_NEXT(bytes, at, bytes.size(), character);

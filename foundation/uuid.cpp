@@ -9,7 +9,7 @@
 namespace tarvolt {
 
 UUID UUID::random() {
-    // A scan draws thousands. This is the most that one call gives, which POSIX has had since 2024.
+    // A scan draws thousands. One call gives at most this much; it has been in POSIX since 2024.
     thread_local std::array<UUID, 256 / sizeof(UUID)> drawn;
     thread_local std::size_t left = 0;
     if (left == 0) {

@@ -12,13 +12,13 @@ namespace {
 
 using std::filesystem::path;
 
-/// Why a file operation failed, in the operating system's words. If it is no FileError, memory ran out.
+/// Why a file operation failed, in the operating system's words. Anything but a FileError means that memory ran out.
 std::string reason(const std::exception& failure) {
     const auto* error = dynamic_cast<const FileError*>(&failure);
     return error != nullptr ? error->localizedDescription() : FileError(ENOMEM, {}, {}).localizedDescription();
 }
 
-/// Matches no item. Where nothing was seen, nothing may be moved or removed, and the attempt gives the reason.
+/// Stands for an item that was not there. It matches no item, so the move is attempted only for its error message.
 constexpr FileState nothing;
 
 /// An item of the project that this rename has seen or made, and may therefore move or remove.
@@ -40,7 +40,7 @@ bool contains(const FileManager& fileManager, const path& file, const FileManage
 }
 
 /// Whether `present` is still the item. The number of a removed file is soon given to another one, and dates may be
-/// whole seconds. So where number, size and date are not all as they were, the text of a file decides.
+/// in whole seconds. So unless number, size and date are all unchanged, the text of a file decides.
 bool isStill(const FileManager& fileManager, const OwnItem& item, const std::optional<FileState>& present) {
     if (!present || present == item.seen) {
         return present.has_value();
@@ -129,7 +129,7 @@ void removeOldProjectFile(FileManager& fileManager, const OwnItem& oldFile, cons
         if (!isStill(fileManager, newFile, fileManager.state(newFile.where))) {
             throw FileError(EBUSY, "unlink", oldFile.where);
         }
-        // What others have written to the old file since is in no other file; then it stays, too.
+        // It also stays if others have written to it since, because what they wrote is in no other file.
         actOn(fileManager, oldFile, [&](const auto& state) { fileManager.removeItem(oldFile.where, state); });
     } catch (const std::exception& failure) {
         // Nothing is rolled back: the project is whole under its new name, and the old file does no harm.

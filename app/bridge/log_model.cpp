@@ -35,7 +35,7 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
     case isErrorRole:
         return entry.isError;
     case sentenceRole:
-        // What the colour shows, the message of a failure says itself.
+        // The message of a failure itself says what the colour shows.
         return singleLineString(entry.message + ", " + logTimeText(entry.timestamp, locale_.time));
     default:
         return {};

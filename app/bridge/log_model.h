@@ -20,7 +20,7 @@ class LogModel final : public QAbstractListModel {
 public:
     enum Role { timeRole = Qt::UserRole, messageRole, isErrorRole, sentenceRole };
 
-    /// `scanner` outlives the model.
+    /// `scanner` must outlive the model.
     explicit LogModel(MPCScanner& scanner);
 
     int rowCount(const QModelIndex& parent = {}) const override;

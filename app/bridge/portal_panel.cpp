@@ -31,7 +31,7 @@ const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto request = QStringLiteral("org.freedesktop.portal.Request");
 
-/// Whether there is nothing at `path`, or something other than a folder. A path that cannot be examined passes for a
+/// Whether there is nothing at `path`, or something other than a folder. A path that cannot be examined counts as a
 /// folder: the scan will log why it cannot be read.
 bool isNoFolder(const std::filesystem::path& path) {
     std::error_code error;

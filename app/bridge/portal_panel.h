@@ -15,19 +15,19 @@ class QWindow;
 
 namespace tarvolt {
 
-/// The folder panel of the desktop's portal, which runs in another process. An object asks once. Main thread.
+/// The folder panel of the desktop's portal, which runs in another process. Each object asks once. Main thread.
 class PortalPanel final : public QObject {
     Q_OBJECT
 
 public:
-    /// `loop` runs while the portal is waited for; it outlives the panel.
+    /// `loop` runs while this waits for the portal; it must outlive the panel.
     explicit PortalPanel(QEventLoop& loop) : loop_(loop) {}
 
     /// Returns when there is an answer, when none can come, or when `loop` was told to quit, which closes the panel.
-    /// False: the portal is missing, too old or broken, so no answer is the person's.
+    /// False when the portal is missing, too old or broken, so that the user has not answered.
     bool run(const FolderPanelSettings& settings, QWindow* window);
 
-    /// After `run` has succeeded: the folder chosen, or none if the person cancelled or the panel was closed.
+    /// After `run` has succeeded: the folder chosen, or none if the user cancelled or the panel was closed.
     const std::optional<std::filesystem::path>& folder() const { return folder_; }
 
 private slots:

@@ -20,8 +20,8 @@ bool countsOnce(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Escape;
 }
 
-/// While assistive technology listens, the toolkit asks it about each key and hands on a copy that has lost its time;
-/// then it is the time of arrival that counts.
+/// While assistive technology listens, the toolkit asks it about each key and passes on a copy without the key's time;
+/// then the time of arrival counts.
 quint64 timeOf(const QKeyEvent& key) {
     using std::chrono::milliseconds;
     using std::chrono::steady_clock;

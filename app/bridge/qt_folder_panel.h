@@ -9,7 +9,7 @@
 
 namespace tarvolt {
 
-/// The folder panel of the desktop's portal, or the toolkit's own if there is no working portal. With neither does this
+/// The folder panel of the desktop's portal, or the toolkit's own if there is no working portal. Neither makes this
 /// process store anything. The window still takes input while a panel is open, so the caller has to cover it.
 class QtFolderPanel final : public FolderPanel {
 public:

@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 /// toolkit's own locks and would report the handover as a race.
 std::mutex handOver;
 
-/// Timers count in whole milliseconds and may wake a moment early; whoever is early waits for the rest.
+/// Timers count in whole milliseconds and may wake a moment early; a task that is early waits for the rest.
 void runAt(Clock::time_point deadline, QObject* receiver, const Task& task) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
     if (left.count() <= 0) {
@@ -47,7 +47,7 @@ void QtMainQueue::asyncAfter(std::chrono::milliseconds delay, Task task) {
 }
 
 void QtMainQueue::stop() {
-    // Let go after the lock: what a task holds may post on its way out.
+    // Destroyed after the lock is released, because what a task holds may post when it is destroyed.
     std::unique_ptr<QObject> receiver;
     const std::lock_guard lock(handOver);
     receiver.swap(receiver_);

@@ -8,14 +8,14 @@
 
 namespace tarvolt {
 
-/// The main queue over the toolkit's event loop. Made on the main thread; may outlive the toolkit: `stop` detaches it,
-/// and what is given to it afterwards is dropped.
+/// The main queue, on the toolkit's event loop. Made on the main thread; may outlive the toolkit: `stop` detaches it,
+/// and tasks posted afterwards are dropped.
 class QtMainQueue final : public DispatchQueue {
 public:
     void async(Task task) override;
     void asyncAfter(std::chrono::milliseconds delay, Task task) override;
 
-    /// Drops what is waiting and everything that comes later. Main thread, before the application object goes.
+    /// Drops the waiting tasks and all later ones. Main thread, before the application object is destroyed.
     void stop();
 
 private:

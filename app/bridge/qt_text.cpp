@@ -13,7 +13,7 @@ namespace tarvolt {
 
 namespace {
 
-/// As long as `text`, unit by unit.
+/// `text` with each line break or other control replaced by one blank.
 QString onOneLine(QString text) {
     std::replace_if(
         text.begin(), text.end(),

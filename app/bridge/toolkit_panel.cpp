@@ -32,7 +32,7 @@ constexpr int panelWidth = 40;
 constexpr int panelHeight = 28;
 constexpr int placesWidth = 10;
 
-// Impatient presses of the key that opened the panel follow one another within so many milliseconds.
+// An impatient user presses the key that opened the panel again within this many milliseconds.
 constexpr int impatience = 600;
 
 // The panel's empty row, under the field and beside the buttons.
@@ -180,7 +180,7 @@ void ToolkitPanel::colour(QWindow* window) {
     colours.setColor(QPalette::Highlight, ofWindow("highlight"));
     colours.setColor(QPalette::HighlightedText, ofWindow("highlightedText"));
     setPalette(colours);
-    // A field draws nothing but its edge in this role.
+    // A field uses this role for nothing but its edge.
     QPalette edged = colours;
     edged.setColor(QPalette::Window, ofWindow("mid").lighter(edgeShade));
     field_->setPalette(edged);

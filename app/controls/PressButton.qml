@@ -13,7 +13,7 @@ T.AbstractButton {
     required property int cornerRadius
     property string symbol: ""
     property string spokenName: text
-    property string spokenDetails: "" // what it says after that
+    property string spokenDetails: "" // spoken after the name
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     rightPadding: leftPadding

@@ -16,7 +16,7 @@ Item {
 
     objectName: "splitHandle"
     width: Theme.hairline
-    // Assistive technology is told this size where the real one is less than one.
+    // The size that assistive technology is told where the real one is less than 1.
     implicitWidth: 1
     implicitHeight: height
     activeFocusOnTab: true

@@ -21,7 +21,7 @@ double systemPoints() {
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() / PlatformStyle::pixelsPerPoint();
 }
 
-/// Whether the look or the place of `unit` depends on its neighbours.
+/// Whether the look or the position of `unit` depends on its neighbours.
 bool needsShaping(QChar unit) {
     switch (unit.script()) {
     case QChar::Script_Common:
@@ -32,7 +32,7 @@ bool needsShaping(QChar unit) {
     case QChar::Script_Katakana:
     case QChar::Script_Han:
         return unit.isMark();
-    default: // other scripts, accents of their own, halves of what takes two units
+    default: // other scripts, combining accents, surrogates
         return true;
     }
 }
@@ -57,7 +57,7 @@ bool PlatformStyle::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-/// The toolkit keeps the size of a window's content, but not that of the window around it, until it gets another one.
+/// The toolkit keeps the size of a window's content, but not that of the window around it, until it is resized.
 void PlatformStyle::followScale() {
     emit settingsChanged();
     for (QWindow* window : QGuiApplication::topLevelWindows()) {
@@ -102,8 +102,8 @@ QFont PlatformStyle::styled(QFont family, double ratio, int weight, double track
     if (tracking != 0) {
         family.setLetterSpacing(QFont::AbsoluteSpacing, tracking);
     }
-    // A hint moves what is drawn to the pixels of another size where the scale is not a whole one. The toolkit itself
-    // sees to that only for fonts that it has loaded after the scale was set.
+    // On a scaled display, hints would fit the letters to the pixels of another size. The toolkit itself takes care of
+    // that only for fonts that it loads after the scale is set.
     family.setHintingPreference(qGuiApp->devicePixelRatio() == 1 ? QFont::PreferDefaultHinting
                                                                  : QFont::PreferNoHinting);
     return family;

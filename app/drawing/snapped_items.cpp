@@ -99,7 +99,7 @@ QSGNode* SnappedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
         if (image == nullptr) {
             image = window()->createImageNode();
             image->setOwnsTexture(true);
-            // While an ancestor grows, the picture is stretched, and its edges are to stay smooth.
+            // While an ancestor grows, the picture is stretched, and its edges should stay smooth.
             image->setFiltering(QSGTexture::Linear);
         }
         image->setTexture(window()->createTextureFromImage(picture(pixels), QQuickWindow::TextureHasAlphaChannel));

@@ -13,7 +13,7 @@ namespace tarvolt {
 /// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, also at a scale of one
 /// and a half. Items that end at the same place, one above the other or side by side, end at the same pixel; only small
 /// items keep their size wherever they are. The items below name this class in full as their base, because the type
-/// registrar of Qt 6.4 looks it up by exactly these words.
+/// registrar of Qt 6.4 looks it up by exactly this text.
 class SnappedItem : public QQuickItem {
     Q_OBJECT
     QML_ANONYMOUS

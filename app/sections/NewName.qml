@@ -35,7 +35,7 @@ ColumnLayout {
         stored: root.sheet.newName
         onEdited: newText => root.sheet.newName = newText
         Accessible.name: qsTr("New name")
-        // Submitting the field asks for the rename whatever the button's state.
+        // Submitting the field asks for the rename even while the button is disabled.
         Keys.onReturnPressed: root.sheet.submitNewName()
         Keys.onEnterPressed: root.sheet.submitNewName()
 

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Tarvolt
 
 // The rows. One of them is the current one, and the list's keyboard focus is on its button: Tab and the arrow keys go
-// from row to row, Page Up and Page Down by what is in sight, Home and End to either end.
+// from row to row, Page Up and Page Down by as many rows as are in sight, Home and End to either end.
 ListView {
     id: root
 

@@ -13,7 +13,7 @@ FocusScope {
 
     objectName: "projectListView"
 
-    // Not just hidden during a scan.
+    // Gone for good, not just hidden during a scan.
     readonly property bool searchGone: !view.projects.showsSearchBar && !view.scanning
     // The focus returns to the search field when that is shown again.
     property bool searchAwaited: false

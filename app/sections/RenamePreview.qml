@@ -8,7 +8,7 @@ ColumnLayout {
     id: root
 
     required property SheetBridge sheet
-    // How much of its height the preview can give up: it scrolls as long as a name of two lines is in sight.
+    // How much of its height the preview can give up: it can scroll as long as it shows a name of two lines.
     readonly property real leastHeight: 2 * (lines.y + Math.ceil(Theme.lineRatio * Theme.captionPixels))
     readonly property real dispensable: Math.max(0, box.implicitHeight - leastHeight)
 

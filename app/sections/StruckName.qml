@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tarvolt
 
-// A name on disk that goes away. The line through it is fainter than its letters, because in their colour it would hide
-// the bar of an "e" or an "a".
+// A name on disk that the rename replaces. The line through it is fainter than its letters, because in their colour it
+// would hide the bar of an "e" or an "a".
 TextLabel {
     id: root
 
