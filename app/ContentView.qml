@@ -28,7 +28,7 @@ T.ApplicationWindow {
     // However the focus got there: a sheet closed, a button was enabled again, the user came back from another window.
     onActiveFocusItemChanged: {
         const control = activeFocusItem as T.Control;
-        if (control && root.presses.goesByKeys())
+        if (control && root.presses.lastPressWasKey())
             control.focusReason = Qt.TabFocusReason; // With this reason the toolkit shows the focus.
     }
 

@@ -31,12 +31,11 @@ const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto request = QStringLiteral("org.freedesktop.portal.Request");
 
-/// Whether there is nothing at `path`, or something other than a folder. A path that cannot be examined counts as a
-/// folder: the scan will log why it cannot be read.
-bool isNoFolder(const std::filesystem::path& path) {
+/// Whether there may be a folder at `path`. If that cannot be determined, the scan will log why it cannot be read.
+bool mayBeFolder(const std::filesystem::path& path) {
     std::error_code error;
     const auto type = std::filesystem::status(path, error).type();
-    return type != std::filesystem::file_type::directory && type != std::filesystem::file_type::none;
+    return type == std::filesystem::file_type::directory || type == std::filesystem::file_type::none;
 }
 
 /// The name by which the portal finds the window that its panel belongs to; empty where there is none.
@@ -136,7 +135,7 @@ bool PortalPanel::takeFolder() {
     }
     const auto results = qdbus_cast<QVariantMap>(response_->arguments().at(1));
     folder_ = localPath(results.value(QStringLiteral("uris")).toStringList().value(0));
-    return folder_ && !isNoFolder(*folder_);
+    return folder_ && mayBeFolder(*folder_);
 }
 
 } // namespace tarvolt

@@ -48,7 +48,7 @@ PressFilter::PressFilter(QObject* parent) : QObject(parent) {
 bool PressFilter::eventFilter(QObject* watched, QEvent* event) {
     const bool keyPress = event->type() == QEvent::KeyPress;
     if ((keyPress || event->type() == QEvent::MouseButtonPress) && qobject_cast<QQuickWindow*>(watched) != nullptr) {
-        goesByKeys_ = keyPress;
+        lastPressWasKey_ = keyPress;
     }
     if (!keyPress && event->type() != QEvent::KeyRelease) {
         return QObject::eventFilter(watched, event);

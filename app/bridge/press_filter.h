@@ -21,7 +21,7 @@ public:
     explicit PressFilter(QObject* parent = nullptr);
 
     /// Whether the last press in a Quick window was a key, not a mouse button.
-    Q_INVOKABLE bool goesByKeys() const { return goesByKeys_; }
+    Q_INVOKABLE bool lastPressWasKey() const { return lastPressWasKey_; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -29,7 +29,7 @@ private:
     int releasedKey_ = 0;
     quint64 releasedAt_ = 0;    ///< milliseconds, by the display's clock if the key has a time
     QPointer<QObject> typesIn_; ///< the text field that Space was pressed in
-    bool goesByKeys_ = false;
+    bool lastPressWasKey_ = false;
 };
 
 } // namespace tarvolt

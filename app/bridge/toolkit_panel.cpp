@@ -55,7 +55,7 @@ ToolkitPanel::ToolkitPanel(const FolderPanelSettings& settings, QWindow* window,
     setViewMode(Detail);
     setSidebarUrls(panelPlaces());
     setWindowTitle(QString::fromStdString(settings.prompt));
-    takeAwayButtons();
+    hideButtons();
     replaceButtons();
     layOut(QString::fromStdString(settings.message));
     colour(window);
@@ -109,7 +109,7 @@ void ToolkitPanel::setRefusal(const QString& text) {
     field_->setAccessibleDescription(text);
 }
 
-void ToolkitPanel::takeAwayButtons() {
+void ToolkitPanel::hideButtons() {
     for (const char* name :
          {"newFolderButton", "listModeButton", "detailModeButton", "fileTypeLabel", "fileTypeCombo"}) {
         findChild<QWidget*>(QLatin1String(name))->hide();

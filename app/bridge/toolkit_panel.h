@@ -30,7 +30,7 @@ public:
 
 private:
     QString namedFolder() const;
-    void takeAwayButtons();
+    void hideButtons();
     void replaceButtons();
     void layOut(const QString& message);
     void colour(QWindow* window);

@@ -25,7 +25,7 @@ FocusScope {
         const showsSplit = root.shown === WindowBridge.ProjectList;
         if (!root.focusItem || root.focusItem.visible || (showsSplit && split.activeFocus))
             return;
-        if (!PressFilter.goesByKeys())
+        if (!PressFilter.lastPressWasKey())
             root.focusItem.focus = false;
         else if (showsSplit)
             split.forceActiveFocus(Qt.TabFocusReason);

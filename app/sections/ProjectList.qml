@@ -103,7 +103,7 @@ ListView {
         else if (!root.resting && root.count > 0)
             root.focusRow(Math.max(0, root.projects.rowShowing(root.focusedName)));
         else if (!root.resting)
-            root.ringed = PressFilter.goesByKeys();
+            root.ringed = PressFilter.lastPressWasKey();
     }
 
     function focusRow(row: int): void {

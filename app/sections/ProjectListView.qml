@@ -48,7 +48,7 @@ FocusScope {
             else if (hiddenBySearch && searchBar.visible)
                 searchBar.takeFocus();
             else
-                list.rest(PressFilter.goesByKeys());
+                list.rest(PressFilter.lastPressWasKey());
         }
     }
 

@@ -105,14 +105,14 @@ TEST_F(PressFilterTest, KnowsWhetherAKeyOrTheMouseWasPressedLastInAWindow) {
         QKeyEvent event(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
         QCoreApplication::sendEvent(receiver, &event);
     };
-    EXPECT_FALSE(filter.goesByKeys());
+    EXPECT_FALSE(filter.lastPressWasKey());
     pressKey(&counter);
-    EXPECT_FALSE(filter.goesByKeys()) << "a key in another window, as the folder panel's";
+    EXPECT_FALSE(filter.lastPressWasKey()) << "a key in another window, as the folder panel's";
     pressKey(&window);
-    EXPECT_TRUE(filter.goesByKeys());
+    EXPECT_TRUE(filter.lastPressWasKey());
     QMouseEvent click(QEvent::MouseButtonPress, {}, {}, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &click);
-    EXPECT_FALSE(filter.goesByKeys());
+    EXPECT_FALSE(filter.lastPressWasKey());
 }
 
 } // namespace
