@@ -86,7 +86,7 @@ TEST_F(LongListsTest, BuildOnlyTheVisibleLinesOfTenThousand) {
 
 TEST_F(LongListsTest, ShowTheNewestLineAtTheTopAndBuildOneRowForIt) {
     showProjects(1);
-    log(100);
+    log(10'000);
     EXPECT_EQ(logTop(), 0);
     std::vector<QQuickItem*> before = w.findAll("logRow");
     w.view->scanner->log("newest", true);
