@@ -66,9 +66,11 @@ def end(process):
 
 @contextlib.contextmanager
 def display():
-    """A display and a message bus, whose names the programs find in their environment."""
+    """A display, a message bus and an empty home, which the programs find in their environment."""
     reader, writer = os.pipe()
-    with tempfile.TemporaryDirectory() as memory:
+    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as memory:
+        for folder in "HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME":
+            os.environ[folder] = memory
         server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
                                    "-nolisten", "tcp", "-nocursor", "-fbdir", memory],
                                   pass_fds=[writer], stderr=subprocess.DEVNULL)

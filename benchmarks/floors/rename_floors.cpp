@@ -105,7 +105,6 @@ void renameOnce(int folder, const Names& from, const Names& to, bool flushes) {
     rewrite(old, created, from, to);
     flush(created);
     ::close(created);
-    flush(folder);
     move(folder, folder, from, to);
     flush(folder);
     succeed(::unlinkat(folder, from.file.c_str(), 0), "unlinkat");
