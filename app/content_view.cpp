@@ -74,14 +74,14 @@ void ContentView::cancelRename() {
     renamingProject.set(std::nullopt);
 }
 
-void ContentView::performRename(const MPCProject& project) {
+bool ContentView::performRename(const MPCProject& project) {
     const std::string name(trimWhitespace(newName.get()));
     try {
         scanner->rename(project, name);
     } catch (const RenameError& error) {
         errorMessage.set(error.errorDescription());
         showError.set(true);
-        return;
+        return false;
     }
     successProject.set(project.id());
     listedName.set(std::nullopt);
@@ -96,6 +96,7 @@ void ContentView::performRename(const MPCProject& project) {
         });
     });
     mainQueue.asyncAfter(highlightDuration, [self = shared_from_this()] { self->successProject.set(std::nullopt); });
+    return true;
 }
 
 void ContentView::dismissAlert() {

@@ -62,8 +62,8 @@ public:
 
     /// Renames the project to the trimmed new name. On failure the alert is shown and the sheet stays; on success the
     /// sheet closes, the row is highlighted for `highlightDuration`, and after `rescanDelay` the folder is scanned
-    /// again, which sets `listedName`.
-    void performRename(const MPCProject& project);
+    /// again, which sets `listedName`. Returns whether it succeeded.
+    bool performRename(const MPCProject& project);
 
     void dismissAlert();
 

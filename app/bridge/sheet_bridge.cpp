@@ -47,9 +47,9 @@ void SheetBridge::submitNewName() {
         return;
     }
     const MPCProject project = *shown(); // The state's own goes when the sheet closes.
-    view_->performRename(project);
+    const bool succeeded = view_->performRename(project);
     tell();
-    if (!open()) {
+    if (succeeded) {
         emit renamed();
     }
 }

@@ -12,8 +12,6 @@ namespace tarvolt {
 struct PreviewRow {
     std::string oldText;
     std::string newText;
-
-    friend bool operator==(const PreviewRow&, const PreviewRow&) = default;
 };
 
 /// One line for the project file and, if there is one, a second for the data folder. `newName` is used as typed.

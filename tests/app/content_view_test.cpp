@@ -280,7 +280,7 @@ TEST_F(RenameFlow, MarksTheRowBeforeItClosesTheSheet) {
     const auto c = view->newName.observe([&] { changes.emplace_back("newName"); });
     const auto d = view->errorMessage.observe([&] { changes.emplace_back("errorMessage"); });
     const auto e = view->showError.observe([&] { changes.emplace_back("showError"); });
-    view->performRename(song);
+    EXPECT_TRUE(view->performRename(song));
     EXPECT_EQ(changes, (Lines{"successProject", "renamingProject"}));
 }
 
@@ -389,7 +389,7 @@ TEST_F(RenameFlow, ShowsTheReasonAndKeepsSheetAndNameOnFailure) {
     const auto c = view->renamingProject.observe([&] { changes.emplace_back("renamingProject"); });
     const auto d = view->successProject.observe([&] { changes.emplace_back("successProject"); });
     const auto e = view->newName.observe([&] { changes.emplace_back("newName"); });
-    view->performRename(song);
+    EXPECT_FALSE(view->performRename(song));
     EXPECT_EQ(changes, (Lines{"errorMessage", "showError"}));
     EXPECT_TRUE(view->showError.get());
     EXPECT_EQ(view->alertMessage(), "A project named \"Other\" already exists.");
