@@ -1,15 +1,14 @@
 #include "app/bridge/log_model.h"
 
 #include "app/bridge/qt_text.h"
-#include "app/bridge/tell_once.h"
 #include "app/sections/log_texts.h"
 
 namespace tarvolt {
 
 LogModel::LogModel(MPCScanner& scanner)
     : entries_(scanner.logEntries.get()), locale_(scanner.services().locale), known_(entries_.size()),
-      subscriptions_(tellOnce(
-          this, [this] { takeNewEntries(); }, scanner.logEntries)) {}
+      tell_(
+          this, [this] { takeNewEntries(); }, scanner.logEntries) {}
 
 void LogModel::takeNewEntries() {
     beginInsertRows({}, 0, static_cast<int>(entries_.size() - known_) - 1);

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "app/bridge/tell_once.h"
 #include "model/mpc_scanner.h"
 
 #include <QAbstractListModel>
 #include <QtQmlIntegration/qqmlintegration.h>
-
-#include <vector>
 
 namespace tarvolt {
 
@@ -37,7 +36,7 @@ private:
     const MPCScanner::LogEntries& entries_;
     const UserLocale& locale_;
     std::size_t known_;
-    std::vector<Subscription> subscriptions_;
+    TellOnce tell_;
 };
 
 } // namespace tarvolt

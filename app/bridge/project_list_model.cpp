@@ -1,6 +1,5 @@
 #include "app/bridge/project_list_model.h"
 
-#include "app/bridge/tell_once.h"
 #include "app/sections/list_texts.h"
 #include "foundation/byte_count_formatter.h"
 
@@ -44,9 +43,9 @@ int firstRow(const std::vector<MPCProject>& projects, const Value& value, Proper
 ProjectListModel::ProjectListModel(std::shared_ptr<ContentView> view, SheetBridge& sheet)
     : view_(std::move(view)), sheet_(sheet), locale_(view_->scanner->services().locale.numeric),
       projects_(view_->filteredProjects()),
-      subscriptions_(tellOnce(
+      tell_(
           this, [this] { refresh(); }, view_->scanner->projects, view_->scanner->isScanning, view_->searchText,
-          view_->successProject, view_->listedName, view_->renamingProject, view_->showError, view_->choosesFolder)) {
+          view_->successProject, view_->listedName, view_->renamingProject, view_->showError, view_->choosesFolder) {
     const auto outdated = [this] { rowsOutdated_ = true; };
     subscriptions_.push_back(view_->scanner->projects.observe(outdated));
     subscriptions_.push_back(view_->searchText.observe(outdated));

@@ -2,6 +2,7 @@
 
 #include "app/bridge/qt_text.h"
 #include "app/bridge/sheet_bridge.h"
+#include "app/bridge/tell_once.h"
 #include "app/content_view.h"
 
 #include <QAbstractListModel>
@@ -64,6 +65,7 @@ private:
     bool rowsOutdated_ = false; ///< filtering a long list again takes longer than opening a sheet
     std::optional<UUID> renamed_;
     bool searched_ = false;
+    TellOnce tell_;
     std::vector<Subscription> subscriptions_;
 };
 

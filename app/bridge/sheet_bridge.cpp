@@ -1,22 +1,18 @@
 #include "app/bridge/sheet_bridge.h"
 
-#include "app/bridge/tell_once.h"
-
 #include <utility>
 
 namespace tarvolt {
 
 SheetBridge::SheetBridge(std::shared_ptr<ContentView> view)
-    : view_(std::move(view)),
-      subscriptions_(tellOnce(
-          this, [this] { tell(); }, view_->renamingProject, view_->newName, view_->errorMessage, view_->showError)) {
-    subscriptions_.push_back(view_->renamingProject.observe([this] { fading_ = shown(); }));
-}
-
-void SheetBridge::tell() {
-    emit textsChanged();
-    emit openChanged();
-}
+    : view_(std::move(view)), beforeClosing_(view_->renamingProject.observe([this] { fading_ = shown(); })),
+      tell_(
+          this,
+          [this] {
+              emit textsChanged();
+              emit openChanged();
+          },
+          view_->renamingProject, view_->newName, view_->errorMessage, view_->showError) {}
 
 const std::optional<MPCProject>& SheetBridge::shown() const {
     const auto& renaming = view_->renamingProject.get();
@@ -31,14 +27,14 @@ PreviewRow SheetBridge::previewRow(std::size_t index) const {
 void SheetBridge::begin(const MPCProject& project) {
     if (!view_->isCovered()) {
         view_->beginRename(project);
-        tell();
+        tell_.now();
     }
 }
 
 void SheetBridge::setNewName(const QString& text) {
     if (open()) {
         view_->newName.set(editedBytes(view_->newName.get(), text));
-        tell();
+        tell_.now();
     }
 }
 
@@ -48,7 +44,7 @@ void SheetBridge::submitNewName() {
     }
     const MPCProject project = *shown(); // The state's own goes when the sheet closes.
     const bool succeeded = view_->performRename(project);
-    tell();
+    tell_.now();
     if (succeeded) {
         emit renamed();
     }
@@ -63,13 +59,13 @@ void SheetBridge::pressRename() {
 void SheetBridge::cancelRename() {
     if (!alertOpen()) {
         view_->cancelRename();
-        tell();
+        tell_.now();
     }
 }
 
 void SheetBridge::dismissAlert() {
     view_->dismissAlert();
-    tell();
+    tell_.now();
 }
 
 } // namespace tarvolt

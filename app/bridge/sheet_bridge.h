@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/bridge/qt_text.h"
+#include "app/bridge/tell_once.h"
 #include "app/content_view.h"
 #include "app/sections/sheet_texts.h"
 
@@ -10,7 +11,6 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace tarvolt {
 
@@ -72,13 +72,13 @@ signals:
     void renamed();
 
 private:
-    void tell();
     const std::optional<MPCProject>& shown() const;
     PreviewRow previewRow(std::size_t index) const;
 
     const std::shared_ptr<ContentView> view_;
     std::optional<MPCProject> fading_; ///< the project shown when the sheet closed last
-    std::vector<Subscription> subscriptions_;
+    const Subscription beforeClosing_;
+    TellOnce tell_;
 };
 
 } // namespace tarvolt

@@ -6,29 +6,42 @@
 #include <QObject>
 
 #include <functional>
-#include <memory>
 #include <utility>
 #include <vector>
 
 namespace tarvolt {
 
-/// Calls `tell` in the next turn of the event loop after any of `values` changes, once for all changes of a turn. Stops
-/// when `receiver` or the returned subscriptions are destroyed. Main thread.
-template<class... Values>
-[[nodiscard]] std::vector<Subscription> tellOnce(QObject* receiver, std::function<void()> tell,
-                                                 Published<Values>&... values) {
-    const auto soon = [receiver, tell = std::move(tell), posted = std::make_shared<bool>(false)] {
-        if (!std::exchange(*posted, true)) {
-            const auto now = [tell, posted] {
-                *posted = false;
-                tell();
-            };
-            QMetaObject::invokeMethod(receiver, now, Qt::QueuedConnection);
-        }
-    };
-    std::vector<Subscription> subscriptions;
-    (subscriptions.push_back(values.observe(soon)), ...);
-    return subscriptions;
-}
+/// Calls `tell` in the next turn of the event loop after any of `values` changes, once for all changes of a turn. A
+/// member of `receiver`. Main thread.
+class TellOnce final {
+public:
+    template<class... Values>
+    TellOnce(QObject* receiver, std::function<void()> tell, Published<Values>&... values) : tell_(std::move(tell)) {
+        const auto soon = [this, receiver] {
+            if (!std::exchange(due_, true)) {
+                const auto later = [this] {
+                    if (due_) {
+                        now();
+                    }
+                };
+                QMetaObject::invokeMethod(receiver, later, Qt::QueuedConnection);
+            }
+        };
+        (subscriptions_.push_back(values.observe(soon)), ...);
+    }
+    TellOnce(const TellOnce&) = delete;
+    TellOnce& operator=(const TellOnce&) = delete;
+
+    /// Calls `tell` immediately, and not again for the changes so far.
+    void now() {
+        due_ = false;
+        tell_();
+    }
+
+private:
+    const std::function<void()> tell_;
+    bool due_ = false;
+    std::vector<Subscription> subscriptions_;
+};
 
 } // namespace tarvolt

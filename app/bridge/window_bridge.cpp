@@ -1,7 +1,6 @@
 #include "app/bridge/window_bridge.h"
 
 #include "app/bridge/qt_text.h"
-#include "app/bridge/tell_once.h"
 #include "app/sections/list_texts.h"
 
 #include <QScopeGuard>
@@ -12,9 +11,9 @@ namespace tarvolt {
 
 WindowBridge::WindowBridge(std::shared_ptr<ContentView> view)
     : view_(std::move(view)), sheet_(view_), projects_(view_, sheet_), log_(*view_->scanner),
-      subscriptions_(tellOnce(
+      tell_(
           this, [this] { emit changed(); }, view_->scanner->projects, view_->scanner->folderURL,
-          view_->scanner->isScanning, view_->choosesFolder)) {
+          view_->scanner->isScanning, view_->choosesFolder) {
     connect(&projects_, &ProjectListModel::newsTold, this, &WindowBridge::newsTold);
     connect(&log_, &LogModel::newsTold, this, &WindowBridge::newsTold);
 }
@@ -40,9 +39,9 @@ void WindowBridge::runPanel() {
     view_->choosesFolder.set(true);
     const auto closed = qScopeGuard([this] {
         view_->choosesFolder.set(false);
-        emit changed();
+        tell_.now();
     });
-    emit changed();
+    tell_.now();
     view_->scanner->selectFolder();
 }
 
@@ -53,7 +52,7 @@ void WindowBridge::withdrawPanel() {
 void WindowBridge::rescan() {
     if (!scanning() && !view_->isCovered()) {
         view_->scanner->scan();
-        emit changed();
+        tell_.now();
     }
 }
 

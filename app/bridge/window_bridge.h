@@ -3,6 +3,7 @@
 #include "app/bridge/log_model.h"
 #include "app/bridge/project_list_model.h"
 #include "app/bridge/sheet_bridge.h"
+#include "app/bridge/tell_once.h"
 #include "app/content_view.h"
 
 #include <QObject>
@@ -10,7 +11,6 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <memory>
-#include <vector>
 
 namespace tarvolt {
 
@@ -76,7 +76,7 @@ private:
     SheetBridge sheet_;
     ProjectListModel projects_;
     LogModel log_;
-    std::vector<Subscription> subscriptions_;
+    TellOnce tell_;
 };
 
 } // namespace tarvolt

@@ -137,6 +137,21 @@ TEST_F(WindowBridgeTest, OpensTheSheetOverALongListWithoutFilteringItAgain) {
     EXPECT_LT(opening, filtering);
 }
 
+TEST_F(WindowBridgeTest, ReportsEachOfItsOwnChangesOnce) {
+    choose();
+    QSignalSpy texts(bridge.sheet(), &SheetBridge::textsChanged);
+    bridge.projects()->beginRename(0);
+    EXPECT_EQ(texts.size(), 1) << "at once";
+    bridge.sheet()->setNewName("Beat");
+    EXPECT_EQ(texts.size(), 2);
+    settle();
+    EXPECT_EQ(texts.size(), 2) << "not again in the next turn";
+    view->newName.set("Loop");
+    EXPECT_EQ(texts.size(), 2);
+    settle();
+    EXPECT_EQ(texts.size(), 3) << "the state has changed by itself";
+}
+
 TEST_F(WindowBridgeTest, OpensTheSheetAtOnceWithTheRowsOwnRecord) {
     choose();
     QStringList told;
