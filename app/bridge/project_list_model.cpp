@@ -29,6 +29,13 @@ constexpr struct Detail {
      [](auto& row) -> QVariant { return displayString(byteCountText(row.project.totalSize(), row.locale)); }},
     {"hasDataFolder", [](auto& row) -> QVariant { return row.project.dataFolderURL().has_value(); }},
     {"renamed", [](auto& row) -> QVariant { return row.renamed; }},
+    {"sentence",
+     [](auto& row) -> QVariant { return singleLineString(projectRowSentence(row.project, row.renamed, row.locale)); }},
+    {"detailsSentence",
+     [](auto& row) -> QVariant {
+         return singleLineString(projectDetailsSentence(row.project, row.renamed, row.locale));
+     }},
+    {"buttonSentence", [](auto& row) -> QVariant { return singleLineString(renameButtonSentence(row.project)); }},
 };
 
 /// The first row of which `property` gives `value`, or -1.

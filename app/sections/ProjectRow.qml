@@ -11,17 +11,17 @@ FocusScope {
     required property string sizeText
     required property bool hasDataFolder
     required property bool renamed
+    required property string sentence
+    required property string detailsSentence
+    required property string buttonSentence
     required property bool last
-    // What assistive technology says after the name: the details and, in words, what the row shows by colour.
-    readonly property string spokenDetails: fileCountText + ", " + sizeText
-        + (hasDataFolder ? "" : ", " + missing.text) + (renamed ? ", " + qsTr("Renamed") : "")
 
     signal renamePressed
 
     objectName: "projectRow"
     implicitHeight: row.implicitHeight + 2 * row.anchors.topMargin
     Accessible.role: Accessible.ListItem
-    Accessible.name: name + ", " + spokenDetails
+    Accessible.name: sentence
 
     function takeFocus(): void {
         button.forceActiveFocus(Qt.OtherFocusReason);
@@ -93,7 +93,6 @@ FocusScope {
                 }
 
                 DetailLabel {
-                    id: missing
                     visible: !root.hasDataFolder
                     symbol: "exclamationmark.triangle"
                     text: qsTr("No data folder")
@@ -109,8 +108,8 @@ FocusScope {
             focus: true
             activeFocusOnTab: false
             text: qsTr("Rename")
-            spokenName: text + " " + root.name
-            spokenDetails: root.spokenDetails
+            spokenName: root.buttonSentence
+            spokenDetails: root.detailsSentence
             onClicked: root.renamePressed()
         }
     }

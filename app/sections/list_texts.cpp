@@ -25,4 +25,24 @@ std::string fileCountText(std::int64_t fileCount, std::string_view locale) {
     return withNumber(localized("ProjectRow", "%lld files"), fileCount, locale);
 }
 
+std::string projectDetailsSentence(const MPCProject& project, bool renamed, std::string_view locale) {
+    std::string sentence =
+        fileCountText(project.fileCount(), locale) + ", " + byteCountText(project.totalSize(), locale);
+    if (!project.dataFolderURL()) {
+        sentence += ", " + localized("ProjectRow", "No data folder");
+    }
+    if (renamed) {
+        sentence += ", " + localized("ProjectRow", "Renamed");
+    }
+    return sentence;
+}
+
+std::string projectRowSentence(const MPCProject& project, bool renamed, std::string_view locale) {
+    return project.baseName() + ", " + projectDetailsSentence(project, renamed, locale);
+}
+
+std::string renameButtonSentence(const MPCProject& project) {
+    return localized("ProjectRow", "Rename") + " " + project.baseName();
+}
+
 } // namespace tarvolt

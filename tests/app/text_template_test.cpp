@@ -36,10 +36,12 @@ TEST(TextTemplate, ContainsEveryKeyThatTheCodeUses) {
     const auto view = ContentView::create(scene.services());
     view->scanner->selectFolder();
     view->alertMessage();
+    const MPCProject project("Song", "/p/Song.xpj", std::nullopt, 0, 0);
     projectCountText(1, "en_US");
-    fileCountText(1, "en_US");
+    projectRowSentence(project, true, "en_US");
+    renameButtonSentence(project);
     setTranslator(nullptr);
-    EXPECT_EQ(asked.size(), 5U);
+    EXPECT_EQ(asked.size(), 8U);
     for (const auto& [context, key] : asked) {
         EXPECT_TRUE(isInTemplate(context, key)) << context << ": " << key;
     }

@@ -114,9 +114,6 @@ TEST_F(AccessibilityTest, TheHighlightIsAnnouncedInWords) {
     w->settle();
     EXPECT_TRUE(heard().contains("ListItem: Blue Hour, 0 files, 1 byte, Renamed"));
     EXPECT_EQ(description("rowButton"), "0 files, 1 byte, Renamed");
-    w->view->successProject.set(w->view->scanner->projects.get()[1].id());
-    w->settle();
-    EXPECT_TRUE(heard().contains("ListItem: Sketch, 0 files, 1 byte, No data folder, Renamed"));
 }
 
 TEST_F(AccessibilityTest, TheSelectFolderButtonSaysWhichFolder) {

@@ -56,10 +56,12 @@ TEST_F(ProjectListModelTest, GivesTheTextsOfARow) {
     EXPECT_EQ(at(0, "fileCountText"), "12 files");
     EXPECT_EQ(at(0, "sizeText"), "48 KB");
     EXPECT_EQ(at(0, "hasDataFolder"), true);
-    EXPECT_EQ(at(0, "renamed"), false);
+    EXPECT_EQ(at(0, "buttonSentence"), "Rename Slow Glass");
+    EXPECT_EQ(at(0, "detailsSentence"), "12 files, 48 KB");
     EXPECT_EQ(at(1, "name"), QStringLiteral("Sketch \uFFFD"));
     EXPECT_EQ(at(1, "hasDataFolder"), false);
-    EXPECT_EQ(model.roleNames().size(), 5);
+    EXPECT_EQ(at(1, "sentence"), QStringLiteral("Sketch \uFFFD, 0 files, 48 KB, No data folder"));
+    EXPECT_EQ(model.roleNames().size(), 8);
     EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
 }
 
@@ -80,6 +82,7 @@ TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOfEachChangeOnce) {
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(at(1, "renamed"), true);
     EXPECT_EQ(at(0, "renamed"), false);
+    EXPECT_EQ(at(1, "sentence"), "b, 0 files, 48 KB, No data folder, Renamed");
     setRenamed(records[2].id());
     EXPECT_EQ(changes.size(), 2);
     setRenamed(std::nullopt);

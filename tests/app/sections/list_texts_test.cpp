@@ -8,6 +8,11 @@
 namespace tarvolt {
 namespace {
 
+MPCProject project(bool withDataFolder) {
+    return withDataFolder ? MPCProject("Slow Glass", "/p/Slow Glass.xpj", "/p/Slow Glass_[ProjectData]", 12, 3200000)
+                          : MPCProject("Slow Glass", "/p/Slow Glass.xpj", std::nullopt, 0, 48000);
+}
+
 TEST(ProjectCountText, HasASingularForExactlyOne) {
     EXPECT_EQ(projectCountText(0, "en_US"), "0 projects");
     EXPECT_EQ(projectCountText(1, "en_US"), "1 project");
@@ -36,6 +41,22 @@ TEST(ProjectRowTexts, UseTheTranslationOfTheFilesKey) {
     EXPECT_EQ(fileCountText(1200, "de_DE"), "viele Dateien") << "the translation leaves the number out";
     setTranslator({});
     EXPECT_EQ(fileCountText(3, "en_US"), "3 files");
+}
+
+TEST(ProjectRowTexts, DescribeTheWholeRowInOneSentence) {
+    EXPECT_EQ(projectRowSentence(project(true), false, "en_US"), "Slow Glass, 12 files, 3.2 MB");
+    EXPECT_EQ(projectRowSentence(project(true), true, "en_US"), "Slow Glass, 12 files, 3.2 MB, Renamed");
+    EXPECT_EQ(projectRowSentence(project(false), false, "en_US"), "Slow Glass, 0 files, 48 KB, No data folder");
+    EXPECT_EQ(projectDetailsSentence(project(false), true, "en_US"), "0 files, 48 KB, No data folder, Renamed");
+}
+
+TEST(ProjectRowTexts, DistinguishAnEmptyDataFolderFromNone) {
+    const MPCProject empty("Slow Glass", "/p/Slow Glass.xpj", "/p/Slow Glass_[ProjectData]", 0, 3200000);
+    EXPECT_EQ(projectRowSentence(empty, false, "en_US"), "Slow Glass, 0 files, 3.2 MB");
+}
+
+TEST(ProjectRowTexts, NameTheProjectThatTheButtonRenames) {
+    EXPECT_EQ(renameButtonSentence(project(true)), "Rename Slow Glass");
 }
 
 } // namespace
