@@ -19,12 +19,8 @@ public:
     TellOnce(QObject* receiver, std::function<void()> tell, Published<Values>&... values) : tell_(std::move(tell)) {
         const auto soon = [this, receiver] {
             if (!std::exchange(due_, true)) {
-                const auto later = [this] {
-                    if (due_) {
-                        now();
-                    }
-                };
-                QMetaObject::invokeMethod(receiver, later, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(
+                    receiver, [this] { tellIfDue(); }, Qt::QueuedConnection);
             }
         };
         (subscriptions_.push_back(values.observe(soon)), ...);
@@ -39,6 +35,12 @@ public:
     }
 
 private:
+    void tellIfDue() {
+        if (due_) {
+            now();
+        }
+    }
+
     const std::function<void()> tell_;
     bool due_ = false;
     std::vector<Subscription> subscriptions_;
