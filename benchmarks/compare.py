@@ -114,10 +114,10 @@ def texts(table, disk):
 
 
 def slow_disk(table, disk):
-    folder = inputs.tree(disk, 100, 10, progress)
+    folder = inputs.tree(disk, 100, 5, progress)
     scan = [programs / "tarvolt_once", "scan", folder]
     slow = {"LD_PRELOAD": str(programs / "libslow_disk.so")}
-    table.compare("scan, 1 ms for each size", "100 x 10", as_process(*scan, **slow),
+    table.compare("scan, 1 ms for each size", "100 x 5", as_process(*scan, **slow),
                   {"one thread": as_process(*scan, **slow, ONE_THREAD="1")})
 
 
@@ -134,12 +134,12 @@ def window(table, disk, screen):
     others.update((name, command) for name, command in usual.items() if shutil.which(name))
     table.compare("window, first picture", "as a process", screen.first_picture(own),
                   {name: screen.first_picture(*command) for name, command in others.items()})
-    folders = [inputs.tree(disk, projects, 5, progress) for projects in (20_000, 20)]
+    many, few = (inputs.tree(disk, projects, 5, progress) for projects in (20_000, 20))
     long, short, empty = [], [], []
-    for number in range(5):  # a run takes some eleven seconds
+    for number in range(5):  # a run takes some seconds
         progress("window with a long and a short list", f"round {number + 1} of 5")
-        for runs, folder in zip((long, short), folders):
-            runs.append(figures("tarvolt_window_once", folder))
+        long.append(figures("tarvolt_window_once", many))
+        short.append(figures("tarvolt_window_once", few, "spinner"))
         empty.append({"mebibytes": screen.peak_memory(own)})
 
     def middle(runs, name):
