@@ -71,8 +71,9 @@ def display():
     with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as memory:
         for folder in "HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME":
             os.environ[folder] = memory
+        # The server would reset whenever its last program ends, and the next one would wait for that.
         server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
-                                   "-nolisten", "tcp", "-nocursor", "-fbdir", memory],
+                                   "-nolisten", "tcp", "-nocursor", "-noreset", "-fbdir", memory],
                                   pass_fds=[writer], stderr=subprocess.DEVNULL)
         bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE,
                                stderr=subprocess.DEVNULL, text=True)
