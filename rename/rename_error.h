@@ -17,11 +17,21 @@ public:
         invalidName,       ///< the reason for refusal
     };
 
-    static RenameError destinationExists(std::string payload) { return {Case::destinationExists, std::move(payload)}; }
-    static RenameError readFailed(std::string payload) { return {Case::readFailed, std::move(payload)}; }
-    static RenameError writeFailed(std::string payload) { return {Case::writeFailed, std::move(payload)}; }
-    static RenameError deleteFailed(std::string payload) { return {Case::deleteFailed, std::move(payload)}; }
-    static RenameError invalidName(std::string payload) { return {Case::invalidName, std::move(payload)}; }
+    static RenameError destinationExists(const std::string& payload) {
+        return {Case::destinationExists, payload, "A project named \"" + payload + "\" already exists."};
+    }
+    static RenameError readFailed(const std::string& payload) {
+        return {Case::readFailed, payload, "Failed to read file: " + payload};
+    }
+    static RenameError writeFailed(const std::string& payload) {
+        return {Case::writeFailed, payload, "Failed to write file: " + payload};
+    }
+    static RenameError deleteFailed(const std::string& payload) {
+        return {Case::deleteFailed, payload, "Failed to delete: " + payload};
+    }
+    static RenameError invalidName(const std::string& payload) {
+        return {Case::invalidName, payload, "Invalid name: " + payload};
+    }
 
     Case kind() const { return kind_; }
     const std::string& payload() const { return payload_; }
@@ -31,7 +41,8 @@ public:
     const char* what() const noexcept override { return description_.c_str(); }
 
 private:
-    RenameError(Case kind, std::string payload);
+    RenameError(Case kind, std::string payload, std::string description)
+        : kind_(kind), payload_(std::move(payload)), description_(std::move(description)) {}
 
     Case kind_;
     std::string payload_;
