@@ -16,11 +16,8 @@ constexpr std::size_t projectsWithoutSearchBar = 5;
 } // namespace
 
 std::shared_ptr<ContentView> ContentView::create(Services services) {
-    return std::make_shared<ContentView>(Passkey{}, std::move(services));
+    return std::shared_ptr<ContentView>(new ContentView(std::move(services)));
 }
-
-ContentView::ContentView(Passkey, Services services)
-    : scanner(MPCScanner::create(std::move(services))), showError(false), choosesFolder(false) {}
 
 std::vector<MPCProject> ContentView::filteredProjects() const {
     std::vector<MPCProject> matching;

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvolt {
@@ -16,16 +17,12 @@ enum class ContentArea { folderPicker, emptyState, projectList };
 
 /// The state of the main view and what follows from it, without a toolkit. Main thread only. Nothing of it is saved.
 class ContentView final : public std::enable_shared_from_this<ContentView> {
-    struct Passkey {};
-
 public:
     static constexpr std::chrono::milliseconds rescanDelay{500};
     static constexpr std::chrono::milliseconds highlightDuration{2000};
 
     /// A view with a new scanner of its own, kept for the view's life.
     static std::shared_ptr<ContentView> create(Services services);
-
-    ContentView(Passkey, Services services);
 
     const std::shared_ptr<MPCScanner> scanner;
     Published<std::optional<MPCProject>> renamingProject; ///< the sheet is open exactly while present
@@ -71,6 +68,8 @@ public:
     bool searchHides(const std::string& name) const;
 
 private:
+    explicit ContentView(Services services) : scanner(MPCScanner::create(std::move(services))) {}
+
     bool matchesSearch(const std::string& name) const;
 
     int renames_ = 0; ///< those that went well

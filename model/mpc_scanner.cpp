@@ -61,10 +61,8 @@ void publish(std::shared_ptr<MPCScanner> scanner, MPCScanner::Projects found, Ta
 } // namespace
 
 std::shared_ptr<MPCScanner> MPCScanner::create(Services services) {
-    return std::make_shared<MPCScanner>(Passkey{}, std::move(services));
+    return std::shared_ptr<MPCScanner>(new MPCScanner(std::move(services)));
 }
-
-MPCScanner::MPCScanner(Passkey, Services services) : isScanning(false), services_(std::move(services)) {}
 
 void MPCScanner::log(std::string message, bool isError) {
     services_.mainQueue->async([self = shared_from_this(), message = std::move(message), isError]() mutable {

@@ -20,8 +20,6 @@ namespace tarvolt {
 /// each change of these four, which are read and written on the main thread only. Every call except `log` must come
 /// from the main thread.
 class MPCScanner final : public std::enable_shared_from_this<MPCScanner> {
-    struct Passkey {};
-
 public:
     /// One line of the activity log.
     struct LogEntry {
@@ -39,8 +37,6 @@ public:
 
     /// Creates a scanner with no folder, no projects and an empty log. Touches no file.
     static std::shared_ptr<MPCScanner> create(Services services);
-
-    MPCScanner(Passkey, Services services);
 
     Published<Projects> projects;
     Published<std::optional<std::filesystem::path>> folderURL;
@@ -69,6 +65,8 @@ public:
     const Services& services() const { return services_; }
 
 private:
+    explicit MPCScanner(Services services) : services_(std::move(services)) {}
+
     Services services_;
 };
 
