@@ -1,12 +1,11 @@
 #include "app/bridge/press_filter.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QInputMethodQueryEvent>
 #include <QKeyEvent>
 #include <QQuickWindow>
-
-#include <chrono>
 
 namespace tarvolt {
 
@@ -23,10 +22,7 @@ bool countsOnce(int key) {
 /// While assistive technology listens, the toolkit asks it about each key and passes on a copy without the key's time;
 /// then the time of arrival counts.
 quint64 timeOf(const QKeyEvent& key) {
-    using std::chrono::milliseconds;
-    using std::chrono::steady_clock;
-    const auto now = std::chrono::duration_cast<milliseconds>(steady_clock::now().time_since_epoch());
-    return key.timestamp() != 0 ? key.timestamp() : static_cast<quint64>(now.count());
+    return key.timestamp() != 0 ? key.timestamp() : static_cast<quint64>(QDeadlineTimer::current().deadline());
 }
 
 /// What has the focus, if text can be typed there.
