@@ -19,22 +19,8 @@ ModalPanel {
     scrim: Theme.alertScrim
     timeIn: Theme.still(140)
     timeOut: Theme.still(100)
+    scaleFrom: 0.96
     onAboutToShow: area.contentY = 0
-
-    enter: Transition {
-        NumberAnimation {
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: root.timeIn
-        }
-        NumberAnimation {
-            property: "scale"
-            from: 0.96
-            to: 1
-            duration: root.timeIn
-        }
-    }
 
     // The ids in it require that it be made at once, which is no loss here.
     contentItem: FocusScope { // qmllint disable deferred-property-id

@@ -11,6 +11,8 @@ T.Dialog {
     required property color scrim
     required property int timeIn
     required property int timeOut
+    property real scaleFrom: 1
+    property real riseFrom: 0
     property real rise: 0 // how far below its place it is while it opens
 
     parent: T.Overlay.overlay
@@ -30,6 +32,29 @@ T.Dialog {
             NumberAnimation {
                 duration: root.visible ? root.timeIn : root.timeOut // qmllint disable unqualified
             }
+        }
+    }
+
+    enter: Transition {
+        // Not eased, because the renderer ignores a very short last step.
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: root.timeIn
+        }
+        NumberAnimation {
+            property: "scale"
+            from: root.scaleFrom
+            to: 1
+            duration: root.timeIn
+        }
+        NumberAnimation {
+            property: "rise"
+            from: root.riseFrom
+            to: 0
+            duration: root.timeIn
+            easing.type: Easing.OutCubic
         }
     }
 

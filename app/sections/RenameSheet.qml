@@ -15,24 +15,8 @@ ModalPanel {
     scrim: Theme.scrim
     timeIn: Theme.still(180)
     timeOut: Theme.still(120)
+    riseFrom: 12
     onAboutToShow: root.form.selectName()
-
-    enter: Transition {
-        // Not eased, because the renderer ignores a very short last step.
-        NumberAnimation {
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: root.timeIn
-        }
-        NumberAnimation {
-            property: "rise"
-            from: 12
-            to: 0
-            duration: root.timeIn
-            easing.type: Easing.OutCubic
-        }
-    }
 
     contentItem: RenameForm {
         sheet: root.sheet
