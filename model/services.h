@@ -11,15 +11,13 @@
 
 namespace tarvolt {
 
-using WallClock = std::function<std::chrono::system_clock::time_point()>;
-
 /// What the scanner depends on. The scanner holds it; everything else asks the scanner.
 struct Services {
     std::shared_ptr<FileManager> fileManager;
     std::shared_ptr<DispatchQueue> mainQueue;       ///< serial, on the main thread
     std::shared_ptr<DispatchQueue> backgroundQueue; ///< concurrent
     std::shared_ptr<FolderPanel> folderPanel;
-    WallClock now = std::chrono::system_clock::now;
+    std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
     UserLocale locale = currentLocale();
 };
 
