@@ -104,6 +104,6 @@ T.TextField {
         text: root.placeholderText
         font: root.font
         color: Theme.secondary
-        silent: true
+        Accessible.ignored: true
     }
 }

@@ -81,7 +81,7 @@ T.Menu {
             font: item.font
             color: item.enabled ? Theme.primary : Theme.disabledInk
             verticalAlignment: Text.AlignVCenter
-            silent: true
+            Accessible.ignored: true
         }
 
         background: BoxItem {

@@ -72,7 +72,7 @@ T.AbstractButton {
                 text: root.text
                 font: root.font
                 color: root.ink
-                silent: true
+                Accessible.ignored: true
             }
         }
     }

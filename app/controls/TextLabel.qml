@@ -1,11 +1,9 @@
 import QtQuick
 import Tarvolt
 
-// A plain text, never taken for markup and left-aligned in every script. Read out unless it is part of something that
-// speaks for it.
+// A plain text, never taken for markup and left-aligned in every script. One that is part of something that speaks for
+// it is ignored by assistive technology.
 Text {
-    property bool silent: false
-
     font: Theme.body
     color: Theme.primary
     textFormat: Text.PlainText
@@ -13,5 +11,4 @@ Text {
     renderType: Text.NativeRendering
     Accessible.role: Accessible.StaticText
     Accessible.name: text
-    Accessible.ignored: silent
 }

@@ -18,7 +18,7 @@ Item {
         text: qsTr("Current: ")
         font: Theme.monoBody
         color: Theme.secondary
-        silent: true
+        Accessible.ignored: true
     }
 
     TextLabel {

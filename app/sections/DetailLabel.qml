@@ -27,6 +27,6 @@ Row {
         text: root.text
         font: Theme.caption
         color: root.colour
-        silent: true
+        Accessible.ignored: true
     }
 }

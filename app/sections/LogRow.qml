@@ -54,7 +54,7 @@ Item {
             font: Theme.monoCaption2
             color: Theme.secondarySixTenths
             opacity: Theme.tintedOpacity
-            silent: true
+            Accessible.ignored: true
         }
 
         TextLabel {
@@ -65,7 +65,7 @@ Item {
             color: root.isError ? Theme.red : Theme.primary
             wrapMode: Text.Wrap
             lineHeight: Theme.proseHeight
-            silent: true
+            Accessible.ignored: true
         }
     }
 }

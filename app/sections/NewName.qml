@@ -17,7 +17,7 @@ ColumnLayout {
         text: qsTr("NEW NAME")
         font: Theme.captionCapitals
         color: Theme.secondary
-        silent: true
+        Accessible.ignored: true
     }
 
     BareField {

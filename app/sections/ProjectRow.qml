@@ -72,7 +72,7 @@ FocusScope {
                 font: Theme.verbatim(Theme.monoBodyMedium, text)
                 maximumLineCount: 1
                 elide: Text.ElideRight
-                silent: true
+                Accessible.ignored: true
             }
 
             // Where a large font leaves no room beside one detail, the next goes below it.

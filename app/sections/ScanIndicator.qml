@@ -55,7 +55,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: qsTr("Scanning...")
             color: Theme.secondary
-            silent: true
+            Accessible.ignored: true
         }
     }
 }
