@@ -10,15 +10,10 @@ Item {
 
     required property WindowBridge view
 
-    readonly property real titlesHeight: Math.ceil(titleMetrics.height) + titles.spacing
-        + Math.ceil(pathMetrics.height)
+    // With room for the path, so that the line below does not move when it appears.
+    readonly property real titlesHeight: title.implicitHeight + titles.spacing + Math.ceil(pathMetrics.height)
 
     implicitHeight: Math.max(titlesHeight, Theme.buttonHeight) + 2 * Theme.edge
-
-    FontMetrics {
-        id: titleMetrics
-        font: Theme.headline
-    }
 
     FontMetrics {
         id: pathMetrics
@@ -50,6 +45,7 @@ Item {
             spacing: 1
 
             TextLabel {
+                id: title
                 objectName: "headerTitle"
                 text: Qt.application.name
                 font: Theme.headline
