@@ -56,11 +56,8 @@ std::vector<std::size_t> localizedCaseInsensitiveCompareOrder(const std::vector<
         sorted.emplace_back(sortKey(keys, *collator, name), sorted.size());
     }
     std::ranges::sort(sorted); // equal keys by index, which keeps their order
-    std::vector<std::size_t> order;
-    order.reserve(sorted.size());
-    for (const auto& [key, index] : sorted) {
-        order.push_back(index);
-    }
+    std::vector<std::size_t> order(sorted.size());
+    std::ranges::transform(sorted, order.begin(), [](const auto& entry) { return entry.second; });
     return order;
 }
 

@@ -69,13 +69,11 @@ DecodedCharacter lastCharacter(std::string_view text) {
 }
 
 std::string displayText(std::string_view bytes) {
-    std::string text;
     if (isValidUtf8(bytes)) {
-        text = bytes;
-    } else {
-        icu::UnicodeString::fromUTF8(bytes).toUTF8String(text);
+        return std::string(bytes);
     }
-    return text;
+    std::string text;
+    return icu::UnicodeString::fromUTF8(bytes).toUTF8String(text);
 }
 
 } // namespace tarvolt

@@ -1,7 +1,7 @@
 #include "foundation/uuid.h"
 
+#include <bit>
 #include <cerrno>
-#include <cstring>
 #include <system_error>
 
 #include <unistd.h>
@@ -28,7 +28,5 @@ UUID UUID::random() {
 
 std::size_t std::hash<tarvolt::UUID>::operator()(const tarvolt::UUID& id) const noexcept {
     // Almost all bits are random, so any of the bytes will do.
-    std::size_t value = 0;
-    std::memcpy(&value, id.bytes.data(), sizeof value);
-    return value;
+    return static_cast<std::size_t>(std::bit_cast<std::array<std::uint64_t, 2>>(id.bytes)[0]);
 }

@@ -15,7 +15,7 @@
 namespace tarvolt {
 namespace {
 
-constexpr std::string_view dataFolderMark = "[ProjectData]";
+constexpr std::string_view dataFolderMark = dataFolderSuffix.substr(1); // without the underscore
 
 /// With fewer data folders than this, one thread finishes before a second has started.
 constexpr std::size_t foldersWorthThreads = 16;
@@ -64,11 +64,8 @@ MPCProject projectOf(const FileManager& fileManager, const std::string& prefix, 
 
 /// The indices of `files`, sorted by the projects' names.
 std::vector<std::size_t> orderByName(const std::vector<std::string>& files, std::string_view locale) {
-    std::vector<std::string_view> names;
-    names.reserve(files.size());
-    for (const std::string_view file : files) {
-        names.push_back(baseNameOf(file));
-    }
+    std::vector<std::string_view> names(files.size());
+    std::ranges::transform(files, names.begin(), baseNameOf);
     return localizedCaseInsensitiveCompareOrder(names, locale);
 }
 
@@ -109,8 +106,7 @@ bool isProjectFileName(std::string_view fileName) {
     const auto extension = fileName.substr(stem.size());
     // Leading dots belong to the name: if nothing else comes before the last dot, there is no extension.
     return stem.find_first_not_of('.') != std::string_view::npos &&
-           std::equal(extension.begin(), extension.end(), projectFileExtension.begin(),
-                      [](char a, char b) { return lowerAscii(a) == b; });
+           std::ranges::equal(extension, projectFileExtension, {}, lowerAscii);
 }
 
 std::string_view baseNameOf(std::string_view projectFileName) {

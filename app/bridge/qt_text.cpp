@@ -15,13 +15,11 @@ namespace {
 
 /// `text` with each line break or other control replaced by one blank.
 QString onOneLine(QString text) {
-    std::replace_if(
-        text.begin(), text.end(),
-        [](QChar unit) {
-            return unit.category() == QChar::Other_Control || unit == QChar::LineSeparator ||
-                   unit == QChar::ParagraphSeparator;
-        },
-        QChar(u' '));
+    const auto breaksTheLine = [](QChar unit) {
+        return unit.category() == QChar::Other_Control || unit == QChar::LineSeparator ||
+               unit == QChar::ParagraphSeparator;
+    };
+    std::ranges::replace_if(text, breaksTheLine, QChar(u' '));
     return text;
 }
 
