@@ -6,6 +6,7 @@ What is compared runs in turn, so that a machine whose speed varies slows all of
 of the rounds.
 """
 
+import filecmp
 import os
 import shutil
 import statistics
@@ -27,9 +28,10 @@ def floor(operation, path):
 
 
 def scans(table, disk):
-    for projects, entries in (50, 100), (2_000, 100), (20_000, 5), (100, 5_000):
+    for projects, entries in (50, 100), (2_000, 100), (20_000, 5), (50, 5_000):
         work = f"{projects:,} x {entries:,}"
         folder = inputs.tree(disk, projects, entries, progress)
+        require_same_scan(folder)
         table.compare("scan", work, *floor("scan", folder))
         if projects == 50:
             continue
@@ -43,6 +45,12 @@ def scans(table, disk):
         }
         table.compare("scan, whole process", work, as_process(programs / "tarvolt_once", "scan", folder),
                       {name: as_process(*command) for name, command in others.items() if shutil.which(command[0])})
+
+
+def require_same_scan(folder):
+    scans = [programs / "tarvolt_once", "scan", folder], [programs / "usual_scan", folder]
+    if len({subprocess.run(scan, check=True, capture_output=True).stdout for scan in scans}) != 1:
+        sys.exit(f"benchmark: the program and the usual code do not find the same in {folder.name}")
 
 
 def rename_floors(operation, work, folder):
@@ -83,13 +91,18 @@ def peers_of_rename(table, memory):
             subprocess.run([programs / "tarvolt_once", "rename", folder, NEW_NAME, NAME], check=True,
                            stdout=subprocess.DEVNULL)
 
+    to_copy = "BEGIN{open STDOUT, '>', shift}"
     change = f"s/{NAME}_\\[ProjectData\\]/{NEW_NAME}_[ProjectData]/g"
     copy = memory / "copy.xpj"
     table.compare("rename, whole process", folder.name,
                   as_process(programs / "tarvolt_once", "rename", folder, NAME, NEW_NAME, before=back),
                   {"cp": as_process("cp", old, copy, before=back),
                    "sed": as_process("sed", "-n", f"{change};w {copy}", old, before=back),
-                   "perl": as_process("perl", "-0777", "-ne", f"{change};print", old, before=back)})
+                   "perl": as_process("perl", "-0777", "-ne", f"{to_copy}{change};print", copy, old, before=back)})
+    back()
+    subprocess.run([programs / "tarvolt_once", "rename", folder, NAME, NEW_NAME], check=True, stdout=subprocess.DEVNULL)
+    if not filecmp.cmp(new, copy, shallow=False):
+        sys.exit("benchmark: the program and perl do not write the same text")
     back()
 
 
@@ -99,7 +112,7 @@ def peak_memory(table, memory):
         command = [programs / "tarvolt_once", "rename", folder]
         size = (folder / f"{NAME}.xpj").stat().st_size
         peaks = []
-        for names in [(NAME, NEW_NAME), (NEW_NAME, NAME)] * 3:
+        for names in [(NAME, NEW_NAME), (NEW_NAME, NAME)] * 6:
             peaks.append(int(subprocess.run([*command, *names], check=True, capture_output=True).stdout))
         peak = statistics.median(peaks)
         table.rows.append(["rename, memory above start", work, f"{peak / 2**20:.1f} MiB", "size of the file",
@@ -136,8 +149,8 @@ def window(table, disk, screen):
                   {name: screen.first_picture(*command) for name, command in others.items()})
     many, few = (inputs.tree(disk, projects, 5, progress) for projects in (20_000, 20))
     long, short, empty = [], [], []
-    for number in range(5):  # a run takes some seconds
-        progress("window with a long and a short list", f"round {number + 1} of 5")
+    for number in range(ROUNDS):
+        progress("window with a long and a short list", f"round {number + 1} of {ROUNDS}")
         long.append(figures("tarvolt_window_once", many))
         short.append(figures("tarvolt_window_once", few, "spinner"))
         empty.append({"mebibytes": screen.peak_memory(own)})
@@ -155,7 +168,7 @@ def window(table, disk, screen):
 
 
 def growth(disk, memory):
-    """What 1, 10 and 100 times the work cost, as multiples of the first: for each job, the program and the least."""
+    """For each job what 1, 10 and 100 times the work cost, as multiples of the first: the program's, then the least."""
 
     def work(operation, count):
         if operation == "scan":
@@ -164,17 +177,17 @@ def growth(disk, memory):
             return inputs.project(memory / f"grown {count}", NAME, 1_000_000 * count, 200 * count)
         return inputs.name_list(disk / f"grown {count}.txt", 200 * count, 25)
 
-    def costs(program, operation, given):
-        figures = medians(f"growth of {operation}", [in_process(program, operation, each) for each in given])
-        return [figure / figures[0] for figure in figures]
+    def multiples(operation, given, *programs):
+        runs = [in_process(program, operation, each) for program in programs for each in given]
+        figures = medians(f"growth of {operation}", runs)
+        return [[figures[first + size] / figures[first] for size in range(3)] for first in range(0, len(runs), 3)]
 
-    own, least = {}, {}
+    costs = {}
     for operation in "scan", "rename", "filter", "sort":
         given = [work(operation, count) for count in (1, 10, 100)]
-        own[operation] = costs("tarvolt_benchmarks", operation, given)
-        least[operation] = costs("tarvolt_floors", operation, given)
-    own["log"] = costs("tarvolt_benchmarks", "log", ["100", "1000", "10000"])
-    return own, least
+        costs[operation] = multiples(operation, given, "tarvolt_benchmarks", "tarvolt_floors")
+    costs["log"] = multiples("log", ["100", "1000", "10000"], "tarvolt_benchmarks")
+    return costs
 
 
 def machine():
@@ -200,16 +213,16 @@ def main():
         peak_memory(table, memory)
         slow_disk(table, disk)
         scans(table, disk)
-        own, least = growth(disk, memory)
+        costs = growth(disk, memory)
         with display() as screen:
             window(table, disk, screen)
         progress("removing the inputs")
     grown = Table("cost of", "1x", "10x", "100x the work", "least, 100x")
-    for name, costs in own.items():
-        grown.rows.append([name, *(f"{cost:.1f}" for cost in [*costs, *least.get(name, [])[2:]])])
+    for name, (own, *least) in costs.items():
+        grown.rows.append([name, *(f"{multiple:.1f}" for multiple in [*own, *(each[2] for each in least)])])
     text = f"{about}; medians of {ROUNDS} rounds.\n\n{table.text()}\n{grown.text()}"
     (results / "table.md").write_text(text)
-    (results / "growth.svg").write_text(plot.growth(own))
+    (results / "growth.svg").write_text(plot.growth({name: own for name, (own, *_) in costs.items()}))
     progress(f"done; the table and the plot are in {os.path.relpath(results)}/")
     print("\n\n" + text, end="")
 

@@ -98,7 +98,7 @@ double keyToPicture(QQuickWindow& window, ProjectListModel& projects) {
 
 /// The processor time of this process over the next seconds, as a share of one core.
 double processorShare() {
-    constexpr int seconds = 4;
+    constexpr int seconds = 2;
     const std::clock_t before = std::clock();
     runFor(seconds * 1000);
     return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC / seconds;

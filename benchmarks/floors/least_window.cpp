@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     auto* column = new QVBoxLayout(&window);
     column->addWidget(new QPushButton(QStringLiteral("Rename")));
     auto* list = new QListWidget;
-    for (int row = 0; row < 50; ++row) {
+    for (int row = 0; row < 100; ++row) {
         list->addItem(QStringLiteral("Night Drive %1").arg(row));
     }
     column->addWidget(list);

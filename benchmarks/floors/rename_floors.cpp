@@ -16,8 +16,8 @@ namespace {
 
 /// Only the checks that UTF-8 cannot do without: lead bytes, continuation bytes, overlong forms, surrogates, the end.
 bool isUtf8(std::string_view text) {
-    std::uint64_t word = 0;
     const auto isAscii = [&](std::size_t at) {
+        std::uint64_t word = 0;
         if (at + sizeof word > text.size()) {
             return false;
         }
@@ -26,7 +26,7 @@ bool isUtf8(std::string_view text) {
     };
     for (std::size_t at = 0; at < text.size();) {
         while (isAscii(at)) {
-            at += sizeof word;
+            at += sizeof(std::uint64_t);
         }
         const auto byte = [&](std::size_t index) {
             return at + index < text.size() ? static_cast<std::uint8_t>(text[at + index]) : 0U;
