@@ -1,8 +1,8 @@
-"""Checks that docs/window.md names only tests that exist.
+"""Checks that docs/window.md and docs/performance.md name only tests that exist.
 
     named_tests.py ROOT      fails and prints what it names in vain
 
-In the last column of its tables, … stands for any number of letters, and a name that begins with it belongs to the
+In the last column of the first one's tables, … stands for any number of letters, and a name that begins with it belongs to the
 suite that is named before it.
 """
 
@@ -22,7 +22,7 @@ there = names_in("*.cpp", r"\bTEST(?:_F|_P)?\((\w+),\s*(\w+)\)", lambda match: f
 there |= names_in("*_test.py", r"\bdef test(\w+)", lambda match: f"window.Class.{match[1]}")
 there |= names_in("*.cmake", r"\bNAME (texts\.\w+)", lambda match: match[1])
 
-named = []
+named = re.findall(r"`([A-Z]\w+\.[A-Z]\w+)`", (root / "docs/performance.md").read_text(encoding="utf-8"))
 for line in (root / "docs/window.md").read_text(encoding="utf-8").splitlines():
     for name in re.findall("`([^`]+)`", line.split("|")[-2]) if line.startswith("|") else ():
         named.append(named[-1].split(".")[0] + "." + name[1:] if name.startswith("…") else name)
