@@ -46,7 +46,7 @@ void installTranslations(QObject* owner) {
 std::shared_ptr<QtMainQueue> prepare() {
     auto mainQueue = std::make_shared<QtMainQueue>();
     watchTerminationRequests([mainQueue] { mainQueue->async([] { QCoreApplication::quit(); }); });
-    // A small, quiet window: it opens sooner and needs less when the processor draws it.
+    // A small window that seldom changes opens sooner and needs less memory with software rendering.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QtFolderPanel::keepNothing();
     QCoreApplication::setApplicationName(QStringLiteral("Tarvolt"));

@@ -11,8 +11,8 @@
 
 namespace tarvolt {
 
-/// Calls `tell` in the next turn of the event loop after any of `values` changes, once for all changes of a turn. A
-/// member of `receiver`. Main thread.
+/// Calls `tell` in the next turn of the event loop after any of `values` changes, once for all changes of a turn.
+/// Must be a member of `receiver`. Main thread.
 class TellOnce final {
 public:
     template<class... Values>

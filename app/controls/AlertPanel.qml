@@ -22,7 +22,7 @@ ModalPanel {
     scaleFrom: 0.96
     onAboutToShow: area.contentY = 0
 
-    // The ids in it require that it be made at once, which is no loss here.
+    // Its ids rule out deferred creation, which would gain nothing here.
     contentItem: FocusScope { // qmllint disable deferred-property-id
         id: form
         objectName: "alertForm"

@@ -29,11 +29,11 @@ T.TextField {
     horizontalAlignment: TextInput.AlignLeft
     renderType: Text.NativeRendering
     Accessible.editable: true
-    // Qt 6.4 hands out the text in runs of length zero, for which a screen reader says nothing.
+    // Qt 6.4 exposes the text in runs of length zero, which a screen reader does not speak.
     Accessible.description: spokenText
     onActiveFocusChanged: spokenText = activeFocus ? text : ""
 
-    // The caret, centred on the place where typing goes. It blinks, but not while the text is being changed.
+    // The caret, centred on the insertion point. It blinks, but not while the text is being changed.
     cursorDelegate: BoxItem {
         id: caret
 

@@ -13,7 +13,7 @@ T.Dialog {
     required property int timeOut
     property real scaleFrom: 1
     property real riseFrom: 0
-    property real rise: 0 // how far below its place it is while it opens
+    property real rise: 0 // how far below its final position it is while it opens
 
     parent: T.Overlay.overlay
     implicitHeight: implicitContentHeight + topPadding + bottomPadding

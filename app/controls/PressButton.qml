@@ -43,7 +43,7 @@ T.AbstractButton {
             root.clicked();
     }
 
-    // The ids in it require that it be made at once, which is no loss because no button replaces it.
+    // Its ids rule out deferred creation, which would gain nothing because no button replaces it.
     contentItem: Item { // qmllint disable deferred-property-id
         implicitWidth: row.implicitWidth
         implicitHeight: label.implicitHeight

@@ -1,7 +1,7 @@
 import QtQuick
 import Tarvolt
 
-// A thin divider that can be dragged, or moved by the arrow keys. It is easier to hit than to see.
+// A thin divider that can be dragged, or moved by the arrow keys. The area that takes the mouse is wider than the line.
 Item {
     id: root
 

@@ -33,7 +33,7 @@ public:
     Q_INVOKABLE static QFont styled(QFont family, double ratio, int weight, double tracking = 0);
 
     /// `font` for `text`, which is read character by character, as names and paths are: without ligatures and
-    /// contextual forms ("1x7" with a multiplication sign), wherever every character of the text can do without any.
+    /// contextual forms ("1x7" with a multiplication sign), if none of its characters needs them.
     Q_INVOKABLE static QFont verbatim(QFont font, const QString& text);
 
     /// The side of the square in which a symbol beside a text of `pixels` is drawn: an even number.

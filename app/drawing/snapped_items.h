@@ -10,10 +10,10 @@
 
 namespace tarvolt {
 
-/// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, also at a scale of one
-/// and a half. Items that end at the same place, one above the other or side by side, end at the same pixel; only small
-/// items keep their size wherever they are. The items below name this class in full as their base, because the type
-/// registrar of Qt 6.4 looks it up by exactly this text.
+/// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, even at a scale of 1.5.
+/// Items that end at the same place, one above the other or side by side, end at the same pixel; only small items keep
+/// their size wherever they are. The items below name this class in full as their base, because the type registrar of
+/// Qt 6.4 looks it up by exactly this text.
 class SnappedItem : public QQuickItem {
     Q_OBJECT
     QML_ANONYMOUS
@@ -75,9 +75,9 @@ class SymbolItem : public tarvolt::SnappedItem {
     /// The name of a drawing among the symbols, without its ending.
     Q_PROPERTY(QString symbol MEMBER symbol_ NOTIFY looksChanged REQUIRED)
     Q_PROPERTY(QColor colour MEMBER colour_ NOTIFY looksChanged REQUIRED)
-    /// The side of the square that it takes, unless it is given another.
+    /// The side of its square, unless it is given another size.
     Q_PROPERTY(double size READ implicitWidth WRITE setSide NOTIFY implicitWidthChanged REQUIRED)
-    /// How far the drawing is turned around its middle: degrees, clockwise.
+    /// The drawing's rotation about its centre: degrees, clockwise.
     Q_PROPERTY(double angle MEMBER angle_ NOTIFY looksChanged)
 
 public:

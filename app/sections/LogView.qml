@@ -23,7 +23,7 @@ FocusScope {
         id: title
         objectName: "logTitle"
         x: Theme.edge
-        y: 12
+        y: Theme.edge
         text: qsTr("ACTIVITY LOG")
         font: Theme.captionCapitals
         color: Theme.secondary

@@ -11,7 +11,7 @@ namespace tarvolt {
 /// The header's badge: "0 projects", "1 project", "2 projects", with the number as `locale` writes it.
 std::string projectCountText(std::int64_t count, std::string_view locale);
 
-/// "12 files", also "1 files", with the number as `locale` writes it.
+/// "12 files", and "1 files" for one, with the number as `locale` writes it.
 std::string fileCountText(std::int64_t fileCount, std::string_view locale);
 
 /// The whole row as one sentence for a screen reader: the name, the counts, and in words what the row shows by colour,

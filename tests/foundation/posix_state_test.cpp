@@ -139,7 +139,7 @@ TEST_F(PosixState, IsAbsentWhereThereIsNothing) {
     EXPECT_FALSE(state(std::string_view("cut\0off", 7)));
 }
 
-TEST_F(PosixState, TellsWhyItCannotBeDetermined) {
+TEST_F(PosixState, ReportsWhyItCannotBeDetermined) {
     std::filesystem::create_symlink("circle", folder / "circle");
     try {
         state("circle/item");

@@ -1,8 +1,8 @@
 """Where an include may point.
 
-The folders are layers, and a file includes its own layer and those before it only; bridge and drawing are beside each
-other and do not know each other. The toolkit's headers belong to these two and the entry point, those of ICU and of the operating system to the foundation; everything else has the standard
-library alone.
+The folders are layers. A file includes only its own layer and earlier ones; bridge and drawing are siblings and do not
+include each other. Only these two and the entry point may include the toolkit, and only the foundation may include ICU
+and system headers.
 
     includes.py ROOT      prints one line for each include that breaks this and fails when there is one
 """
@@ -12,8 +12,8 @@ import sys
 from pathlib import Path
 
 layers = ["foundation", "model", "rename", "app", "app/bridge", "app/drawing", "app/tarvolt_app", "app/main"]
-besideEachOther = {"app/bridge", "app/drawing"}
-withToolkit = besideEachOther | {"app/tarvolt_app", "app/main"}
+siblings = {"app/bridge", "app/drawing"}
+withToolkit = siblings | {"app/tarvolt_app", "app/main"}
 
 include = re.compile(
     r'^[ \t]*#[ \t]*include[ \t]*(?:<(?P<angle>[^>]*)>|"(?P<quoted>[^"]*)"|(?P<other>.*))', re.MULTILINE
@@ -41,7 +41,7 @@ def faultOf(root, path, match):
         if layerOf(target) is None:
             return "points out of the layers"
         aim = layers[layerOf(target)]
-        if layerOf(target) > layerOf(path) or (aim != layer and {aim, layer} == besideEachOther):
+        if layerOf(target) > layerOf(path) or (aim != layer and {aim, layer} == siblings):
             return f"points from {layer} to {aim}"
         return None
     header = match["angle"]

@@ -43,7 +43,7 @@ std::string slowRefusal(std::string_view name) {
     return isBlank ? refusedEmptiness : "";
 }
 
-TEST(NameValidation, NamesTheNineRefusedCharactersInFortySixCharacters) {
+TEST(NameValidation, ListsTheNineRefusedCharactersExactly) {
     EXPECT_EQ(refusedCharacters.size(), 46U);
     EXPECT_EQ(refusal("a/b"), refusedCharacters);
 }

@@ -106,25 +106,25 @@ TEST_F(Renumbering, RollsBackTheNewFileUnderItsNewNumber) {
     EXPECT_EQ(disk.disk(), Lines({"/p/", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
 }
 
-TEST_F(Renumbering, LeavesAFolderAloneThatReplacedTheDataFolder) {
+TEST_F(Renumbering, DoesNotMoveAFolderThatReplacedTheDataFolder) {
     EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Song_[ProjectData]").fakeDate = 2; }),
               "Failed to write file: Could not rename data folder: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, oldFolder}));
 }
 
-TEST_F(Renumbering, LeavesALinkAloneThatReplacedTheDataFolder) {
+TEST_F(Renumbering, DoesNotMoveALinkThatReplacedTheDataFolder) {
     EXPECT_EQ(rename("move", [&] { disk.addLink("/p/Song_[ProjectData]", "").fakeDate = 1; }),
               "Failed to write file: Could not rename data folder: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", oldFile, "/p/Song_[ProjectData]="}));
 }
 
-TEST_F(Renumbering, LeavesAnOldFileAloneWhoseTextAloneDiffers) {
+TEST_F(Renumbering, KeepsAnOldFileWhoseTextAloneDiffers) {
     EXPECT_EQ(rename("move", [&] { disk.addFile("/p/Song.xpj", "song_[ProjectData]").fakeDate = 1; }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=song_[ProjectData]"}));
 }
 
-TEST_F(Renumbering, LeavesAnOldFileAloneThatWasReplacedAfterTheLastCheck) {
+TEST_F(Renumbering, KeepsAnOldFileThatWasReplacedAfterTheLastCheck) {
     EXPECT_EQ(rename("remove", [&] { disk.addFile("/p/Song.xpj", "song_[ProjectData]").fakeDate = 1; }),
               "Failed to delete: Could not remove old .xpj: Device or resource busy");
     EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=song_[ProjectData]"}));
@@ -146,7 +146,7 @@ TEST_F(Renumbering, RollsBackWithoutRemovingAFileWhoseTextAloneDiffers) {
               Lines({"/p/", "/p/Beat.xpj=beat_[ProjectData]", "/p/Beat_[ProjectData]/", oldFile, oldFolder}));
 }
 
-TEST_F(Renumbering, LeavesAnOldFileAloneThatCannotBeReadAgain) {
+TEST_F(Renumbering, KeepsAnOldFileThatCannotBeReadAgain) {
     const auto meddle = [&] {
         renumber();
         disk.fail("read", EIO);
@@ -155,7 +155,7 @@ TEST_F(Renumbering, LeavesAnOldFileAloneThatCannotBeReadAgain) {
     EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], oldFile}));
 }
 
-TEST_F(Renumbering, LeavesAnOldFileAloneThatGrowsWhileItIsCompared) {
+TEST_F(Renumbering, KeepsAnOldFileThatGrowsWhileItIsCompared) {
     disk.onCall = [&, reads = 0](const std::string& line) mutable {
         if (line.starts_with("create")) {
             disk.renumber("/p/Song.xpj");
@@ -167,7 +167,7 @@ TEST_F(Renumbering, LeavesAnOldFileAloneThatGrowsWhileItIsCompared) {
     EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], "/p/Song.xpj=Song_[ProjectData] and more"}));
 }
 
-TEST_F(Renumbering, KnowsTheDataFolderAtItsNewPathAlthoughTheMoveFailed) {
+TEST_F(Renumbering, RecognisesTheDataFolderAtItsNewPathAlthoughTheMoveFailed) {
     const auto meddle = [&] {
         disk.relocate("/p/Song_[ProjectData]", "/p/Beat_[ProjectData]");
         renumber();
@@ -176,7 +176,7 @@ TEST_F(Renumbering, KnowsTheDataFolderAtItsNewPathAlthoughTheMoveFailed) {
     EXPECT_EQ(disk.disk(), Lines({"/p/", renamed[1], renamed[2], oldFile}));
 }
 
-TEST_F(Renumbering, KnowsAForeignFolderAtTheNewPathAfterAFailedMove) {
+TEST_F(Renumbering, RecognisesAForeignFolderAtTheNewPathAfterAFailedMove) {
     disk.fail("move", EIO);
     EXPECT_EQ(rename("move", [&] { disk.addFolder("/p/Beat_[ProjectData]").fakeDate = 2; }),
               "Failed to write file: Could not rename data folder: Input/output error");

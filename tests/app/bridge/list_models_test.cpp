@@ -75,7 +75,7 @@ TEST_F(ProjectListModelTest, LeavesTheRowsAloneForTheSameRecords) {
     EXPECT_EQ(resets.size(), 1) << "the same names with other identities are other records";
 }
 
-TEST_F(ProjectListModelTest, HighlightsByIdentityAndTellsOfEachChangeOnce) {
+TEST_F(ProjectListModelTest, HighlightsByIdentityAndReportsEachChangeOnce) {
     const std::vector<MPCProject> records{project("a"), project("b"), project("c")};
     setProjects(records);
     setRenamed(records[1].id());
