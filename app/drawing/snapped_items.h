@@ -10,10 +10,10 @@
 
 namespace tarvolt {
 
-/// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, even at a scale of 1.5.
-/// Items that end at the same place, one above the other or side by side, end at the same pixel; only small items keep
-/// their size wherever they are. The items below name this class in full as their base, because the type registrar of
-/// Qt 6.4 looks it up by exactly this text.
+/// An item that is one picture, which lies on whole device pixels wherever its ancestors put it, even at a scale
+/// of 1.5. Items that end at the same place, one above the other or side by side, end at the same pixel; only small
+/// items keep their size wherever they are. The items below name this class in full as their base, because the type
+/// registrar of Qt 6.4 looks it up by exactly this text.
 class SnappedItem : public QQuickItem {
     Q_OBJECT
     QML_ANONYMOUS
