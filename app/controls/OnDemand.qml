@@ -1,7 +1,7 @@
 import QtQuick
 
-// Creates its content when it is first needed and keeps it, so that the window opens sooner. Not a Loader, which refuses
-// bound components in Qt 6.4.
+// Creates its content when it is first needed and keeps it, so that the window opens sooner. Not a Loader, which
+// refuses bound components in Qt 6.4.
 FocusScope {
     id: root
 
