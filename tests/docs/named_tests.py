@@ -2,8 +2,8 @@
 
     named_tests.py ROOT      fails and prints what it names in vain
 
-In the last column of the first one's tables, … stands for any number of letters, and a name that begins with it belongs to the
-suite that is named before it.
+In the last column of the tables in docs/window.md, … stands for any number of letters, and a name that begins with it
+belongs to the suite that is named before it.
 """
 
 import re
