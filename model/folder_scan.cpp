@@ -17,9 +17,6 @@ namespace {
 
 constexpr std::string_view dataFolderMark = dataFolderSuffix.substr(1); // without the underscore
 
-/// With fewer data folders than this, one thread finishes before a second has started.
-constexpr std::size_t foldersWorthThreads = 16;
-
 char lowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -132,8 +129,7 @@ std::vector<MPCProject> measureProjects(const FileManager& fileManager, const st
     const std::string prefix = folder / "";
     std::vector<std::size_t> order;
     std::vector<std::optional<MPCProject>> measured(files.size());
-    const bool inParallel = std::min(files.size(), listing.dataFolderNames.size()) >= foldersWorthThreads;
-    forEachIndex(1 + files.size(), inParallel, [&](std::size_t i) {
+    forEachIndex(1 + files.size(), files.size() > 1, [&](std::size_t i) {
         if (i == 0) { // one thread sorts while the others measure
             order = orderByName(files, locale);
         } else {

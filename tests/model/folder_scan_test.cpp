@@ -2,12 +2,14 @@
 
 #include "model/mpc_scanner.h"
 #include "tests/support/call_faults.h"
+#include "tests/support/recording_file_manager.h"
 #include "tests/support/scene.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/syscall.h>
 
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
@@ -15,6 +17,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <semaphore>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -409,6 +412,26 @@ TEST_F(FolderScanOfMany, MeasuresAllOnOneThreadWhenThereAreNoMore) {
                                                        [&] { expectAll(scan()); })) {
         GTEST_SKIP() << *reason;
     }
+}
+
+TEST_F(FolderScan, ListsTwoDataFoldersAtTheSameTime) {
+    for (const std::string name : {"/p/a", "/p/b"}) {
+        disk.addFile(name + ".xpj");
+        disk.addFolder(name + "_[ProjectData]");
+    }
+    testing::RecordingFileManager slowDisk(scene.disk);
+    std::atomic<int> begun = 0;
+    std::counting_semaphore bothBegun(0);
+    slowDisk.onCall = [&](const std::string& line) {
+        if (line.ends_with("_[ProjectData]") && line.starts_with("list")) {
+            if (++begun == 2) {
+                bothBegun.release(2);
+            }
+            EXPECT_TRUE(bothBegun.try_acquire_for(std::chrono::seconds(10)));
+        }
+    };
+    measureProjects(slowDisk, "/p", listFolder(slowDisk, "/p"), "");
+    EXPECT_EQ(begun, 2);
 }
 
 TEST_F(FolderScan, NamesTheRootFolderByItsPathInAnError) {

@@ -4,13 +4,15 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace tarvolt::testing {
 
-/// Forwards every call to another file manager and records it, in the format of FakeFileManager.
+/// Forwards every call to another file manager and records it, in the format of FakeFileManager. Calls may come from
+/// any thread.
 class RecordingFileManager final : public FileManager {
 public:
     explicit RecordingFileManager(std::shared_ptr<FileManager> disk) : disk_(std::move(disk)) {}
@@ -53,13 +55,17 @@ public:
 
 private:
     void note(const std::string& line) const {
-        traffic_.push_back(line);
+        {
+            const std::lock_guard lock(mutex_);
+            traffic_.push_back(line);
+        }
         if (onCall) {
             onCall(line);
         }
     }
 
     std::shared_ptr<FileManager> disk_;
+    mutable std::mutex mutex_;
     mutable std::vector<std::string> traffic_;
 };
 
