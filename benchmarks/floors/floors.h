@@ -8,8 +8,8 @@
 /// and as little else as possible. No records, no messages, no way back after a failure: failures end the process.
 namespace tarvolt::benchmarks {
 
-/// Lists `folder`, pairs project files with data folders and adds up sizes, on one thread. Nothing is sorted.
-void scanFloor(benchmark::State& state, const std::string& folder);
+/// Lists `folder`, pairs project files with data folders and adds up sizes, on one thread or two. Nothing is sorted.
+void scanFloor(benchmark::State& state, const std::string& folder, bool onTwoThreads);
 
 /// Reads the project file in `folder`, checks that it is UTF-8, writes it with the name replaced byte by byte, moves
 /// the data folder and removes the old file. With `flushes`, each step is on disk before the next.

@@ -5,7 +5,8 @@
 int main(int argc, char** argv) {
     using namespace tarvolt::benchmarks;
     return runOperation(argc, argv,
-                        {{"scan", scanFloor},
+                        {{"scan", [](auto& state, auto& folder) { scanFloor(state, folder, false); }},
+                         {"scan on two threads", [](auto& state, auto& folder) { scanFloor(state, folder, true); }},
                          {"rename", [](auto& state, auto& folder) { renameFloor(state, folder, false); }},
                          {"careful rename", carefulRenameFloor},
                          {"rename of two forms", renameOfTwoFormsFloor},

@@ -94,8 +94,8 @@ void rewrite(int old, int created, const Names& from, const Names& to) {
     }
 }
 
-void move(int fromFolder, int toFolder, const Names& from, const Names& to) {
-    succeed(::renameat2(fromFolder, from.data.c_str(), toFolder, to.data.c_str(), RENAME_NOREPLACE), "renameat2");
+void move(int folder, const Names& from, const Names& to) {
+    succeed(::renameat2(folder, from.data.c_str(), folder, to.data.c_str(), RENAME_NOREPLACE), "renameat2");
 }
 
 void renameOnce(int folder, const Names& from, const Names& to, bool flushes) {
@@ -105,7 +105,7 @@ void renameOnce(int folder, const Names& from, const Names& to, bool flushes) {
     rewrite(old, created, from, to);
     flush(created);
     ::close(created);
-    move(folder, folder, from, to);
+    move(folder, from, to);
     flush(folder);
     succeed(::unlinkat(folder, from.file.c_str(), 0), "unlinkat");
     flush(folder);
@@ -150,12 +150,10 @@ void renameCarefully(const std::string& folder, const Names& from, const Names& 
     flushAndClose(place);
     ::close(created);
     // The folder that was seen is moved.
-    const int source = openFolder(folder);
-    const int destination = openFolder(folder);
-    look(source, from.data);
-    move(source, destination, from, to);
-    flushAndClose(destination);
-    ::close(source);
+    const int moved = openFolder(folder);
+    look(moved, from.data);
+    move(moved, from, to);
+    flushAndClose(moved);
     // The file that was seen is removed, if both are still what they were.
     look(AT_FDCWD, start + to.file);
     const int last = openFolder(folder);

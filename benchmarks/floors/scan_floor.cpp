@@ -6,7 +6,10 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <future>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -44,7 +47,7 @@ std::int64_t sizeOfEntries(int parent, const char* name) {
 }
 
 /// The sizes of the projects in a folder.
-std::int64_t scanOnce(const std::string& folder) {
+std::int64_t scanOnce(const std::string& folder, bool onTwoThreads) {
     const int top = openAt(AT_FDCWD, folder.c_str(), O_RDONLY | O_DIRECTORY);
     std::vector<std::string> files;
     std::unordered_set<std::string> folders;
@@ -55,21 +58,31 @@ std::int64_t scanOnce(const std::string& folder) {
             files.emplace_back(item.d_name);
         }
     });
-    std::int64_t total = 0;
-    for (const auto& file : files) {
-        total += sizeOf(top, file.c_str());
-        const auto found = folders.find(file.substr(0, file.size() - 4).append(tail));
-        total += found == folders.end() ? 0 : sizeOfEntries(top, found->c_str());
+    std::atomic<std::size_t> next{0};
+    const auto measure = [&] {
+        std::int64_t total = 0;
+        for (std::size_t i = next++; i < files.size(); i = next++) {
+            const auto& file = files[i];
+            total += sizeOf(top, file.c_str());
+            const auto found = folders.find(file.substr(0, file.size() - 4).append(tail));
+            total += found == folders.end() ? 0 : sizeOfEntries(top, found->c_str());
+        }
+        return total;
+    };
+    std::future<std::int64_t> second;
+    if (onTwoThreads) {
+        second = std::async(std::launch::async, measure);
     }
+    const std::int64_t total = measure() + (onTwoThreads ? second.get() : 0);
     ::close(top);
     return total;
 }
 
 } // namespace
 
-void scanFloor(benchmark::State& state, const std::string& folder) {
+void scanFloor(benchmark::State& state, const std::string& folder, bool onTwoThreads) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(scanOnce(folder));
+        benchmark::DoNotOptimize(scanOnce(folder, onTwoThreads));
     }
 }
 

@@ -45,18 +45,17 @@ std::string folded(const std::string& text, const icu::Normalizer2& nfd) {
 
 void sortFloor(benchmark::State& state, const std::string& list) {
     const std::vector<std::string> names = linesOf(list);
+    std::vector<std::string> keys(names.size());
     for (auto _ : state) {
         UErrorCode status = U_ZERO_ERROR;
         const std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance("en_US", status));
         collator->setStrength(icu::Collator::SECONDARY);
         collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
         requireSuccess(status, "createInstance");
-        std::vector<std::string> keys;
-        keys.reserve(names.size());
         std::array<std::uint8_t, 1024> key{};
-        for (const auto& name : names) {
-            const int length = collator->getSortKey(icu::UnicodeString::fromUTF8(name), key.data(), key.size());
-            keys.emplace_back(key.begin(), key.begin() + length);
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const int length = collator->getSortKey(icu::UnicodeString::fromUTF8(names[i]), key.data(), key.size());
+            keys[i].assign(key.begin(), key.begin() + length);
         }
         std::vector<std::size_t> order(names.size());
         std::iota(order.begin(), order.end(), 0);
